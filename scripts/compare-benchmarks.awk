@@ -1,0 +1,71 @@
+# Reads the limits and the CSV results of benchmarks, and prints each benchmark's ratio to its peers as a table.
+# Fails when a benchmark reports an error.
+
+# Splits group/ours/ARGUMENT or group/peer:NAME/ARGUMENT into group, role and argument, ARGUMENT with its slash.
+function splitName(name) {
+    gsub(/\/(repeats|min_time|min_warmup_time|iterations|threads):[^\/]*|\/(real_time|process_time|manual_time)/, "", name)
+    group = role = argument = name
+    sub(/\/.*/, "", group)
+    sub(/^[^\/]*\//, "", role)
+    sub(/\/.*/, "", role)
+    argument = substr(name, length(group "/" role) + 1)
+}
+
+function nanoseconds(value, unit) {
+    return value * (unit == "ns" ? 1 : unit == "us" ? 1e3 : unit == "ms" ? 1e6 : 1e9)
+}
+
+BEGIN {
+    format = "%-36s %-32s %12s %12s %8s %7s %s\n"
+}
+
+FILENAME ~ /limits$/ {
+    sub(/#.*/, "")
+    if (NF > 1) {
+        most = $NF
+        sub(/[ \t]+[^ \t]+[ \t]*$/, "")
+        limit[$0] = most
+    }
+    next
+}
+
+# A row: "name",iterations,real time,processor time,unit,bytes,items,label,error,message
+/^"/ {
+    name = substr($0, 2, index($0, "\",") - 2)
+    split(substr($0, index($0, "\",") + 2), field, ",")
+    if (field[8] == "true") {
+        print name ": " field[9]
+        failed = 1
+    } else if (sub(/_median$/, "", name)) {
+        splitName(name)
+        key = group argument
+        if (role == "ours") {
+            ours[key] = nanoseconds(field[3], field[4])
+            groupOf[key] = group
+            keys[++keyCount] = key
+        } else if (sub(/^peer:/, "", role)) {
+            peers[key] = peers[key] role "\n"
+            time[key, role] = nanoseconds(field[3], field[4])
+        }
+    }
+}
+
+END {
+    if (keyCount)
+        printf format, "group", "peer", "ours ns", "peer ns", "ratio", "limit", ""
+    for (i = 1; i <= keyCount; ++i) {
+        key = keys[i]
+        peerKey = (key in peers) ? key : groupOf[key]
+        peerCount = split(peers[peerKey], names, "\n") - 1
+        if (peerCount < 1)
+            printf format, key, "-", sprintf("%.1f", ours[key]), "", "", "", ""
+        for (j = 1; j <= peerCount; ++j) {
+            peer = time[peerKey, names[j]]
+            ratio = peer > 0 ? ours[key] / peer : 0
+            most = (key in limit) ? limit[key] : limit[groupOf[key]]
+            printf format, key, names[j], sprintf("%.1f", ours[key]), sprintf("%.1f", peer), sprintf("%.2f", ratio), most, \
+                (most != "" && ratio > most + 0) ? "over" : ""
+        }
+    }
+    exit failed
+}

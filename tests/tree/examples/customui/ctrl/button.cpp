@@ -1,0 +1,1 @@
+#include "customui/XeCustomUI.h"

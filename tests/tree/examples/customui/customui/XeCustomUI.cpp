@@ -1,0 +1,3 @@
+#include "XeCustomUI.h"
+#include "xewindow.h"
+#include "core/links.h"

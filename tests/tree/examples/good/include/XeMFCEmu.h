@@ -1,0 +1,3 @@
+#pragma once
+#include "xebase.h"
+#include "xewindow.h"

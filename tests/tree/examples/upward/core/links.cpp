@@ -1,0 +1,2 @@
+#include "core/links.h"
+#include "win/window.h"
