@@ -1,0 +1,14 @@
+/// @file XeMFCEmu.h
+/// Every public header of the library.
+#pragma once
+
+#include "xeafx.h"
+#include "xeafxdlg.h"
+#include "xeafxdump.h"
+#include "xeafxmsg.h"
+#include "xeafxwin.h"
+#include "xedef.h"
+#include "xehook.h"
+#include "xeprocess.h"
+#include "xeresource.h"
+#include "xewinuser.h"

@@ -1,0 +1,160 @@
+/// @file xedef.h
+/// Scalar types, handles, records and numbers of the Win32 interface as this library carries them.
+///
+/// The widths are those of 32-bit-long Win32 on a 64-bit system: BOOL, LONG, ULONG and DWORD have 32 bits, the
+/// message parameters and all `*_PTR` types 64. `wchar_t` has 32 bits here, unlike Windows. A window handle is the
+/// QWidget itself.
+#pragma once
+
+#include <QtGlobal>
+
+#include <cstdint>
+
+class QBrush;
+class QWidget;
+
+#if defined(XE_BUILDING_LIBRARY)
+#    define XE_EXPORT Q_DECL_EXPORT
+#else
+#    define XE_EXPORT Q_DECL_IMPORT
+#endif
+
+// ------------------------------------------------------------------------------------------------ scalar types
+
+using BOOL = int;
+using BYTE = std::uint8_t;
+using WORD = std::uint16_t;
+using INT = int;
+using UINT = unsigned int;
+using LONG = std::int32_t;
+using ULONG = std::uint32_t;
+using DWORD = std::uint32_t;
+using COLORREF = DWORD; ///< 0x00BBGGRR
+
+using INT_PTR = long long;
+using UINT_PTR = unsigned long;
+using LONG_PTR = long long;
+using ULONG_PTR = unsigned long;
+using DWORD_PTR = unsigned long;
+
+using WPARAM = unsigned long;
+using LPARAM = long long;
+using LRESULT = long long;
+
+using LPWSTR = wchar_t*;
+using LPCWSTR = const wchar_t*;
+
+inline constexpr BOOL FALSE = 0;
+inline constexpr BOOL TRUE = 1;
+
+static_assert(sizeof(WPARAM) == 8 && sizeof(LPARAM) == 8 && sizeof(void*) == 8,
+              "a message parameter holds a pointer, so the library is for 64-bit systems");
+
+// ----------------------------------------------------------------------------------------------------- handles
+
+using HANDLE = void*;
+using HINSTANCE = void*;
+using HMENU = void*;
+using HDROP = void*;
+using HHOOK = void*; ///< the address of the hook function itself
+using HWND = QWidget*;
+using HBRUSH = QBrush*;
+
+// ----------------------------------------------------------------------------------------------------- records
+
+struct tagPOINT
+{
+    LONG x;
+    LONG y;
+};
+
+struct tagSIZE
+{
+    LONG cx;
+    LONG cy;
+};
+
+struct tagRECT
+{
+    LONG left;
+    LONG top;
+    LONG right;
+    LONG bottom;
+};
+
+struct tagCREATESTRUCTW
+{
+    void* lpCreateParams;
+    HINSTANCE hInstance;
+    HMENU hMenu;
+    HWND hwndParent;
+    int cy;
+    int cx;
+    int y;
+    int x;
+    LONG style;
+    LPCWSTR lpszName;
+    LPCWSTR lpszClass;
+    DWORD dwExStyle;
+};
+
+struct tagWINDOWPOS
+{
+    HWND hwnd;
+    HWND hwndInsertAfter;
+    int x;
+    int y;
+    int cx;
+    int cy;
+    UINT flags;
+};
+
+struct tagSTYLESTRUCT
+{
+    DWORD styleOld;
+    DWORD styleNew;
+};
+
+struct tagMEASUREITEMSTRUCT
+{
+    UINT CtlType;
+    UINT CtlID;
+    UINT itemID;
+    UINT itemWidth;
+    UINT itemHeight;
+    ULONG_PTR itemData;
+};
+
+using POINT = tagPOINT;
+using SIZE = tagSIZE;
+using RECT = tagRECT;
+using LPPOINT = tagPOINT*;
+using LPRECT = tagRECT*;
+using LPCRECT = const tagRECT*;
+using CREATESTRUCT = tagCREATESTRUCTW;
+using LPCREATESTRUCT = tagCREATESTRUCTW*;
+using WINDOWPOS = tagWINDOWPOS;
+using STYLESTRUCT = tagSTYLESTRUCT;
+using LPSTYLESTRUCT = tagSTYLESTRUCT*;
+using MEASUREITEMSTRUCT = tagMEASUREITEMSTRUCT;
+using LPMEASUREITEMSTRUCT = tagMEASUREITEMSTRUCT*;
+
+// ---------------------------------------------------------------------------------------- words and parameters
+
+/// The low 16 bits of a value.
+constexpr WORD LOWORD(DWORD_PTR value) { return static_cast<WORD>(value & 0xFFFF); }
+
+/// Bits 16 to 31 of a value.
+constexpr WORD HIWORD(DWORD_PTR value) { return static_cast<WORD>((value >> 16) & 0xFFFF); }
+
+/// Two 16-bit words as one 32-bit value.
+constexpr LONG MAKELONG(DWORD_PTR low, DWORD_PTR high)
+{
+    return static_cast<LONG>(static_cast<DWORD>(LOWORD(low)) | (static_cast<DWORD>(LOWORD(high)) << 16));
+}
+
+/// Two 16-bit words as a message parameter. The result is never negative: bit 31 is not extended into the upper half.
+constexpr LPARAM MAKELPARAM(DWORD_PTR low, DWORD_PTR high) { return static_cast<DWORD>(MAKELONG(low, high)); }
+
+/// Two 16-bit words as a wParam. Bit 31 is not extended into the upper half.
+constexpr WPARAM MAKEWPARAM(DWORD_PTR low, DWORD_PTR high) { return static_cast<DWORD>(MAKELONG(low, high)); }

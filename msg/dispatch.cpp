@@ -1,0 +1,147 @@
+#include "core/overrides.h"
+#include "msg/dispatchframe.h"
+#include "msg/eventtranslation.h"
+#include "msg/signatures.h"
+#include "xeafxdlg.h"
+#include "xehook.h"
+
+#include <QPointer>
+#include <QVarLengthArray>
+
+namespace {
+
+// Only an override of PreTranslateMessage() sees the whole record of a message.
+bool looksAtMessages(const CWnd_X& window)
+{
+    static const void* const base = [] {
+        const CWnd_X plain;
+        return virtualTarget(&plain, &CWnd_X::PreTranslateMessage);
+    }();
+    return !base || virtualTarget(&window, &CWnd_X::PreTranslateMessage) != base;
+}
+
+} // namespace
+
+void CWnd_X::AddMsgMapEntry(UINT message, unsigned long signature, AFX_PMSG_X handler, AFX_PMSG_X secondHandler)
+{
+    m_messageMap[message] = {signature, handler, secondHandler};
+}
+
+void CWnd_X::OnMessageMap()
+{
+    using ThisClass = CWnd_X;
+    CCmdTarget_X::OnMessageMap();
+    ON_WM_NCDESTROY_X()
+    ON_WM_DESTROY_X()
+    ON_WM_SIZE_X()
+    ConnectIdleSlot(this);
+}
+
+void CWnd_X::SetCurrentEventAccepted(bool accepted)
+{
+    if (m_dispatch && m_dispatch->event())
+        m_dispatch->event()->setAccepted(accepted);
+}
+
+int CWnd_X::PreTranslateMessage(tagMSG*)
+{
+    return 0;
+}
+
+bool CWnd_X::eventFilter(QObject* target, QEvent* event)
+{
+    if (!event)
+        return false;
+    return target && hasMessage(event->type()) ? filterMessage(target, event) : filterWithoutMessage(target, event);
+}
+
+bool CWnd_X::filterWithoutMessage(QObject* target, QEvent* event)
+{
+    if (event->type() == XeMsgBoxEvent::EventType) {
+        const XeDispatchFrame frame(*this, event);
+        const auto* box = static_cast<const XeMsgBoxEvent*>(event);
+        MessageBox_X(qobject_cast<QWidget*>(target), box->text.c_str(), box->caption.c_str(), 0);
+        event->setAccepted(true);
+        return true;
+    }
+    if (!m_pendingEvents.isEmpty())
+        forgetPending(event);
+    return QObject::eventFilter(target, event);
+}
+
+bool CWnd_X::filterMessage(QObject* target, QEvent* event)
+{
+    const XeDispatchFrame frame(*this, event);
+    const QPointer<QObject> living(target);
+
+    PointerPosition pointer;
+    tagMSG message = translateEvent(target, event, pointer);
+    if (looksAtMessages(*this))
+        stampMessage(message, pointer);
+
+    const bool acceptedBefore = event->isAccepted();
+    event->setAccepted(true);
+    if (PreTranslateMessage(&message))
+        return true;
+
+    LRESULT result = 0;
+    bool handled = false;
+    if (frame.isAlive() && living) {
+        TranslateMessage(target, event, &message);
+        handled = OnWndMsg(message.message, message.wParam, message.lParam, &result);
+    }
+    if (!living)
+        return true; // Qt must not go on with a widget that is gone.
+    if (!handled) {
+        event->setAccepted(acceptedBefore);
+        return false;
+    }
+    if (!event->isAccepted())
+        return event->type() == QEvent::Close; // stopped with the flag clear: the close is refused
+    if (event->type() == XeWinMsgEvent::EventType)
+        static_cast<XeWinMsgEvent*>(event)->result = result;
+    return true;
+}
+
+int CWnd_X::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
+{
+    const XeDispatchFrame frame(*this);
+    LRESULT value = 0;
+    const bool claimed = (message == WM_SETCURSOR && offerCursorToAncestors(frame, wParam, lParam, value))
+                         || (frame.isAlive() && callEntry(frame, message, wParam, lParam, value));
+    if (claimed && result)
+        *result = value;
+    return claimed;
+}
+
+bool CWnd_X::callEntry(const XeDispatchFrame& frame, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
+{
+    const auto found = m_messageMap.find(message);
+    if (found == m_messageMap.end())
+        return false;
+    const AFX_MSGMAP_ENTRY_X entry = found->second; // the handler may replace it
+    return callHandlers(*this, frame, entry, wParam, lParam, result);
+}
+
+bool CWnd_X::offerCursorToAncestors(const XeDispatchFrame& frame, WPARAM wParam, LPARAM lParam, LRESULT& result)
+{
+    QWidget* const widget = GetSafeHwnd();
+    if (!widget || wParam != reinterpret_cast<WPARAM>(widget))
+        return false;
+    QVarLengthArray<QPointer<QWidget>, 8> ancestors;
+    for (QWidget* w = widget; !w->isWindow();) {
+        w = w->parentWidget();
+        ancestors.append(w);
+    }
+    for (auto it = ancestors.crbegin(); it != ancestors.crend() && frame.isAlive(); ++it) {
+        CWnd_X* const window = FromHandlePermanent(*it);
+        LRESULT answer = 0;
+        if (window && window->OnWndMsg(WM_SETCURSOR, wParam, lParam, &answer) && answer) {
+            result = answer;
+            return true;
+        }
+        if (frame.isAlive() && !GetImpQObject())
+            return true; // the widget is gone: nobody else may be asked about it
+    }
+    return false;
+}

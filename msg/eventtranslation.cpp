@@ -1,0 +1,224 @@
+#include "msg/eventtranslation.h"
+
+#include <QContextMenuEvent>
+#include <QDateTime>
+#include <QHoverEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QResizeEvent>
+#include <QStyle>
+#include <QTimerEvent>
+#include <QWheelEvent>
+#include <QWidget>
+
+namespace {
+
+struct Parameters
+{
+    UINT message;
+    WPARAM wParam = 0;
+    LPARAM lParam = 0;
+};
+
+// Two 16-bit halves; the sign of a half is not extended beyond bit 31.
+LPARAM packed(int x, int y)
+{
+    return static_cast<quint32>(y) << 16 | (static_cast<quint32>(x) & 0xFFFF);
+}
+
+LPARAM packed(QPointF position)
+{
+    return packed(qRound(position.x()), qRound(position.y()));
+}
+
+LPARAM address(const QObject* object)
+{
+    return static_cast<LPARAM>(reinterpret_cast<quintptr>(object));
+}
+
+// The modifiers stand where Windows has the scan code.
+LPARAM keyFlags(Qt::KeyboardModifiers modifiers)
+{
+    return static_cast<LPARAM>(qt_kb_flag_2_flag(modifiers)) << 16;
+}
+
+UINT byButton(Qt::MouseButton button, UINT left, UINT right, UINT middle)
+{
+    switch (button) {
+    case Qt::LeftButton:
+        return left;
+    case Qt::RightButton:
+        return right;
+    case Qt::MiddleButton:
+        return middle;
+    default:
+        return XE_WM_NONE;
+    }
+}
+
+UINT mouseMessage(const QMouseEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+        return byButton(event.button(), WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_MBUTTONDOWN);
+    case QEvent::MouseButtonRelease:
+        return byButton(event.button(), WM_LBUTTONUP, WM_RBUTTONUP, WM_MBUTTONUP);
+    case QEvent::MouseButtonDblClick:
+        return byButton(event.button(), WM_LBUTTONDBLCLK, WM_RBUTTONDBLCLK, WM_MBUTTONDBLCLK);
+    default:
+        return WM_MOUSEMOVE;
+    }
+}
+
+Parameters translateMouse(const QMouseEvent& event)
+{
+    const int flags = qt_kb_flag_2_flag(event.modifiers()) | qt_mouse_flag_2_flag(event.buttons());
+    return {mouseMessage(event), static_cast<WPARAM>(flags), packed(event.localPos())};
+}
+
+Parameters translateKey(const QKeyEvent& event)
+{
+    const bool release = event.type() == QEvent::KeyRelease;
+    const bool alt = event.modifiers() & Qt::AltModifier;
+    return {alt ? (release ? WM_SYSKEYUP : WM_SYSKEYDOWN) : (release ? WM_KEYUP : WM_KEYDOWN),
+            static_cast<WPARAM>(static_cast<long>(qt_key_to_ansi_vk(event.key()))), // all ones for a key without a VK
+            keyFlags(event.modifiers()) | (release ? 0x80000001 : 1)};
+}
+
+Parameters translateWheel(const QWheelEvent& event)
+{
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED // angleDelta() is not what an event of the older constructors has as its delta
+    return {WM_MOUSEWHEEL, static_cast<quint32>(event.delta()) << 16, packed(event.position())};
+    QT_WARNING_POP
+}
+
+Parameters translateHover(const QHoverEvent& event)
+{
+    return {event.type() == QEvent::HoverEnter ? WM_MOUSEHOVER : WM_MOUSELEAVE,
+            static_cast<WPARAM>(qt_kb_flag_2_flag(event.modifiers())), packed(event.posF())};
+}
+
+Parameters translateFrameRelease(const QObject* target, const QMouseEvent& event, PointerPosition& pointer)
+{
+    if (event.button() != Qt::LeftButton || !target->isWidgetType())
+        return {XE_WM_NONE};
+    const QPoint cursor = pointer.get();
+    return {WM_NCLBUTTONUP, static_cast<WPARAM>(frameHitCode(*static_cast<const QWidget*>(target), cursor)),
+            packed(cursor.x(), cursor.y())};
+}
+
+// A flat table: one line or call an event type.
+Parameters parametersOf(const QObject* target, const QEvent* event, PointerPosition& pointer)
+{
+    switch (static_cast<int>(event->type())) {
+    case QEvent::Timer:
+        return {WM_TIMER, static_cast<WPARAM>(static_cast<const QTimerEvent*>(event)->timerId())};
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+        return translateMouse(*static_cast<const QMouseEvent*>(event));
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        return translateKey(*static_cast<const QKeyEvent*>(event));
+    case QEvent::Leave:
+        return {WM_MOUSELEAVE};
+    case QEvent::Paint:
+        return {WM_PAINT};
+    case QEvent::Resize: {
+        const QSize size = static_cast<const QResizeEvent*>(event)->size();
+        return {WM_SIZE, 0, packed(size.width(), size.height())};
+    }
+    case QEvent::Close:
+        return {WM_CLOSE};
+    case QEvent::WindowActivate:
+        return {WM_ACTIVATE, WA_ACTIVE, address(target)};
+    case QEvent::WindowDeactivate:
+        return {WM_ACTIVATE, WA_INACTIVE, address(target)};
+    case QEvent::ShowToParent:
+        return {WM_SHOWWINDOW};
+    case QEvent::Wheel:
+        return translateWheel(*static_cast<const QWheelEvent*>(event));
+    case QEvent::ContextMenu: {
+        const auto* menu = static_cast<const QContextMenuEvent*>(event);
+        return {WM_CONTEXTMENU, static_cast<WPARAM>(address(target)), packed(menu->x(), menu->y())};
+    }
+    case QEvent::HoverEnter:
+    case QEvent::HoverLeave:
+        return translateHover(*static_cast<const QHoverEvent*>(event));
+    case QEvent::NonClientAreaMouseButtonRelease:
+        return translateFrameRelease(target, *static_cast<const QMouseEvent*>(event), pointer);
+    case XeWinMsgEvent::EventType: {
+        const auto* message = static_cast<const XeWinMsgEvent*>(event);
+        return {message->message, message->wParam, message->lParam};
+    }
+    default:
+        return {XE_WM_NONE};
+    }
+}
+
+} // namespace
+
+int frameHitCode(const QWidget& widget, QPoint cursor)
+{
+    const QPoint origin = widget.pos();
+    const QMargins margins = widget.contentsMargins();
+    const int titleBottom = widget.style()->pixelMetric(QStyle::PM_TitleBarHeight) + origin.y();
+    const int bottom = widget.height() + origin.y() - margins.bottom();
+
+    int code = HTCAPTION;
+    if (margins.left() + origin.x() >= cursor.x() && cursor.y() > titleBottom && bottom > cursor.y())
+        code = HTLEFT;
+    if (bottom < cursor.y())
+        code = HTBOTTOM;
+    const bool rightOfContents = cursor.x() > widget.width() + origin.x() - margins.right();
+    if (rightOfContents && cursor.y() < bottom && cursor.y() > titleBottom)
+        code = HTRIGHT;
+    return code;
+}
+
+tagMSG translateEvent(QObject* target, const QEvent* event, PointerPosition& pointer)
+{
+    const Parameters parameters = parametersOf(target, event, pointer);
+    return {target, parameters.message, parameters.wParam, parameters.lParam, 0, {0, 0}};
+}
+
+void stampMessage(tagMSG& message, PointerPosition& pointer)
+{
+    const QPoint position = pointer.get();
+    message.time = static_cast<DWORD>(QDateTime::currentSecsSinceEpoch());
+    message.pt = {position.x(), position.y()};
+}
+
+int qt_kb_flag_2_flag(unsigned modifiers)
+{
+    return (modifiers & Qt::ShiftModifier ? MK_SHIFT : 0) | (modifiers & Qt::ControlModifier ? MK_CONTROL : 0)
+           | (modifiers & Qt::AltModifier ? MK_ALT : 0);
+}
+
+int mfc_flag_2_qt_kb_flag(unsigned)
+{
+    return 0;
+}
+
+int qt_mouse_flag_2_flag(unsigned buttons)
+{
+    return (buttons & Qt::LeftButton ? MK_LBUTTON : 0) | (buttons & Qt::RightButton ? MK_RBUTTON : 0)
+           | (buttons & Qt::MiddleButton ? MK_MBUTTON : 0);
+}
+
+int mfc_flag_2_qt_mouse_flag(unsigned)
+{
+    return 0;
+}
+
+int xeQEventToMsg(QObject* target, QEvent* event, tagMSG* out)
+{
+    if (!target || !event || !out || !hasMessage(event->type()))
+        return 0;
+    PointerPosition pointer;
+    *out = translateEvent(target, event, pointer);
+    stampMessage(*out, pointer);
+    return 1;
+}

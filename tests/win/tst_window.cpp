@@ -1,0 +1,240 @@
+// The window object: creation, adoption, destruction, and the ways between handle and wrapper.
+
+#include "leavenothing.h"
+
+#include <XeMFCEmu.h>
+
+#include <QtTest>
+
+namespace {
+
+// Writes down, in one list for all windows, what it is told of its end.
+class MortalWindow : public CWnd_X
+{
+public:
+    explicit MortalWindow(QString windowName, QStringList& record) : name(std::move(windowName)), m_record(record) {}
+
+    void OnMessageMap() override
+    {
+        using ThisClass = MortalWindow;
+        CWnd_X::OnMessageMap();
+        ON_WM_DESTROY_X()
+        ON_WM_NCDESTROY_X()
+    }
+    void OnDestroy()
+    {
+        m_record.append(name + QStringLiteral(" WM_DESTROY"));
+        CWnd_X::OnDestroy();
+    }
+    void OnNcDestroy()
+    {
+        m_record.append(name + QStringLiteral(" WM_NCDESTROY"));
+        CWnd_X::OnNcDestroy();
+    }
+    void PostNcDestroy() override { m_record.append(name + QStringLiteral(" PostNcDestroy")); }
+
+    const QString name;
+
+private:
+    QStringList& m_record;
+};
+
+class SelfDeletingWindow : public CWnd_X
+{
+public:
+    void PostNcDestroy() override { delete this; }
+};
+
+class RefusingWindow : public CWnd_X
+{
+public:
+    int OnCreate(tagCREATESTRUCTW*) override { return m_answer; }
+    explicit RefusingWindow(int answer) : m_answer(answer) {}
+
+private:
+    int m_answer;
+};
+
+// A call through a null pointer is what host code does; the sanitizer is not asked about it.
+__attribute__((no_sanitize("undefined"))) QWidget* handleOf(const CWnd_X* window)
+{
+    return window->GetSafeHwnd();
+}
+
+} // namespace
+
+class TestWindow : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(LeaveNothing::leftovers(), QString()); }
+
+    void handleOfANullWindowIsNull()
+    {
+        const CWnd_X* volatile nothing = nullptr;
+        QCOMPARE(handleOf(nothing), nullptr);
+    }
+
+    void handleOfAWindowWithoutWidgetIsNull()
+    {
+        const CWnd_X window;
+        QCOMPARE(window.GetSafeHwnd(), nullptr);
+    }
+
+    void createdWindowHasHoverAndMouseTracking()
+    {
+        QWidget parent;
+        CWnd_X window;
+        QCOMPARE(window.Create(&parent), 1);
+        QCOMPARE(window.GetSafeHwnd()->parentWidget(), &parent);
+        QVERIFY(window.GetSafeHwnd()->testAttribute(Qt::WA_Hover));
+        QVERIFY(window.GetSafeHwnd()->hasMouseTracking());
+        QVERIFY(!window.IsExternalImpObj());
+    }
+
+    void nullParentStandsForTheMainFrame()
+    {
+        QWidget frame;
+        frame.setObjectName(QStringLiteral("CTavoMainFrame"));
+        CWnd_X window;
+        QCOMPARE(window.Create(nullptr), 1);
+        QCOMPARE(window.GetSafeHwnd()->parentWidget(), &frame);
+    }
+
+    void nullParentWithoutMainFrameGivesATopLevelWindow()
+    {
+        CWnd_X window;
+        QCOMPARE(window.Create(nullptr), 1);
+        const QPointer<QWidget> widget = window.GetSafeHwnd();
+        QCOMPARE(widget->parentWidget(), nullptr);
+        window.DestroyWindow();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!widget);
+    }
+
+    void refusedCreationDeletesTheWidget_data()
+    {
+        QTest::addColumn<int>("answer");
+        QTest::newRow("-1") << -1;
+        QTest::newRow("a positive answer refuses too") << 1;
+    }
+
+    void refusedCreationDeletesTheWidget()
+    {
+        QFETCH(int, answer);
+        QWidget parent;
+        RefusingWindow window(answer);
+        QCOMPARE(window.Create(&parent), 0);
+        QCOMPARE(window.GetSafeHwnd(), nullptr);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(parent.children().isEmpty());
+    }
+
+    void adoptedWidgetStaysItsOwners()
+    {
+        QWidget parent;
+        auto* widget = new QWidget(&parent);
+        {
+            CWnd_X window;
+            QCOMPARE(window.SubclassWindow(widget), 1);
+            QVERIFY(window.IsExternalImpObj());
+            QCOMPARE(CWnd_X::FromHandlePermanent(widget), &window);
+        }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(parent.children(), QObjectList{widget});
+        QCOMPARE(CWnd_X::FromHandlePermanent(widget), nullptr);
+    }
+
+    void nothingToAdoptGivesZero()
+    {
+        CWnd_X window;
+        QCOMPARE(window.SubclassWindow(nullptr), 0);
+    }
+
+    void fromHandleOfNullIsNull()
+    {
+        QCOMPARE(CWnd_X::FromHandle(nullptr), nullptr);
+        QCOMPARE(CWnd_X::FromHandlePermanent(nullptr), nullptr);
+    }
+
+    void fromHandleFindsThePermanentWrapper()
+    {
+        QWidget widget;
+        CWnd_X window;
+        window.SubclassWindow(&widget);
+        QCOMPARE(CWnd_X::FromHandle(&widget), &window);
+        QVERIFY(!window.IsTemporary());
+    }
+
+    void fromHandleMakesOneTemporaryWrapper()
+    {
+        QPushButton button;
+        CWnd_X* window = CWnd_X::FromHandle(&button);
+        QVERIFY(window->IsTemporary());
+        QVERIFY(window->IsExternalImpObj());
+        QCOMPARE(QByteArray(window->GetClassName()), QByteArray("CWnd_X"));
+        QCOMPARE(CWnd_X::FromHandle(&button), window);
+        ClearTempObjectPool();
+        QCOMPARE(CWnd_X::FromHandlePermanent(&button), nullptr);
+    }
+
+    void destructionRunsFromTheWindowToItsChildrenAndBack()
+    {
+        QStringList record;
+        QWidget widget;
+        auto* plain = new QWidget(&widget);
+        auto* first = new QWidget(plain);
+        auto* second = new QWidget(&widget);
+        MortalWindow window(QStringLiteral("window"), record);
+        MortalWindow firstChild(QStringLiteral("first"), record);
+        MortalWindow secondChild(QStringLiteral("second"), record);
+        window.SubclassWindow(&widget);
+        firstChild.SubclassWindow(first);
+        secondChild.SubclassWindow(second);
+        widget.show();
+
+        QCOMPARE(window.DestroyWindow(), 1);
+
+        QCOMPARE(record.join(QStringLiteral(", ")),
+                 QStringLiteral("window WM_DESTROY, "
+                                "first WM_DESTROY, first WM_NCDESTROY, first PostNcDestroy, "
+                                "second WM_DESTROY, second WM_NCDESTROY, second PostNcDestroy, "
+                                "window WM_NCDESTROY, window PostNcDestroy"));
+        QVERIFY(widget.isHidden() && plain->isHidden());
+        QCOMPARE(window.GetSafeHwnd(), nullptr);
+        QCOMPARE(window.DestroyWindow(), 0);
+    }
+
+    void wrapperMayDeleteItselfAtTheEnd()
+    {
+        QWidget widget;
+        const QPointer<SelfDeletingWindow> window = new SelfDeletingWindow;
+        window->SubclassWindow(&widget);
+        QCOMPARE(DestroyWindow_X(&widget), 1);
+        QVERIFY(!window);
+    }
+
+    void destroyingNothingGivesZero()
+    {
+        QCOMPARE(DestroyWindow_X(nullptr), 0);
+        CWnd_X window;
+        QCOMPARE(window.DestroyWindow(), 0);
+    }
+
+    void wrapperDeletedWithoutDestroyWindowGetsNoMessages()
+    {
+        QStringList record;
+        QWidget parent;
+        {
+            MortalWindow window(QStringLiteral("window"), record);
+            QCOMPARE(window.Create(&parent), 1);
+        }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(record, QStringList());
+        QVERIFY(parent.children().isEmpty());
+    }
+};
+
+QTEST_MAIN(TestWindow)
+#include "tst_window.moc"
