@@ -19,7 +19,7 @@ const void* virtualTarget(const Class* object, Method Class::*method)
     static_assert(sizeof member == sizeof method);
     std::memcpy(&member, &method, sizeof member);
     const char* table = nullptr;
-    std::memcpy(&table, object, sizeof table);
+    std::memcpy(&table, static_cast<const void*>(object), sizeof table);
     const void* code = nullptr;
     std::memcpy(&code, table + member.slotPlusOne - 1, sizeof code);
     return code;

@@ -47,6 +47,9 @@ public:
     const char* GetClassName() const { return m_meta->className(); }
     const char* GetImpClassName() const { return m_impMeta->className(); }
 
+    /// Size of a wrapper object in bytes.
+    int GetObjectSize() const { return m_objectSize; }
+
     /// A new object of the class, owned by the caller; null for a class without a create function.
     CObject_X* CreateObject() const;
 
