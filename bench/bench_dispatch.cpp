@@ -126,15 +126,9 @@ void readProperty(benchmark::State& state)
         benchmark::DoNotOptimize(target.widget.property("owner"));
 }
 
-void tie(CWnd_X& window, QWidget& widget)
-{
-    window.SubclassWindow(&widget);
-}
+void tie(CWnd_X& window, QWidget& widget) { window.SubclassWindow(&widget); }
 
-void tie(PassingFilter& filter, QWidget& widget)
-{
-    widget.installEventFilter(&filter);
-}
+void tie(PassingFilter& filter, QWidget& widget) { widget.installEventFilter(&filter); }
 
 // A whole population at once: attaching one more must not cost more the more there are.
 template <class Watcher>
@@ -162,4 +156,8 @@ BENCHMARK(sendMouseMoveToFilter)->Name("mouse_move/peer:event filter");
 BENCHMARK(findWrapper)->Name("from_handle_permanent/ours");
 BENCHMARK(readProperty)->Name("from_handle_permanent/peer:property");
 BENCHMARK(attachPopulation<CWnd_X>)->Name("attach/ours")->Arg(1000)->Arg(100000)->Unit(benchmark::kMillisecond);
-BENCHMARK(attachPopulation<PassingFilter>)->Name("attach/peer:event filter")->Arg(1000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(attachPopulation<PassingFilter>)
+    ->Name("attach/peer:event filter")
+    ->Arg(1000)
+    ->Arg(100000)
+    ->Unit(benchmark::kMillisecond);

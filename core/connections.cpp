@@ -15,7 +15,8 @@ QVector<IncomingConnection> incomingConnections(const QObject* receiver)
         if (c->isSlotObject || !c->receiver.loadRelaxed())
             continue;
         result.append({c->sender, QMetaObjectPrivate::signal(c->sender->metaObject(), c->signal_index),
-                       receiver->metaObject()->method(c->method()), static_cast<Qt::ConnectionType>(c->connectionType)});
+                       receiver->metaObject()->method(c->method()),
+                       static_cast<Qt::ConnectionType>(c->connectionType)});
     }
     return result;
 }

@@ -25,25 +25,13 @@ CRuntimeClass_X CObject_X::s_classInfo(&CObject_X::staticMetaObject, CObject_X::
 
 CObject_X::CObject_X() : QObject(nullptr) {}
 
-CObject_X::~CObject_X()
-{
-    Detach();
-}
+CObject_X::~CObject_X() { Detach(); }
 
-CObject_X* CObject_X::CreateObject()
-{
-    return new CObject_X;
-}
+CObject_X* CObject_X::CreateObject() { return new CObject_X; }
 
-CRuntimeClass_X* CObject_X::GetRuntimeClass() const
-{
-    return &s_classInfo;
-}
+CRuntimeClass_X* CObject_X::GetRuntimeClass() const { return &s_classInfo; }
 
-QObject* CObject_X::SetImpQObject(QObject* imp)
-{
-    return std::exchange(m_imp, imp);
-}
+QObject* CObject_X::SetImpQObject(QObject* imp) { return std::exchange(m_imp, imp); }
 
 void CObject_X::SetTemporary()
 {
@@ -89,15 +77,9 @@ void CObject_X::Detach()
     OnDetach();
 }
 
-bool CObject_X::AttachDefault(QObject* parent)
-{
-    return Attach(new QObject(parent), parent, false);
-}
+bool CObject_X::AttachDefault(QObject* parent) { return Attach(new QObject(parent), parent, false); }
 
-bool CObject_X::OnAttach()
-{
-    return true;
-}
+bool CObject_X::OnAttach() { return true; }
 
 void CObject_X::OnDetach() {}
 
@@ -129,10 +111,7 @@ bool CObject_X::IsKindOf(const CRuntimeClass_X* runtimeClass) const
     return runtimeClass && metaObject()->inherits(runtimeClass->GetMetaObject());
 }
 
-bool CObject_X::IsKindOf(const char* className) const
-{
-    return const_cast<CObject_X*>(this)->qt_metacast(className);
-}
+bool CObject_X::IsKindOf(const char* className) const { return const_cast<CObject_X*>(this)->qt_metacast(className); }
 
 bool CObject_X::FindSlotMethod(const QString& name, QMetaMethod& method) const
 {

@@ -20,7 +20,10 @@ CreateMethodMap& g_mapCreateMethod = createMethods();
 
 CRuntimeClass_X::CRuntimeClass_X(const QMetaObject* meta, const QMetaObject* impMeta, const QMetaObject* baseImpMeta,
                                  CreateFunction createFunction, MetaList* impMetaList, int objectSize)
-    : m_meta(meta), m_impMeta(impMeta), m_impMetaList(impMetaList), m_createFunction(createFunction),
+    : m_meta(meta),
+      m_impMeta(impMeta),
+      m_impMetaList(impMetaList),
+      m_createFunction(createFunction),
       m_objectSize(objectSize)
 {
     const auto registerUnlessBase = [&](const QMetaObject* candidate) {
@@ -33,10 +36,7 @@ CRuntimeClass_X::CRuntimeClass_X(const QMetaObject* meta, const QMetaObject* imp
         registerUnlessBase(m_impMeta);
 }
 
-CRuntimeClass_X::~CRuntimeClass_X()
-{
-    delete m_impMetaList;
-}
+CRuntimeClass_X::~CRuntimeClass_X() { delete m_impMetaList; }
 
 CRuntimeClass_X::MetaList* CRuntimeClass_X::CreateMetaList(const QMetaObject* first, ...)
 {
@@ -54,10 +54,7 @@ bool CRuntimeClass_X::RegisterCreateObjectMethod(const QMetaObject* impMeta, Cre
     return impMeta && createFunction && createMethods().emplace(impMeta, createFunction).second;
 }
 
-CObject_X* CRuntimeClass_X::CreateObject() const
-{
-    return m_createFunction ? m_createFunction() : nullptr;
-}
+CObject_X* CRuntimeClass_X::CreateObject() const { return m_createFunction ? m_createFunction() : nullptr; }
 
 bool CRuntimeClass_X::IsDerivedFrom(const CRuntimeClass_X* other) const
 {

@@ -1,11 +1,5 @@
 #include "xeafxdump.h"
 
-CDumpContext_X& CDumpContext_X::operator<<(const char*)
-{
-    return *this;
-}
+CDumpContext_X& CDumpContext_X::operator<<(const char*) { return *this; }
 
-CDumpContext_X& CDumpContext_X::operator<<(const void*)
-{
-    return *this;
-}
+CDumpContext_X& CDumpContext_X::operator<<(const void*) { return *this; }

@@ -189,8 +189,7 @@ public Q_SLOTS:
     void OnImpDestroy();
 
 private:
-    enum Flag : unsigned
-    {
+    enum Flag : unsigned {
         ExternalImp = 1,
         Temporary = 2,
     };
@@ -204,30 +203,27 @@ private:
 // ------------------------------------------------------------------------------------------------ class macros
 
 /// In the class, beside Q_OBJECT: the run-time class record. Members that follow are public.
-#define DECLARE_DYNAMIC_X(className)                                                                                   \
-public:                                                                                                                \
-    static CRuntimeClass_X s_classInfo;                                                                                \
+#define DECLARE_DYNAMIC_X(className)    \
+public:                                 \
+    static CRuntimeClass_X s_classInfo; \
     CRuntimeClass_X* GetRuntimeClass() const override { return &s_classInfo; }
 
 /// DECLARE_DYNAMIC_X for a class that can be created with no arguments.
-#define DECLARE_DYNCREATE_X(className)                                                                                 \
-    DECLARE_DYNAMIC_X(className)                                                                                       \
+#define DECLARE_DYNCREATE_X(className) \
+    DECLARE_DYNAMIC_X(className)       \
     static CObject_X* CreateObject();
 
 /// In the class: names the Qt class that an imp object of this class must inherit, where it differs from the base's.
-#define DECLARE_IMP_CLASS_X(qtClass)                                                                                   \
-public:                                                                                                                \
+#define DECLARE_IMP_CLASS_X(qtClass) \
+public:                              \
     static const QMetaObject* GetImpMetaObject() { return &qtClass::staticMetaObject; }
 
 /// In one source file: the record that DECLARE_DYNAMIC_X declares.
 #define IMPLEMENT_DYNAMIC_X(className, baseClass) XE_IMPLEMENT_CLASS_INFO(className, baseClass, nullptr)
 
 /// In one source file: the record and factory that DECLARE_DYNCREATE_X declares.
-#define IMPLEMENT_DYNCREATE_X(className, baseClass)                                                                    \
-    CObject_X* className::CreateObject()                                                                               \
-    {                                                                                                                  \
-        return new className;                                                                                          \
-    }                                                                                                                  \
+#define IMPLEMENT_DYNCREATE_X(className, baseClass)                \
+    CObject_X* className::CreateObject() { return new className; } \
     XE_IMPLEMENT_CLASS_INFO(className, baseClass, &className::CreateObject)
 
 #define XE_IMPLEMENT_CLASS_INFO(className, baseClass, createFunction)                                                  \

@@ -156,12 +156,12 @@ inline constexpr int VK_OEM_7 = 0xDE;
 /// A window message on its way to a handler.
 struct tagMSG
 {
-    QObject* hwnd;  ///< the object that the event came to
-    UINT message;   ///< XE_WM_NONE for a mouse event that has no message
+    QObject* hwnd; ///< the object that the event came to
+    UINT message;  ///< XE_WM_NONE for a mouse event that has no message
     WPARAM wParam;
     LPARAM lParam;
-    DWORD time;     ///< seconds since the epoch, not milliseconds since the start of the system
-    tagPOINT pt;    ///< where the pointer was on the screen at translation time, whatever the event's own position
+    DWORD time;  ///< seconds since the epoch, not milliseconds since the start of the system
+    tagPOINT pt; ///< where the pointer was on the screen at translation time, whatever the event's own position
 };
 
 using MSG = tagMSG;
@@ -242,8 +242,7 @@ struct AFX_MSGMAP_ENTRY_X
 /// v void, b BOOL, u UINT, i int, l LRESULT or LPARAM, w WPARAM, W window, p CPoint, D device context, s pointer.
 /// Codes without a name here are as valid in CWnd_X::AddMsgMapEntry(); a code that unpacks nothing (1 is one) swallows
 /// its message without a call.
-enum AfxSig_X : unsigned long
-{
+enum AfxSig_X : unsigned long {
     AfxSig_b_D_v = 1, ///< never called: there is no device context outside a paint event
     AfxSig_b_W_uu = 5,
     AfxSig_CTLCOLOR = 8, ///< never called, likewise
@@ -297,8 +296,8 @@ struct XeHandler<Result(Args...)>
 };
 
 /// In a class derived from CWnd_X: it has a message map. Members that follow are protected.
-#define DECLARE_MESSAGE_MAP_X()                                                                                        \
-protected:                                                                                                             \
+#define DECLARE_MESSAGE_MAP_X() \
+protected:                      \
     void OnMessageMap() override;
 
 /// In one source file, around the entries below: the message map of a class, added to that of its base. An entry for a
@@ -309,22 +308,22 @@ protected:                                                                      
 ///     ON_MESSAGE_X(WM_USER + 1, OnPartChanged)
 /// END_MESSAGE_MAP_X()
 /// @endcode
-#define BEGIN_MESSAGE_MAP_X(theClass, baseClass)                                                                       \
-    void theClass::OnMessageMap()                                                                                      \
-    {                                                                                                                  \
-        using ThisClass = theClass;                                                                                    \
+#define BEGIN_MESSAGE_MAP_X(theClass, baseClass) \
+    void theClass::OnMessageMap()                \
+    {                                            \
+        using ThisClass = theClass;              \
         baseClass::OnMessageMap();
 
 #define END_MESSAGE_MAP_X() }
 
 /// One entry: the class's member `name`, which must be of the function type that follows.
-#define XE_MSG_ENTRY(message, signature, name, ...)                                                                    \
+#define XE_MSG_ENTRY(message, signature, name, ...) \
     this->AddMsgMapEntry(message, signature, XeHandler<__VA_ARGS__>::of(&ThisClass::name), nullptr);
 
 /// One entry for a handler with a window argument: the members `name` (first type) and `name_X` (second type). Both are
 /// called, whichever the class has of its own, and the result of `name_X` counts.
-#define XE_MSG_ENTRY_WINDOW(message, signature, name, type, typeX)                                                     \
-    this->AddMsgMapEntry(message, signature, XeHandler<type>::of(&ThisClass::name),                                    \
+#define XE_MSG_ENTRY_WINDOW(message, signature, name, type, typeX)                  \
+    this->AddMsgMapEntry(message, signature, XeHandler<type>::of(&ThisClass::name), \
                          XeHandler<typeX>::of(&ThisClass::name##_X));
 
 /// A member `LRESULT memberFxn(WPARAM, LPARAM)` for any message.
@@ -333,18 +332,18 @@ protected:                                                                      
 // The handlers of CWnd_X, each under the message it stands for. The class's own member of that name is entered, or the
 // inherited one where it has none.
 
-#define ON_WM_ACTIVATE_X()                                                                                             \
+#define ON_WM_ACTIVATE_X() \
     XE_MSG_ENTRY_WINDOW(WM_ACTIVATE, AfxSig_ACTIVATE, OnActivate, void(UINT, QWidget*, BOOL), void(UINT, CWnd_X*, BOOL))
 #define ON_WM_ACTIVATEAPP_X() XE_MSG_ENTRY(WM_ACTIVATEAPP, AfxSig_v_u_u, OnActivateApp, void(BOOL, DWORD))
-#define ON_WM_CAPTURECHANGED_X()                                                                                       \
+#define ON_WM_CAPTURECHANGED_X() \
     XE_MSG_ENTRY_WINDOW(WM_CAPTURECHANGED, AfxSig_v_v_W, OnCaptureChanged, void(QWidget*), void(CWnd_X*))
 #define ON_WM_CHAR_X() XE_MSG_ENTRY(WM_CHAR, AfxSig_v_u_uu, OnChar, void(UINT, UINT, UINT))
 #define ON_WM_CLOSE_X() XE_MSG_ENTRY(WM_CLOSE, AfxSig_v_v_v, OnClose, void())
-#define ON_WM_CONTEXTMENU_X()                                                                                          \
+#define ON_WM_CONTEXTMENU_X() \
     XE_MSG_ENTRY_WINDOW(WM_CONTEXTMENU, AfxSig_v_W_p, OnContextMenu, void(QWidget*, CPoint), void(CWnd_X*, CPoint))
 #define ON_WM_CREATE_X() XE_MSG_ENTRY(WM_CREATE, AfxSig_i_v_s, OnCreate, int(tagCREATESTRUCTW*))
-#define ON_WM_CTLCOLOR_X()                                                                                             \
-    XE_MSG_ENTRY_WINDOW(WM_CTLCOLOR, AfxSig_CTLCOLOR, OnCtlColor, HBRUSH(CDC_X*, QWidget*, UINT),                      \
+#define ON_WM_CTLCOLOR_X()                                                                        \
+    XE_MSG_ENTRY_WINDOW(WM_CTLCOLOR, AfxSig_CTLCOLOR, OnCtlColor, HBRUSH(CDC_X*, QWidget*, UINT), \
                         HBRUSH(CDC_X*, CWnd_X*, UINT))
 #define ON_WM_DESTROY_X() XE_MSG_ENTRY(WM_DESTROY, AfxSig_v_v_v, OnDestroy, void())
 #define ON_WM_DROPFILES_X() XE_MSG_ENTRY(WM_DROPFILES, AfxSig_v_h_v, OnDropFiles, void(HDROP))
@@ -355,15 +354,14 @@ protected:                                                                      
 #define ON_WM_HSCROLL_X() XE_MSG_ENTRY(WM_HSCROLL, AfxSig_SCROLL, OnHScroll, void(UINT, UINT, QAbstractSlider*))
 #define ON_WM_KEYDOWN_X() XE_MSG_ENTRY(WM_KEYDOWN, AfxSig_v_u_uu, OnKeyDown, void(UINT, UINT, UINT))
 #define ON_WM_KEYUP_X() XE_MSG_ENTRY(WM_KEYUP, AfxSig_v_u_uu, OnKeyUp, void(UINT, UINT, UINT))
-#define ON_WM_KILLFOCUS_X()                                                                                            \
-    XE_MSG_ENTRY_WINDOW(WM_KILLFOCUS, AfxSig_v_W_v, OnKillFocus, void(QWidget*), void(CWnd_X*))
+#define ON_WM_KILLFOCUS_X() XE_MSG_ENTRY_WINDOW(WM_KILLFOCUS, AfxSig_v_W_v, OnKillFocus, void(QWidget*), void(CWnd_X*))
 #define ON_WM_LBUTTONDBLCLK_X() XE_MSG_ENTRY(WM_LBUTTONDBLCLK, AfxSig_v_u_p, OnLButtonDblClk, void(UINT, CPoint))
 #define ON_WM_LBUTTONDOWN_X() XE_MSG_ENTRY(WM_LBUTTONDOWN, AfxSig_v_u_p, OnLButtonDown, void(UINT, CPoint))
 #define ON_WM_LBUTTONUP_X() XE_MSG_ENTRY(WM_LBUTTONUP, AfxSig_v_u_p, OnLButtonUp, void(UINT, CPoint))
 #define ON_WM_MBUTTONDBLCLK_X() XE_MSG_ENTRY(WM_MBUTTONDBLCLK, AfxSig_v_u_p, OnMButtonDblClk, void(UINT, CPoint))
 #define ON_WM_MBUTTONDOWN_X() XE_MSG_ENTRY(WM_MBUTTONDOWN, AfxSig_v_u_p, OnMButtonDown, void(UINT, CPoint))
 #define ON_WM_MBUTTONUP_X() XE_MSG_ENTRY(WM_MBUTTONUP, AfxSig_v_u_p, OnMButtonUp, void(UINT, CPoint))
-#define ON_WM_MEASUREITEM_X()                                                                                          \
+#define ON_WM_MEASUREITEM_X() \
     XE_MSG_ENTRY(WM_MEASUREITEM, AfxSig_OWNERDRAW, OnMeasureItem, void(int, tagMEASUREITEMSTRUCT*))
 #define ON_WM_MOUSEHOVER_X() XE_MSG_ENTRY(WM_MOUSEHOVER, AfxSig_v_u_p, OnMouseHover, void(UINT, CPoint))
 #define ON_WM_MOUSELEAVE_X() XE_MSG_ENTRY(WM_MOUSELEAVE, AfxSig_v_v_v, OnMouseLeave, void())
@@ -375,22 +373,21 @@ protected:                                                                      
 #define ON_WM_NCHITTEST_X() XE_MSG_ENTRY(WM_NCHITTEST, AfxSig_l_p, OnNcHitTest, LRESULT(CPoint))
 #define ON_WM_NCLBUTTONUP_X() XE_MSG_ENTRY(WM_NCLBUTTONUP, AfxSig_v_u_p, OnNcLButtonUp, void(UINT, CPoint))
 #define ON_WM_PAINT_X() XE_MSG_ENTRY(WM_PAINT, AfxSig_v_v_v, OnPaint, void())
-#define ON_WM_PALETTECHANGED_X()                                                                                       \
+#define ON_WM_PALETTECHANGED_X() \
     XE_MSG_ENTRY_WINDOW(WM_PALETTECHANGED, AfxSig_v_W_v, OnPaletteChanged, void(QWidget*), void(CWnd_X*))
-#define ON_WM_PALETTEISCHANGING_X()                                                                                    \
+#define ON_WM_PALETTEISCHANGING_X() \
     XE_MSG_ENTRY_WINDOW(WM_PALETTEISCHANGING, AfxSig_v_W_v, OnPaletteIsChanging, void(QWidget*), void(CWnd_X*))
 #define ON_WM_RBUTTONDBLCLK_X() XE_MSG_ENTRY(WM_RBUTTONDBLCLK, AfxSig_v_u_p, OnRButtonDblClk, void(UINT, CPoint))
 #define ON_WM_RBUTTONDOWN_X() XE_MSG_ENTRY(WM_RBUTTONDOWN, AfxSig_v_u_p, OnRButtonDown, void(UINT, CPoint))
 #define ON_WM_RBUTTONUP_X() XE_MSG_ENTRY(WM_RBUTTONUP, AfxSig_v_u_p, OnRButtonUp, void(UINT, CPoint))
-#define ON_WM_SETCURSOR_X()                                                                                            \
+#define ON_WM_SETCURSOR_X() \
     XE_MSG_ENTRY_WINDOW(WM_SETCURSOR, AfxSig_b_W_uu, OnSetCursor, BOOL(QWidget*, UINT, UINT), BOOL(CWnd_X*, UINT, UINT))
-#define ON_WM_SETFOCUS_X()                                                                                             \
-    XE_MSG_ENTRY_WINDOW(WM_SETFOCUS, AfxSig_v_W_v, OnSetFocus, void(QWidget*), void(CWnd_X*))
+#define ON_WM_SETFOCUS_X() XE_MSG_ENTRY_WINDOW(WM_SETFOCUS, AfxSig_v_W_v, OnSetFocus, void(QWidget*), void(CWnd_X*))
 #define ON_WM_SHOWWINDOW_X() XE_MSG_ENTRY(WM_SHOWWINDOW, AfxSig_v_u_u, OnShowWindow, void(BOOL, UINT))
 #define ON_WM_SIZE_X() XE_MSG_ENTRY(WM_SIZE, AfxSig_v_u_ii, OnSize, void(UINT, int, int))
 #define ON_WM_SIZING_X() XE_MSG_ENTRY(WM_SIZING, AfxSig_SIZING, OnSizing, void(UINT, tagRECT*))
 #define ON_WM_STYLECHANGED_X() XE_MSG_ENTRY(WM_STYLECHANGED, AfxSig_v_u_cs, OnStyleChanged, void(int, tagSTYLESTRUCT*))
-#define ON_WM_STYLECHANGING_X()                                                                                        \
+#define ON_WM_STYLECHANGING_X() \
     XE_MSG_ENTRY(WM_STYLECHANGING, AfxSig_v_u_cs, OnStyleChanging, void(int, tagSTYLESTRUCT*))
 #define ON_WM_SYSCHAR_X() XE_MSG_ENTRY(WM_SYSCHAR, AfxSig_v_u_uu, OnSysChar, void(UINT, UINT, UINT))
 #define ON_WM_SYSCOLORCHANGE_X() XE_MSG_ENTRY(WM_SYSCOLORCHANGE, AfxSig_v_v_v, OnSysColorChange, void())
@@ -398,7 +395,7 @@ protected:                                                                      
 #define ON_WM_SYSKEYUP_X() XE_MSG_ENTRY(WM_SYSKEYUP, AfxSig_v_u_uu, OnSysKeyUp, void(UINT, UINT, UINT))
 #define ON_WM_TIMER_X() XE_MSG_ENTRY(WM_TIMER, AfxSig_v_up_v, OnTimer, void(UINT_PTR))
 #define ON_WM_VSCROLL_X() XE_MSG_ENTRY(WM_VSCROLL, AfxSig_SCROLL, OnVScroll, void(UINT, UINT, QAbstractSlider*))
-#define ON_WM_WINDOWPOSCHANGED_X()                                                                                     \
+#define ON_WM_WINDOWPOSCHANGED_X() \
     XE_MSG_ENTRY(WM_WINDOWPOSCHANGED, AfxSig_v_v_WINDOWPOS, OnWindowPosChanged, void(tagWINDOWPOS*))
-#define ON_WM_WINDOWPOSCHANGING_X()                                                                                    \
+#define ON_WM_WINDOWPOSCHANGING_X() \
     XE_MSG_ENTRY(WM_WINDOWPOSCHANGING, AfxSig_v_v_WINDOWPOS, OnWindowPosChanging, void(tagWINDOWPOS*))

@@ -14,9 +14,9 @@ class QBrush;
 class QWidget;
 
 #if defined(XE_BUILDING_LIBRARY)
-#    define XE_EXPORT Q_DECL_EXPORT
+#define XE_EXPORT Q_DECL_EXPORT
 #else
-#    define XE_EXPORT Q_DECL_IMPORT
+#define XE_EXPORT Q_DECL_IMPORT
 #endif
 
 // ------------------------------------------------------------------------------------------------ scalar types

@@ -43,10 +43,7 @@ void CWnd_X::SetCurrentEventAccepted(bool accepted)
         m_dispatch->event()->setAccepted(accepted);
 }
 
-int CWnd_X::PreTranslateMessage(tagMSG*)
-{
-    return 0;
-}
+int CWnd_X::PreTranslateMessage(tagMSG*) { return 0; }
 
 bool CWnd_X::eventFilter(QObject* target, QEvent* event)
 {

@@ -11,15 +11,20 @@ class XeDispatchFrame
 public:
     /// An event from Qt, which the end of the frame takes off the wrapper's list of pending events.
     XeDispatchFrame(CWnd_X& window, QEvent* event)
-        : m_window(&window), m_event(event), m_outer(window.m_dispatch), m_ownsEvent(true)
+        : m_window(&window),
+          m_event(event),
+          m_outer(window.m_dispatch),
+          m_ownsEvent(true)
     {
         window.m_dispatch = this;
     }
 
     /// A message within whatever event is in progress.
     explicit XeDispatchFrame(CWnd_X& window)
-        : m_window(&window), m_event(window.m_dispatch ? window.m_dispatch->m_event : nullptr),
-          m_outer(window.m_dispatch), m_ownsEvent(false)
+        : m_window(&window),
+          m_event(window.m_dispatch ? window.m_dispatch->m_event : nullptr),
+          m_outer(window.m_dispatch),
+          m_ownsEvent(false)
     {
         window.m_dispatch = this;
     }

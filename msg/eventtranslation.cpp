@@ -21,26 +21,14 @@ struct Parameters
 };
 
 // Two 16-bit halves; the sign of a half is not extended beyond bit 31.
-LPARAM packed(int x, int y)
-{
-    return static_cast<quint32>(y) << 16 | (static_cast<quint32>(x) & 0xFFFF);
-}
+LPARAM packed(int x, int y) { return static_cast<quint32>(y) << 16 | (static_cast<quint32>(x) & 0xFFFF); }
 
-LPARAM packed(QPointF position)
-{
-    return packed(qRound(position.x()), qRound(position.y()));
-}
+LPARAM packed(QPointF position) { return packed(qRound(position.x()), qRound(position.y())); }
 
-LPARAM address(const QObject* object)
-{
-    return static_cast<LPARAM>(reinterpret_cast<quintptr>(object));
-}
+LPARAM address(const QObject* object) { return static_cast<LPARAM>(reinterpret_cast<quintptr>(object)); }
 
 // The modifiers stand where Windows has the scan code.
-LPARAM keyFlags(Qt::KeyboardModifiers modifiers)
-{
-    return static_cast<LPARAM>(qt_kb_flag_2_flag(modifiers)) << 16;
-}
+LPARAM keyFlags(Qt::KeyboardModifiers modifiers) { return static_cast<LPARAM>(qt_kb_flag_2_flag(modifiers)) << 16; }
 
 UINT byButton(Qt::MouseButton button, UINT left, UINT right, UINT middle)
 {
@@ -89,7 +77,7 @@ Parameters translateWheel(const QWheelEvent& event)
 {
     QT_WARNING_PUSH
     QT_WARNING_DISABLE_DEPRECATED // angleDelta() is not what an event of the older constructors has as its delta
-    return {WM_MOUSEWHEEL, static_cast<quint32>(event.delta()) << 16, packed(event.position())};
+        return {WM_MOUSEWHEEL, static_cast<quint32>(event.delta()) << 16, packed(event.position())};
     QT_WARNING_POP
 }
 
@@ -197,10 +185,7 @@ int qt_kb_flag_2_flag(unsigned modifiers)
            | (modifiers & Qt::AltModifier ? MK_ALT : 0);
 }
 
-int mfc_flag_2_qt_kb_flag(unsigned)
-{
-    return 0;
-}
+int mfc_flag_2_qt_kb_flag(unsigned) { return 0; }
 
 int qt_mouse_flag_2_flag(unsigned buttons)
 {
@@ -208,10 +193,7 @@ int qt_mouse_flag_2_flag(unsigned buttons)
            | (buttons & Qt::MiddleButton ? MK_MBUTTON : 0);
 }
 
-int mfc_flag_2_qt_mouse_flag(unsigned)
-{
-    return 0;
-}
+int mfc_flag_2_qt_mouse_flag(unsigned) { return 0; }
 
 int xeQEventToMsg(QObject* target, QEvent* event, tagMSG* out)
 {

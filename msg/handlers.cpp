@@ -101,7 +101,4 @@ void CWnd_X::OnNcDestroy()
 
 // ---- Idle.
 
-void CWnd_X::OnEnterIdle()
-{
-    Q_EMIT updateCmdUi();
-}
+void CWnd_X::OnEnterIdle() { Q_EMIT updateCmdUi(); }

@@ -7,9 +7,11 @@
 #include <algorithm>
 
 XeWinMsgEvent::XeWinMsgEvent(UINT number, WPARAM firstParameter, LPARAM secondParameter)
-    : QEvent(EventType), message(number), wParam(firstParameter), lParam(secondParameter)
-{
-}
+    : QEvent(EventType),
+      message(number),
+      wParam(firstParameter),
+      lParam(secondParameter)
+{}
 
 XeWinMsgEvent::~XeWinMsgEvent() = default;
 

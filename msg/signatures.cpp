@@ -46,15 +46,9 @@ short signedHighOfW(WPARAM p, LPARAM l) { return static_cast<short>(highOfW(p, l
 int extendedLowOfW(WPARAM p, LPARAM l) { return signedLowOfW(p, l); }
 int extendedHighOfW(WPARAM p, LPARAM l) { return signedHighOfW(p, l); }
 
-CPoint signedPoint(WPARAM p, LPARAM l)
-{
-    return {static_cast<short>(lowOfL(p, l)), static_cast<short>(highOfL(p, l))};
-}
+CPoint signedPoint(WPARAM p, LPARAM l) { return {static_cast<short>(lowOfL(p, l)), static_cast<short>(highOfL(p, l))}; }
 
-CPoint unsignedPoint(WPARAM p, LPARAM l)
-{
-    return {static_cast<int>(lowOfL(p, l)), static_cast<int>(highOfL(p, l))};
-}
+CPoint unsignedPoint(WPARAM p, LPARAM l) { return {static_cast<int>(lowOfL(p, l)), static_cast<int>(highOfL(p, l))}; }
 
 // Short names, so that the table below reads as one.
 using P = Argument<WPARAM, wholeW>;

@@ -68,8 +68,7 @@ struct IdleConnection
         : dispatcher(QAbstractEventDispatcher::instance()),
           signal(QMetaMethod::fromSignal(&QAbstractEventDispatcher::aboutToBlock)),
           slot(object.metaObject()->method(object.metaObject()->indexOfSlot("OnEnterIdle()")))
-    {
-    }
+    {}
     bool isPossible() const { return dispatcher && slot.isValid(); }
 
     QAbstractEventDispatcher* dispatcher;
@@ -90,10 +89,7 @@ QGlobalEventHandler::~QGlobalEventHandler()
         delete timer.second;
 }
 
-bool QGlobalEventHandler::IsEmptyHookChain() const
-{
-    return isEmpty(m_hookChain) && isEmpty(m_messageFunctions);
-}
+bool QGlobalEventHandler::IsEmptyHookChain() const { return isEmpty(m_hookChain) && isEmpty(m_messageFunctions); }
 
 template <class Function>
 void QGlobalEventHandler::append(QList<Function>& chain, Function function)
@@ -142,10 +138,7 @@ int QGlobalEventHandler::RemoveWinMsgFn(HHOOK hook)
     return 1;
 }
 
-void QGlobalEventHandler::RemoveWinMsgFn(WinMsgFn function)
-{
-    remove(m_messageFunctions, function);
-}
+void QGlobalEventHandler::RemoveWinMsgFn(WinMsgFn function) { remove(m_messageFunctions, function); }
 
 bool QGlobalEventHandler::eventFilter(QObject* object, QEvent* event)
 {
@@ -211,10 +204,7 @@ void QGlobalEventHandler::OnEnterIdle()
 
 // ------------------------------------------------------------------------------------------------ free functions
 
-QGlobalEventHandler* GetGlobalEventHandler()
-{
-    return &g_appEventHandler;
-}
+QGlobalEventHandler* GetGlobalEventHandler() { return &g_appEventHandler; }
 
 void ConnectIdleSlot(QObject* object)
 {
@@ -234,40 +224,19 @@ bool DisconnectIdleSlot(QObject* object)
     return idle.isPossible() && QObject::disconnect(idle.dispatcher, idle.signal, object, idle.slot);
 }
 
-void AppendTempObjectPool(QObject* object)
-{
-    g_appEventHandler.AppendTempObject(object);
-}
+void AppendTempObjectPool(QObject* object) { g_appEventHandler.AppendTempObject(object); }
 
-void ClearTempObjectPool()
-{
-    g_appEventHandler.RemoveTempObject();
-}
+void ClearTempObjectPool() { g_appEventHandler.RemoveTempObject(); }
 
-HHOOK SetWindowsHookEx_X(int id, HOOKPROC proc)
-{
-    return g_appEventHandler.AppendWinMsgFn(id, proc);
-}
+HHOOK SetWindowsHookEx_X(int id, HOOKPROC proc) { return g_appEventHandler.AppendWinMsgFn(id, proc); }
 
-int UnhookWindowsHookEx_X(HHOOK hook)
-{
-    return g_appEventHandler.RemoveWinMsgFn(hook);
-}
+int UnhookWindowsHookEx_X(HHOOK hook) { return g_appEventHandler.RemoveWinMsgFn(hook); }
 
-long long CallNextHookEx_X(HHOOK, int, unsigned long, long long)
-{
-    return 0;
-}
+long long CallNextHookEx_X(HHOOK, int, unsigned long, long long) { return 0; }
 
-void AppendWinMsgFn(WinMsgFn function)
-{
-    g_appEventHandler.AppendWinMsgFn(function);
-}
+void AppendWinMsgFn(WinMsgFn function) { g_appEventHandler.AppendWinMsgFn(function); }
 
-void RemoveWinMsgFn(WinMsgFn function)
-{
-    g_appEventHandler.RemoveWinMsgFn(function);
-}
+void RemoveWinMsgFn(WinMsgFn function) { g_appEventHandler.RemoveWinMsgFn(function); }
 
 QList<QAction*> ActionRange(QAction* first, ...)
 {

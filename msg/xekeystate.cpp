@@ -21,15 +21,9 @@ struct DisplayCloser
 };
 using DisplayPointer = std::unique_ptr<Display, DisplayCloser>;
 
-DisplayPointer openDisplay()
-{
-    return DisplayPointer(XOpenDisplay(nullptr));
-}
+DisplayPointer openDisplay() { return DisplayPointer(XOpenDisplay(nullptr)); }
 
-unsigned buttonMask(int button)
-{
-    return button == 1 ? Button1Mask : button == 2 ? Button3Mask : 0;
-}
+unsigned buttonMask(int button) { return button == 1 ? Button1Mask : button == 2 ? Button3Mask : 0; }
 
 } // namespace
 
@@ -69,10 +63,7 @@ int GetKeyState_X(int vk)
     return vk == VK_LBUTTON || vk == VK_RBUTTON ? GetMouseStateByX11(vk) : GetKeyStateByX11(vk);
 }
 
-unsigned VkKeyScan_X(wchar_t character)
-{
-    return QChar(static_cast<ushort>(character)).toUpper().unicode();
-}
+unsigned VkKeyScan_X(wchar_t character) { return QChar(static_cast<ushort>(character)).toUpper().unicode(); }
 
 bool IsRepeatFilterKeyEvent(QKeyEvent* event)
 {

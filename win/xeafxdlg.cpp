@@ -121,8 +121,9 @@ int MessageBox_X(QWidget* owner, const wchar_t* text, const wchar_t* caption, un
 }
 
 XeMsgBoxEvent::XeMsgBoxEvent(std::wstring message, std::wstring title)
-    : QEvent(EventType), text(std::move(message)), caption(std::move(title))
-{
-}
+    : QEvent(EventType),
+      text(std::move(message)),
+      caption(std::move(title))
+{}
 
 XeMsgBoxEvent::~XeMsgBoxEvent() = default;

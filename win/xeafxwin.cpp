@@ -8,10 +8,7 @@ IMPLEMENT_DYNCREATE_X(CWnd_X, CCmdTarget_X)
 
 CWnd_X::CWnd_X() = default;
 
-CWnd_X::~CWnd_X()
-{
-    XeDispatchFrame::abandon(m_dispatch);
-}
+CWnd_X::~CWnd_X() { XeDispatchFrame::abandon(m_dispatch); }
 
 QWidget* CWnd_X::GetSafeHwnd() const
 {
@@ -22,10 +19,7 @@ QWidget* CWnd_X::GetSafeHwnd() const
     return imp && imp->isWidgetType() ? static_cast<QWidget*>(imp) : nullptr;
 }
 
-CWnd_X* CWnd_X::FromHandlePermanent(QWidget* widget)
-{
-    return qobject_cast<CWnd_X*>(GetOwner(widget));
-}
+CWnd_X* CWnd_X::FromHandlePermanent(QWidget* widget) { return qobject_cast<CWnd_X*>(GetOwner(widget)); }
 
 CWnd_X* CWnd_X::FromHandle(QWidget* widget)
 {
@@ -52,10 +46,7 @@ int CWnd_X::SubclassWindow(QWidget* widget)
     return 1;
 }
 
-QWidget* CWnd_X::GetCapture()
-{
-    return QWidget::mouseGrabber();
-}
+QWidget* CWnd_X::GetCapture() { return QWidget::mouseGrabber(); }
 
 bool CWnd_X::OnAttach()
 {
@@ -76,15 +67,9 @@ bool CWnd_X::AttachDefault(QWidget* parent)
     return Attach(widget, parent, false);
 }
 
-int CWnd_X::Create(QWidget* parent)
-{
-    return AttachDefault(parent ? parent : TavoGetMainFrame());
-}
+int CWnd_X::Create(QWidget* parent) { return AttachDefault(parent ? parent : TavoGetMainFrame()); }
 
-int CWnd_X::DestroyWindow()
-{
-    return DestroyWindow_X(GetSafeHwnd());
-}
+int CWnd_X::DestroyWindow() { return DestroyWindow_X(GetSafeHwnd()); }
 
 int CWnd_X::OnCreate(tagCREATESTRUCTW*)
 {

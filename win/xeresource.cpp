@@ -64,17 +64,8 @@ QMap<unsigned int, QString>& GetResourceIDMap()
     return table;
 }
 
-QString GetObjectNameById(int id)
-{
-    return GetResourceIDMap().value(static_cast<unsigned int>(id));
-}
+QString GetObjectNameById(int id) { return GetResourceIDMap().value(static_cast<unsigned int>(id)); }
 
-QString ToStringId(unsigned int id)
-{
-    return GetResourceIDMap().value(id);
-}
+QString ToStringId(unsigned int id) { return GetResourceIDMap().value(id); }
 
-int ToCtrlId(const QString& name)
-{
-    return static_cast<int>(GetResourceIDMap().key(name, 0));
-}
+int ToCtrlId(const QString& name) { return static_cast<int>(GetResourceIDMap().key(name, 0)); }

@@ -10,7 +10,7 @@
 #include <vector>
 
 #if defined(__SANITIZE_ADDRESS__)
-#    include <sanitizer/allocator_interface.h>
+#include <sanitizer/allocator_interface.h>
 #endif
 
 namespace {

@@ -56,10 +56,7 @@ private:
 };
 
 // A call through a null pointer is what host code does; the sanitizer is not asked about it.
-__attribute__((no_sanitize("undefined"))) QWidget* handleOf(const CWnd_X* window)
-{
-    return window->GetSafeHwnd();
-}
+__attribute__((no_sanitize("undefined"))) QWidget* handleOf(const CWnd_X* window) { return window->GetSafeHwnd(); }
 
 } // namespace
 
