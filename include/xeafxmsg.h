@@ -318,13 +318,13 @@ protected:                      \
 
 /// One entry: the class's member `name`, which must be of the function type that follows.
 #define XE_MSG_ENTRY(message, signature, name, ...) \
-    this->AddMsgMapEntry(message, signature, XeHandler<__VA_ARGS__>::of(&ThisClass::name), nullptr);
+    this->AddMsgMapEntry(message, signature, XeHandler<__VA_ARGS__>::of<ThisClass>(&ThisClass::name), nullptr);
 
 /// One entry for a handler with a window argument: the members `name` (first type) and `name_X` (second type). Both are
 /// called, whichever the class has of its own, and the result of `name_X` counts.
-#define XE_MSG_ENTRY_WINDOW(message, signature, name, type, typeX)                  \
-    this->AddMsgMapEntry(message, signature, XeHandler<type>::of(&ThisClass::name), \
-                         XeHandler<typeX>::of(&ThisClass::name##_X));
+#define XE_MSG_ENTRY_WINDOW(message, signature, name, type, typeX)                             \
+    this->AddMsgMapEntry(message, signature, XeHandler<type>::of<ThisClass>(&ThisClass::name), \
+                         XeHandler<typeX>::of<ThisClass>(&ThisClass::name##_X));
 
 /// A member `LRESULT memberFxn(WPARAM, LPARAM)` for any message.
 #define ON_MESSAGE_X(message, memberFxn) XE_MSG_ENTRY(message, AfxSig_l_w_l, memberFxn, LRESULT(WPARAM, LPARAM))

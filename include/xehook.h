@@ -65,8 +65,9 @@ private:
     template <class Function>
     void remove(QList<Function>& chain, Function function);
     void dropRemoved();
+    bool offerToChains(const QPointer<QObject>& object, QEvent* event);
     bool callHooks(const tagMSG& message);
-    bool callMessageFunctions(tagMSG& message);
+    bool callMessageFunctions(const QPointer<QObject>& object, tagMSG& message);
 
     // While a chain is walked, a removed entry stays as null until the outermost walk has ended.
     QList<HOOKPROC> m_hookChain;

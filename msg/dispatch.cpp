@@ -78,23 +78,22 @@ bool CWnd_X::filterMessage(QObject* target, QEvent* event)
 
     const bool acceptedBefore = event->isAccepted();
     event->setAccepted(true);
-    if (PreTranslateMessage(&message))
-        return true;
-
     LRESULT result = 0;
-    bool handled = false;
-    if (frame.isAlive() && living) {
+    const bool screened = PreTranslateMessage(&message);
+    bool handled = screened;
+    if (!screened && frame.isAlive() && living) {
         TranslateMessage(target, event, &message);
         handled = OnWndMsg(message.message, message.wParam, message.lParam, &result);
     }
-    if (!living)
-        return true; // Qt must not go on with a widget that is gone.
-    if (!handled) {
+
+    if (!living) {
+        event->setAccepted(true); // Qt must go on neither with a widget that is gone nor from it to its parents
+    } else if (!handled) {
         event->setAccepted(acceptedBefore);
         return false;
-    }
-    if (!event->isAccepted())
+    } else if (!screened && !event->isAccepted()) {
         return event->type() == QEvent::Close; // stopped with the flag clear: the close is refused
+    }
     if (event->type() == XeWinMsgEvent::EventType)
         static_cast<XeWinMsgEvent*>(event)->result = result;
     return true;
@@ -126,10 +125,8 @@ bool CWnd_X::offerCursorToAncestors(const XeDispatchFrame& frame, WPARAM wParam,
     if (!widget || wParam != reinterpret_cast<WPARAM>(widget))
         return false;
     QVarLengthArray<QPointer<QWidget>, 8> ancestors;
-    for (QWidget* w = widget; !w->isWindow();) {
-        w = w->parentWidget();
-        ancestors.append(w);
-    }
+    for (QWidget* w = widget; !w->isWindow() && w->parentWidget(); w = w->parentWidget())
+        ancestors.append(w->parentWidget());
     for (auto it = ancestors.crbegin(); it != ancestors.crend() && frame.isAlive(); ++it) {
         CWnd_X* const window = FromHandlePermanent(*it);
         LRESULT answer = 0;

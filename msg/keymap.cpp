@@ -10,7 +10,7 @@
 namespace {
 
 // Ordered by Qt key: the reverse lookup takes the lowest key with a VK code.
-const std::map<Qt::Key, int> keyMap{
+const std::map<int, int> keyMap{
     {Qt::Key_Left, 0x25},
     {Qt::Key_Up, 0x26},
     {Qt::Key_Right, 0x27},
@@ -175,7 +175,7 @@ const std::map<int, std::vector<unsigned long>> g_keyMap{
 
 int qt_key_to_ansi_vk(int key)
 {
-    const auto found = keyMap.find(static_cast<Qt::Key>(key));
+    const auto found = keyMap.find(key);
     return found == keyMap.end() ? -1 : found->second;
 }
 

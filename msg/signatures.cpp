@@ -2,6 +2,8 @@
 
 #include "msg/dispatchframe.h"
 
+#include <QPointer>
+
 #include <array>
 #include <type_traits>
 
@@ -110,8 +112,10 @@ using One = Gives<1>;
 
 using Caller = bool (*)(CWnd_X&, const XeDispatchFrame&, const AFX_MSGMAP_ENTRY_X&, WPARAM, LPARAM, LRESULT&);
 
+// A handler may belong to another base of the window's class than CWnd_X, and its entry carries the way to it: the
+// sanitizer's idea of the object's type does not hold here.
 template <class Result, class... Args>
-bool invoke(CWnd_X& window, AFX_PMSG_X handler, LRESULT& result, Args... args)
+__attribute__((no_sanitize("vptr"))) bool invoke(CWnd_X& window, AFX_PMSG_X handler, LRESULT& result, Args... args)
 {
     const auto typed = xeHandlerCast<typename Result::Type (CWnd_X::*)(Args...)>(handler);
     if constexpr (std::is_void_v<typename Result::Type>) {
@@ -143,14 +147,29 @@ bool single(CWnd_X& window, const XeDispatchFrame&, const AFX_MSGMAP_ENTRY_X& en
     return true;
 }
 
+// The widget that an argument names, if it is of that kind.
+template <class Arg>
+QWidget* windowOf([[maybe_unused]] WPARAM p, [[maybe_unused]] LPARAM l)
+{
+    if constexpr (std::is_same_v<typename Arg::First, QWidget*>)
+        return Arg::first(p, l);
+    else
+        return nullptr;
+}
+
 // Two handlers, the second with CWnd_X* for windows. What the last one called says counts.
 template <class Result, class... Args>
 bool both(CWnd_X& window, const XeDispatchFrame& frame, const AFX_MSGMAP_ENTRY_X& entry, WPARAM p, LPARAM l,
           LRESULT& result)
 {
+    QWidget* named = nullptr;
+    if (entry.secondHandler)
+        ((named = named ? named : windowOf<Args>(p, l)), ...);
+    const QPointer<QWidget> living(named);
     if (!single<Result, Args...>(window, frame, entry, p, l, result))
         return false;
-    if (!entry.secondHandler || !frame.isAlive())
+    const bool nobodyToTell = !frame.isAlive() || (named && !living);
+    if (!entry.secondHandler || nobodyToTell)
         return true;
     LRESULT value = initialResult<Result>();
     if (!invoke<Result, typename Args::Second...>(window, entry.secondHandler, value, Args::second(p, l)...))

@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QScopeGuard>
 #include <QTimer>
 #include <QVariant>
 #include <QWidget>
@@ -146,19 +147,30 @@ bool QGlobalEventHandler::eventFilter(QObject* object, QEvent* event)
         || !hasMessage(event->type()))
         return false;
 
-    PointerPosition pointer;
-    tagMSG message = translateEvent(object, event, pointer);
     const QPointer<QObject> living(object);
     ++m_walks;
+    const auto endOfWalk = qScopeGuard([this] {
+        --m_walks;
+        dropRemoved();
+    });
+    const bool stopped = offerToChains(living, event);
+    if (living)
+        return stopped;
+    event->setAccepted(true); // Qt must go on neither with an object that is gone nor from it to its parents
+    return true;
+}
+
+bool QGlobalEventHandler::offerToChains(const QPointer<QObject>& object, QEvent* event)
+{
+    PointerPosition pointer;
+    tagMSG message = translateEvent(object, event, pointer);
     const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
-    bool stopped = isKey && !IsRepeatFilterKeyEvent(static_cast<QKeyEvent*>(event)) && callHooks(message);
-    if (!stopped && living && !isEmpty(m_messageFunctions)) {
-        stampMessage(message, pointer);
-        stopped = callMessageFunctions(message);
-    }
-    --m_walks;
-    dropRemoved();
-    return stopped || !living;
+    if (isKey && !IsRepeatFilterKeyEvent(static_cast<QKeyEvent*>(event)) && callHooks(message))
+        return true;
+    if (!object || isEmpty(m_messageFunctions))
+        return false;
+    stampMessage(message, pointer);
+    return callMessageFunctions(object, message);
 }
 
 bool QGlobalEventHandler::callHooks(const tagMSG& message)
@@ -171,9 +183,9 @@ bool QGlobalEventHandler::callHooks(const tagMSG& message)
     return false;
 }
 
-bool QGlobalEventHandler::callMessageFunctions(tagMSG& message)
+bool QGlobalEventHandler::callMessageFunctions(const QPointer<QObject>& object, tagMSG& message)
 {
-    for (int i = 0; i < m_messageFunctions.size(); ++i) {
+    for (int i = 0; object && i < m_messageFunctions.size(); ++i) {
         const WinMsgFn function = m_messageFunctions.at(i);
         if (function && function(&message))
             return true;

@@ -41,10 +41,13 @@ QString GetPlxResourceName()
     const int count = backtrace(addresses, 16);
     const std::unique_ptr<char*, decltype(&std::free)> symbols(backtrace_symbols(addresses, count), &std::free);
     QString module;
+    bool inside = false; // a sanitizer's own backtrace() stands before the library's frames
     for (int i = 0; symbols && i < count; ++i) {
         module = moduleOfFrame(symbols.get()[i]);
-        if (!isCurrentLibrary(module))
+        const bool own = isCurrentLibrary(module);
+        if (inside && !own)
             break;
+        inside = inside || own;
     }
     return module;
 }
