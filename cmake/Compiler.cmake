@@ -14,8 +14,7 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
     set(CMAKE_BUILD_TYPE RelWithDebInfo)
 endif()
 
-# Overloads of a virtual function that hide the base's are part of the interface: AttachDefault(QWidget*) of a window.
-add_compile_options(-Wall -Wextra -Wshadow -Wno-overloaded-virtual)
+add_compile_options(-Wall -Wextra -Wshadow)
 if(XE_WERROR)
     add_compile_options(-Werror)
 endif()

@@ -10,7 +10,7 @@
 #include <vector>
 
 #if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/allocator_interface.h>
+extern "C" size_t __sanitizer_get_current_allocated_bytes(); // gcc does not install the header that declares it
 #endif
 
 namespace {
