@@ -67,14 +67,14 @@ private:
     QString m_binary = qEnvironmentVariable("PARTSBOOK");
     QScopedPointer<QTemporaryDir> m_folder;
     QScopedPointer<QProcess> m_program;
-    XUser::Window m_window = 0;
+    WId m_window = 0;
     int m_viewHeight = 0;
     int m_seen = 0; // input messages that have been compared
 };
 
 void tst_partsbook::initTestCase()
 {
-    QVERIFY(m_user.isConnected());
+    QVERIFY(m_user.isUsable());
     QVERIFY2(QFileInfo(m_binary).isExecutable(), "PARTSBOOK does not name the program");
 }
 
@@ -88,7 +88,7 @@ void tst_partsbook::init()
 
 void tst_partsbook::cleanup()
 {
-    m_user.releaseEverything();
+    m_user.releaseAll();
     if (QTest::currentTestFailed())
         stopProgram(); // what it still has to say is no concern of the next test
     else if (m_program->state() != QProcess::NotRunning)
@@ -163,12 +163,12 @@ void tst_partsbook::act(const QString& action)
     const bool down = action.startsWith('+');
     const QString what = action.mid(1);
     if (action.startsWith('@'))
-        m_user.moveTo(m_user.positionOnScreen(m_window)
-                      + QPoint(what.section(',', 0, 0).toInt(), what.section(',', 1, 1).toInt()));
+        m_user.movePointer(m_user.windowOrigin(m_window)
+                           + QPoint(what.section(',', 0, 0).toInt(), what.section(',', 1, 1).toInt()));
     else if (what.startsWith("Button"))
         m_user.setButton(what.mid(6).toUInt(), down);
     else
-        m_user.setKey(qPrintable(what), down);
+        m_user.setNamedKey(qPrintable(what), down);
 }
 
 // Returns when the program knows of it, and so of everything that was before.

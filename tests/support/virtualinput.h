@@ -19,6 +19,7 @@ public:
     /// False where there is no X server with XTEST.
     bool isUsable() const { return m_display; }
 
+    void setKey(unsigned long keysym, bool down);
     void pressKey(unsigned long keysym) { setKey(keysym, true); }
     void releaseKey(unsigned long keysym) { setKey(keysym, false); }
     /// Presses and releases.
@@ -31,6 +32,7 @@ public:
     bool lendKey(unsigned long keysym);
 
     /// Buttons as X counts them: 1 left, 2 middle, 3 right, 4 wheel up, 5 wheel down.
+    void setButton(unsigned button, bool down);
     void pressButton(unsigned button) { setButton(button, true); }
     void releaseButton(unsigned button) { setButton(button, false); }
     void clickButton(unsigned button);
@@ -43,14 +45,14 @@ public:
     /// Lets go of all keys and buttons that are down.
     void releaseAll();
 
+protected:
+    void* m_display = nullptr; // a Display; the X headers' macros stay out of the tests
+
 private:
-    void setKey(unsigned long keysym, bool down);
     void setCode(unsigned code, bool down);
-    void setButton(unsigned button, bool down);
     bool mapCode(unsigned code, unsigned long keysym);
     unsigned freeCode() const;
 
-    void* m_display = nullptr; // a Display; the X headers' macros stay out of the tests
     unsigned m_lentCode = 0;
     QSet<unsigned> m_codesDown;
     QSet<unsigned> m_buttonsDown;
