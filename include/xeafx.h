@@ -167,8 +167,11 @@ public:
     static QMetaObject::Connection Connect(unsigned id, const char* signal, const QObject* receiver, const char* slot,
                                            const QObject* root, Qt::ConnectionType type);
 
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_GCC("-Woverloaded-virtual") // CWnd_X hides it by its form for a parent window
     /// Makes a default imp object with this Qt parent and attaches it as an owned one.
     virtual bool AttachDefault(QObject* parent);
+    QT_WARNING_POP
     /// Called at the end of Attach(); false undoes the attachment.
     virtual bool OnAttach();
     /// Called at the end of Detach(), when the imp object is no longer attached.

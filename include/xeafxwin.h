@@ -108,7 +108,6 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
 
     QT_WARNING_PUSH
     QT_WARNING_DISABLE_CLANG("-Woverloaded-virtual") // hides the form for any object: a window's parent is a window
-    QT_WARNING_DISABLE_GCC("-Woverloaded-virtual")
     /// Makes a QWidget with this Qt parent and hover and mouse tracking on, and attaches it as an owned one.
     virtual bool AttachDefault(QWidget* parent);
     QT_WARNING_POP
