@@ -69,15 +69,16 @@ private:
     bool callHooks(const tagMSG& message);
     bool callMessageFunctions(const QPointer<QObject>& object, tagMSG& message);
 
-    // While a chain is walked, a removed entry stays as null until the outermost walk has ended.
-    QList<HOOKPROC> m_hookChain;
-    QList<WinMsgFn> m_messageFunctions;
+    QList<HOOKPROC> m_hookChain;        // oldest first
+    QList<WinMsgFn> m_messageFunctions; // likewise
     QList<QPointer<QObject>> m_temporaryObjects;
-    int m_walks = 0;
 
 public:
     /// All timers of the process by timer id.
     std::map<int, QTimer*> timers;
+
+private:
+    int m_walks = 0; // while a chain is walked, a removed entry stays as null until the outermost walk has ended
 };
 
 /// The one handler object. It lives from the loading of the library to the end of the process.
