@@ -160,12 +160,13 @@ public:
     /// Connects `signal` to `slot` (texts as SIGNAL() and SLOT() make them) in place of whatever that signal was
     /// connected to at `receiver`. `ignored` has no meaning. A null object or text gives an empty Connection.
     static QMetaObject::Connection Connect(const QObject* sender, const char* signal, const QObject* receiver,
-                                           const char* slot, const QObject* ignored, Qt::ConnectionType type);
+                                           const char* slot, const QObject* ignored = nullptr,
+                                           Qt::ConnectionType type = Qt::UniqueConnection);
 
     /// The same with the first object below `root`, recursively, that bears the object name of the resource id `id`.
     /// A null root, an id without a name or a name without an object give an empty Connection.
     static QMetaObject::Connection Connect(unsigned id, const char* signal, const QObject* receiver, const char* slot,
-                                           const QObject* root, Qt::ConnectionType type);
+                                           const QObject* root, Qt::ConnectionType type = Qt::UniqueConnection);
 
     QT_WARNING_PUSH
     QT_WARNING_DISABLE_GCC("-Woverloaded-virtual") // CWnd_X hides it by its form for a parent window

@@ -295,6 +295,21 @@ struct XeHandler<Result(Args...)>
     }
 };
 
+/// The same for a scroll handler, whose bar may be declared as a QWidget or as the QAbstractSlider that it is.
+struct XeScrollHandler
+{
+    template <class Class>
+    static AFX_PMSG_X of(void (Class::*handler)(UINT, UINT, QWidget*))
+    {
+        return XeHandler<void(UINT, UINT, QWidget*)>::of(handler);
+    }
+    template <class Class>
+    static AFX_PMSG_X of(void (Class::*handler)(UINT, UINT, QAbstractSlider*))
+    {
+        return XeHandler<void(UINT, UINT, QAbstractSlider*)>::of(handler);
+    }
+};
+
 /// In a class derived from CWnd_X: it has a message map. Members that follow are protected.
 #define DECLARE_MESSAGE_MAP_X() \
 protected:                      \
@@ -326,6 +341,10 @@ protected:                      \
     this->AddMsgMapEntry(message, signature, XeHandler<type>::of<ThisClass>(&ThisClass::name), \
                          XeHandler<typeX>::of<ThisClass>(&ThisClass::name##_X));
 
+/// One entry for a scroll handler.
+#define XE_MSG_ENTRY_SCROLL(message, name) \
+    this->AddMsgMapEntry(message, AfxSig_SCROLL, XeScrollHandler::of<ThisClass>(&ThisClass::name), nullptr);
+
 /// A member `LRESULT memberFxn(WPARAM, LPARAM)` for any message.
 #define ON_MESSAGE_X(message, memberFxn) XE_MSG_ENTRY(message, AfxSig_l_w_l, memberFxn, LRESULT(WPARAM, LPARAM))
 
@@ -351,7 +370,7 @@ protected:                      \
 #define ON_WM_ERASEBKGND_X() XE_MSG_ENTRY(WM_ERASEBKGND, AfxSig_b_D_v, OnEraseBkgnd, BOOL(CDC_X*))
 #define ON_WM_FONTCHANGE_X() XE_MSG_ENTRY(WM_FONTCHANGE, AfxSig_v_v_v, OnFontChange, void())
 #define ON_WM_HOTKEY_X() XE_MSG_ENTRY(WM_HOTKEY, AfxSig_v_u_uu, OnHotKey, void(UINT, UINT, UINT))
-#define ON_WM_HSCROLL_X() XE_MSG_ENTRY(WM_HSCROLL, AfxSig_SCROLL, OnHScroll, void(UINT, UINT, QAbstractSlider*))
+#define ON_WM_HSCROLL_X() XE_MSG_ENTRY_SCROLL(WM_HSCROLL, OnHScroll)
 #define ON_WM_KEYDOWN_X() XE_MSG_ENTRY(WM_KEYDOWN, AfxSig_v_u_uu, OnKeyDown, void(UINT, UINT, UINT))
 #define ON_WM_KEYUP_X() XE_MSG_ENTRY(WM_KEYUP, AfxSig_v_u_uu, OnKeyUp, void(UINT, UINT, UINT))
 #define ON_WM_KILLFOCUS_X() XE_MSG_ENTRY_WINDOW(WM_KILLFOCUS, AfxSig_v_W_v, OnKillFocus, void(QWidget*), void(CWnd_X*))
@@ -394,7 +413,7 @@ protected:                      \
 #define ON_WM_SYSKEYDOWN_X() XE_MSG_ENTRY(WM_SYSKEYDOWN, AfxSig_v_u_uu, OnSysKeyDown, void(UINT, UINT, UINT))
 #define ON_WM_SYSKEYUP_X() XE_MSG_ENTRY(WM_SYSKEYUP, AfxSig_v_u_uu, OnSysKeyUp, void(UINT, UINT, UINT))
 #define ON_WM_TIMER_X() XE_MSG_ENTRY(WM_TIMER, AfxSig_v_up_v, OnTimer, void(UINT_PTR))
-#define ON_WM_VSCROLL_X() XE_MSG_ENTRY(WM_VSCROLL, AfxSig_SCROLL, OnVScroll, void(UINT, UINT, QAbstractSlider*))
+#define ON_WM_VSCROLL_X() XE_MSG_ENTRY_SCROLL(WM_VSCROLL, OnVScroll)
 #define ON_WM_WINDOWPOSCHANGED_X() \
     XE_MSG_ENTRY(WM_WINDOWPOSCHANGED, AfxSig_v_v_WINDOWPOS, OnWindowPosChanged, void(tagWINDOWPOS*))
 #define ON_WM_WINDOWPOSCHANGING_X() \

@@ -191,11 +191,11 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     void OnContextMenu_X(CWnd_X* window, CPoint point);
     void OnDropFiles(HDROP files);
     void OnHotKey(UINT id, UINT key1, UINT key2);
-    void OnHScroll(UINT code, UINT position, QAbstractSlider* bar);
+    void OnHScroll(UINT code, UINT position, QWidget* bar);
     /// The widget does not paint itself.
     void OnPaint();
     void OnSysChar(UINT character, UINT repeatCount, UINT modifiers);
-    void OnVScroll(UINT code, UINT position, QAbstractSlider* bar);
+    void OnVScroll(UINT code, UINT position, QWidget* bar);
 
     // --------------------------------------------------------------------------------- handlers that give a result
 

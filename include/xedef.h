@@ -19,6 +19,21 @@ class QWidget;
 #define XE_EXPORT Q_DECL_IMPORT
 #endif
 
+// ------------------------------------------------------------------- words of host code without a meaning here
+
+#ifndef CALLBACK
+#define CALLBACK
+#endif
+#ifndef WINAPI
+#define WINAPI
+#endif
+#ifndef APIENTRY
+#define APIENTRY
+#endif
+#ifndef afx_msg
+#define afx_msg
+#endif
+
 // ------------------------------------------------------------------------------------------------ scalar types
 
 using BOOL = int;

@@ -64,10 +64,10 @@ void CWnd_X::OnContextMenu(QWidget*, CPoint) {}
 void CWnd_X::OnContextMenu_X(CWnd_X*, CPoint) {}
 void CWnd_X::OnDropFiles(HDROP) {}
 void CWnd_X::OnHotKey(UINT, UINT, UINT) {}
-void CWnd_X::OnHScroll(UINT, UINT, QAbstractSlider*) {}
+void CWnd_X::OnHScroll(UINT, UINT, QWidget*) {}
 void CWnd_X::OnPaint() {}
 void CWnd_X::OnSysChar(UINT, UINT, UINT) {}
-void CWnd_X::OnVScroll(UINT, UINT, QAbstractSlider*) {}
+void CWnd_X::OnVScroll(UINT, UINT, QWidget*) {}
 
 // ---- Give a result.
 

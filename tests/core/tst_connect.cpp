@@ -46,6 +46,7 @@ private slots:
     void connectReplaces();
     void connectTouchesNoOtherPair();
     void connectKeepsTheType();
+    void connectIsUniqueUnlessSaidOtherwise();
     void connectWithNull();
     void connectById_data();
     void connectById();
@@ -165,6 +166,17 @@ void tst_Connect::connectKeepsTheType()
     QCOMPARE(receiver.calls, QStringList());
     QCoreApplication::sendPostedEvents(&receiver, QEvent::MetaCall);
     QCOMPARE(receiver.calls, QStringList{"first x"});
+}
+
+void tst_Connect::connectIsUniqueUnlessSaidOtherwise()
+{
+    QObject sender;
+    SlotOwner owner;
+    const char* const changed = SIGNAL(objectNameChanged(QString));
+    QVERIFY(CObject_X::Connect(&sender, changed, &owner, SLOT(first(QString))));
+    QVERIFY(!QObject::connect(&sender, changed, &owner, SLOT(first(QString)), Qt::UniqueConnection));
+    sender.setObjectName(QStringLiteral("a"));
+    QCOMPARE(owner.calls, QStringList{QStringLiteral("first a")});
 }
 
 void tst_Connect::connectWithNull()

@@ -55,6 +55,33 @@ private:
     int m_answer;
 };
 
+// Declares its scroll bars in the two ways that a host may.
+class ScrolledWindow : public CWnd_X
+{
+public:
+    void OnMessageMap() override
+    {
+        using ThisClass = ScrolledWindow;
+        CWnd_X::OnMessageMap();
+        ON_WM_HSCROLL_X()
+        ON_WM_VSCROLL_X()
+    }
+    LRESULT CALLBACK plainFunction() { return 1; }
+    afx_msg void OnHScroll(UINT code, UINT position, QWidget* bar)
+    {
+        CWnd_X::OnHScroll(code, position, bar);
+        horizontal = bar;
+    }
+    afx_msg void OnVScroll(UINT code, UINT position, QAbstractSlider* bar)
+    {
+        CWnd_X::OnVScroll(code, position, bar);
+        vertical = bar;
+    }
+
+    QWidget* horizontal = nullptr;
+    QAbstractSlider* vertical = nullptr;
+};
+
 // A call through a null pointer is what host code does; the sanitizer is not asked about it.
 __attribute__((no_sanitize("undefined"))) QWidget* handleOf(const CWnd_X* window) { return window->GetSafeHwnd(); }
 
@@ -210,6 +237,19 @@ private Q_SLOTS:
         window->SubclassWindow(&widget);
         QCOMPARE(DestroyWindow_X(&widget), 1);
         QVERIFY(!window);
+    }
+
+    void scrollHandlersTakeTheBarAsWidgetOrSlider()
+    {
+        QWidget widget;
+        QScrollBar bar;
+        ScrolledWindow window;
+        window.SubclassWindow(&widget);
+        window.SendMessage(WM_HSCROLL, 0, reinterpret_cast<LPARAM>(static_cast<QWidget*>(&bar)));
+        window.SendMessage(WM_VSCROLL, 0, reinterpret_cast<LPARAM>(static_cast<QWidget*>(&bar)));
+        QCOMPARE(window.horizontal, static_cast<QWidget*>(&bar));
+        QCOMPARE(window.vertical, static_cast<QAbstractSlider*>(&bar));
+        QCOMPARE(window.plainFunction(), 1LL);
     }
 
     void destroyingNothingGivesZero()
