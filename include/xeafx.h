@@ -207,10 +207,14 @@ private:
 // ------------------------------------------------------------------------------------------------ class macros
 
 /// In the class, beside Q_OBJECT: the run-time class record. Members that follow are public.
-#define DECLARE_DYNAMIC_X(className)    \
-public:                                 \
-    static CRuntimeClass_X s_classInfo; \
-    CRuntimeClass_X* GetRuntimeClass() const override { return &s_classInfo; }
+#define DECLARE_DYNAMIC_X(className)                                                              \
+public:                                                                                           \
+    static CRuntimeClass_X s_classInfo;                                                           \
+    QT_WARNING_PUSH Q_OBJECT_NO_OVERRIDE_WARNING virtual CRuntimeClass_X* GetRuntimeClass() const \
+    {                                                                                             \
+        return &s_classInfo;                                                                      \
+    }                                                                                             \
+    QT_WARNING_POP
 
 /// DECLARE_DYNAMIC_X for a class that can be created with no arguments.
 #define DECLARE_DYNCREATE_X(className) \

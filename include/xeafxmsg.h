@@ -6,6 +6,7 @@
 #include "xedef.h"
 
 #include <QEvent>
+#include <QObject>
 
 #include <cstring>
 
@@ -13,7 +14,6 @@ class CDC_X;
 class CPoint;
 class CWnd_X;
 class QAbstractSlider;
-class QObject;
 
 // -------------------------------------------------------------------------------------------- message numbers
 
@@ -95,9 +95,12 @@ inline constexpr UINT MK_ALT = 0x0020; ///< the Alt key, which Windows does not 
 inline constexpr UINT WA_INACTIVE = 0;
 inline constexpr UINT WA_ACTIVE = 1;
 
+inline constexpr int HTNOWHERE = 0;
+inline constexpr int HTCLIENT = 1;
 inline constexpr int HTCAPTION = 2;
 inline constexpr int HTLEFT = 10;
 inline constexpr int HTRIGHT = 11;
+inline constexpr int HTTOP = 12;
 inline constexpr int HTBOTTOM = 15;
 
 inline constexpr int VK_LBUTTON = 0x01;
@@ -130,7 +133,29 @@ inline constexpr int VK_INSERT = 0x2D;
 inline constexpr int VK_DELETE = 0x2E;
 inline constexpr int VK_HELP = 0x2F;
 inline constexpr int VK_MULTIPLY = 0x6A;
-inline constexpr int VK_F1 = 0x70; ///< VK_F1 + n - 1 is the function key n, up to 24
+inline constexpr int VK_F1 = 0x70;
+inline constexpr int VK_F2 = 0x71;
+inline constexpr int VK_F3 = 0x72;
+inline constexpr int VK_F4 = 0x73;
+inline constexpr int VK_F5 = 0x74;
+inline constexpr int VK_F6 = 0x75;
+inline constexpr int VK_F7 = 0x76;
+inline constexpr int VK_F8 = 0x77;
+inline constexpr int VK_F9 = 0x78;
+inline constexpr int VK_F10 = 0x79;
+inline constexpr int VK_F11 = 0x7A;
+inline constexpr int VK_F12 = 0x7B;
+inline constexpr int VK_F13 = 0x7C;
+inline constexpr int VK_F14 = 0x7D;
+inline constexpr int VK_F15 = 0x7E;
+inline constexpr int VK_F16 = 0x7F;
+inline constexpr int VK_F17 = 0x80;
+inline constexpr int VK_F18 = 0x81;
+inline constexpr int VK_F19 = 0x82;
+inline constexpr int VK_F20 = 0x83;
+inline constexpr int VK_F21 = 0x84;
+inline constexpr int VK_F22 = 0x85;
+inline constexpr int VK_F23 = 0x86;
 inline constexpr int VK_F24 = 0x87;
 inline constexpr int VK_NUMLOCK = 0x90;
 inline constexpr int VK_SCROLL = 0x91;
@@ -311,9 +336,10 @@ struct XeScrollHandler
 };
 
 /// In a class derived from CWnd_X: it has a message map. Members that follow are protected.
-#define DECLARE_MESSAGE_MAP_X() \
-protected:                      \
-    void OnMessageMap() override;
+#define DECLARE_MESSAGE_MAP_X()                                               \
+protected:                                                                    \
+    QT_WARNING_PUSH Q_OBJECT_NO_OVERRIDE_WARNING virtual void OnMessageMap(); \
+    QT_WARNING_POP
 
 /// In one source file, around the entries below: the message map of a class, added to that of its base. An entry for a
 /// message that the base has too replaces the base's.
@@ -336,7 +362,8 @@ protected:                      \
     this->AddMsgMapEntry(message, signature, XeHandler<__VA_ARGS__>::of<ThisClass>(&ThisClass::name), nullptr);
 
 /// One entry for a handler with a window argument: the members `name` (first type) and `name_X` (second type). Both are
-/// called, whichever the class has of its own, and the result of `name_X` counts.
+/// called, whichever the class has of its own, and the result of `name_X` counts: a class with the first form alone is
+/// overruled by CWnd_X's second.
 #define XE_MSG_ENTRY_WINDOW(message, signature, name, type, typeX)                             \
     this->AddMsgMapEntry(message, signature, XeHandler<type>::of<ThisClass>(&ThisClass::name), \
                          XeHandler<typeX>::of<ThisClass>(&ThisClass::name##_X));
@@ -345,7 +372,7 @@ protected:                      \
 #define XE_MSG_ENTRY_SCROLL(message, name) \
     this->AddMsgMapEntry(message, AfxSig_SCROLL, XeScrollHandler::of<ThisClass>(&ThisClass::name), nullptr);
 
-/// A member `LRESULT memberFxn(WPARAM, LPARAM)` for any message.
+/// A member `LRESULT memberFxn(WPARAM, LPARAM)` for any message, given by its bare name.
 #define ON_MESSAGE_X(message, memberFxn) XE_MSG_ENTRY(message, AfxSig_l_w_l, memberFxn, LRESULT(WPARAM, LPARAM))
 
 // The handlers of CWnd_X, each under the message it stands for. The class's own member of that name is entered, or the

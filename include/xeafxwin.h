@@ -79,9 +79,9 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     // ------------------------------------------------------------------------------------------------- messages
 
     /// Makes `handler` the one for `message`, in place of an earlier entry. The signature code selects how the handlers
-    /// are called; the message-map macros write the right one. A null handler is not called, and the message still
-    /// counts as handled.
-    void AddMsgMapEntry(UINT message, unsigned long signature, AFX_PMSG_X handler, AFX_PMSG_X secondHandler);
+    /// are called; the message-map macros write the right one, and XeHandler takes the type off a handler. A null handler
+    /// is not called, and the message still counts as handled.
+    void AddMsgMapEntry(UINT message, unsigned long signature, AFX_PMSG_X handler, AFX_PMSG_X secondHandler = nullptr);
 
     /// Sets or clears the accept flag of the event now being handled: false passes it on to Qt. Nothing outside a
     /// handler.

@@ -58,6 +58,9 @@ using LRESULT = long long;
 
 using LPWSTR = wchar_t*;
 using LPCWSTR = const wchar_t*;
+using LPTSTR = wchar_t*;
+using LPCTSTR = const wchar_t*;
+using LPVOID = void*;
 
 inline constexpr BOOL FALSE = 0;
 inline constexpr BOOL TRUE = 1;
@@ -147,8 +150,11 @@ using LPPOINT = tagPOINT*;
 using LPRECT = tagRECT*;
 using LPCRECT = const tagRECT*;
 using CREATESTRUCT = tagCREATESTRUCTW;
+using CREATESTRUCTW = tagCREATESTRUCTW;
 using LPCREATESTRUCT = tagCREATESTRUCTW*;
+using LPCREATESTRUCTW = tagCREATESTRUCTW*;
 using WINDOWPOS = tagWINDOWPOS;
+using LPWINDOWPOS = tagWINDOWPOS*;
 using STYLESTRUCT = tagSTYLESTRUCT;
 using LPSTYLESTRUCT = tagSTYLESTRUCT*;
 using MEASUREITEMSTRUCT = tagMEASUREITEMSTRUCT;
