@@ -27,9 +27,6 @@ LPARAM packed(QPointF position) { return packed(qRound(position.x()), qRound(pos
 
 LPARAM address(const QObject* object) { return static_cast<LPARAM>(reinterpret_cast<quintptr>(object)); }
 
-// The modifiers stand where Windows has the scan code.
-LPARAM keyFlags(Qt::KeyboardModifiers modifiers) { return static_cast<LPARAM>(qt_kb_flag_2_flag(modifiers)) << 16; }
-
 UINT byButton(Qt::MouseButton button, UINT left, UINT right, UINT middle)
 {
     switch (button) {
@@ -147,6 +144,8 @@ Parameters parametersOf(const QObject* target, const QEvent* event, PointerPosit
 }
 
 } // namespace
+
+LPARAM keyFlags(Qt::KeyboardModifiers modifiers) { return static_cast<LPARAM>(qt_kb_flag_2_flag(modifiers)) << 16; }
 
 int frameHitCode(const QWidget& widget, QPoint cursor)
 {

@@ -57,6 +57,9 @@ constexpr bool hasMessage(QEvent::Type type)
 /// The message of an event whose type has one, without time and pointer position.
 tagMSG translateEvent(QObject* target, const QEvent* event, PointerPosition& pointer);
 
+/// The modifiers as key messages carry them: MK_ flags in bits 16 to 21, where Windows has the scan code.
+LPARAM keyFlags(Qt::KeyboardModifiers modifiers);
+
 /// Fills in what only those who see the whole record can look at: time and pointer position.
 void stampMessage(tagMSG& message, PointerPosition& pointer);
 

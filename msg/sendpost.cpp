@@ -1,3 +1,4 @@
+#include "msg/eventtranslation.h"
 #include "msg/messageevent.h"
 #include "xeafxwin.h"
 
@@ -97,7 +98,7 @@ int TranslateMessage(QObject* target, const QEvent* event, const tagMSG* msg)
         const auto* press = static_cast<const QKeyEvent*>(event);
         const QVector<uint> characters = press->text().toUcs4();
         const UINT message = press->modifiers() & Qt::AltModifier ? WM_SYSCHAR : WM_CHAR;
-        const LPARAM lParam = static_cast<LPARAM>(qt_kb_flag_2_flag(press->modifiers())) << 16 | 1;
+        const LPARAM lParam = keyFlags(press->modifiers()) | 1;
         for (const uint character : characters)
             QCoreApplication::postEvent(target, new XeWinMsgEvent(message, character, lParam));
         return characters.isEmpty() ? 0 : 1;
