@@ -61,6 +61,7 @@ using LPCWSTR = const wchar_t*;
 using LPTSTR = wchar_t*;
 using LPCTSTR = const wchar_t*;
 using LPVOID = void*;
+using BSTR = wchar_t*; ///< a terminated text from calloc, without a length in front
 
 inline constexpr BOOL FALSE = 0;
 inline constexpr BOOL TRUE = 1;

@@ -1,27 +1,52 @@
 #include "xeresource.h"
 
+#include "text/widetext.h"
+#include "win/callingmodule.h"
+#include "xeafxstr.h"
+
+#include <QBitmap>
+#include <QFile>
+#include <QImage>
 #include <QSettings>
 #include <QStringList>
 
-#include <execinfo.h>
-
-#include <cstdlib>
-#include <memory>
+#include <unwind.h>
 
 namespace {
 
-// "/opt/lib/libFoo.so.1(+0x12) [0x7f..]" is of the module "libFoo".
-QString moduleOfFrame(const char* symbol)
+constexpr int mostFrames = 16;
+
+struct StackWalk
 {
-    QString text = QString::fromLocal8Bit(symbol);
-    const int bracket = text.lastIndexOf(QLatin1Char('('));
-    if (bracket >= 0)
-        text.truncate(bracket);
-    text.remove(0, text.lastIndexOf(QLatin1Char('/')) + 1);
-    const int dot = text.indexOf(QLatin1Char('.'));
-    if (dot >= 0)
-        text.truncate(dot);
-    return text;
+    int frames = 0;
+    const xe::Module* module = nullptr;
+};
+
+_Unwind_Reason_Code visitFrame(_Unwind_Context* context, void* data)
+{
+    auto& walk = *static_cast<StackWalk*>(data);
+    walk.module = &xe::moduleAt(reinterpret_cast<void*>(_Unwind_GetIP(context)));
+    const bool decided = !walk.module->isOwn || ++walk.frames == mostFrames;
+    return decided ? _URC_NORMAL_STOP : _URC_NO_REASON;
+}
+
+// The table of the calling module from a cache; an empty one is read from the resource tree again.
+template <class Key, class ToKey>
+QMap<Key, QString>& moduleTable(QMap<QString, QMap<Key, QString>>& cache, const QString& module, const char* suffix,
+                                ToKey toKey)
+{
+    QMap<Key, QString>& table = cache[module];
+    if (table.isEmpty()) {
+        const QString path = QStringLiteral(":/%1/%1%2").arg(module, QLatin1String(suffix));
+        if (QFile::exists(path)) {
+            QSettings file(path, QSettings::IniFormat);
+            file.setIniCodec("UTF-8");
+            const QStringList keys = file.allKeys();
+            for (const QString& key : keys)
+                table[toKey(key)] = file.value(key).toString();
+        }
+    }
+    return table;
 }
 
 } // namespace
@@ -37,34 +62,21 @@ bool isCurrentLibrary(const QString& module)
 
 QString GetPlxResourceName()
 {
-    void* addresses[16];
-    const int count = backtrace(addresses, 16);
-    const std::unique_ptr<char*, decltype(&std::free)> symbols(backtrace_symbols(addresses, count), &std::free);
-    QString module;
-    bool inside = false; // a sanitizer's own backtrace() stands before the library's frames
-    for (int i = 0; symbols && i < count; ++i) {
-        module = moduleOfFrame(symbols.get()[i]);
-        const bool own = isCurrentLibrary(module);
-        if (inside && !own)
-            break;
-        inside = inside || own;
-    }
-    return module;
+    StackWalk walk;
+    _Unwind_Backtrace(visitFrame, &walk);
+    return walk.module ? walk.module->name : QString();
 }
 
 QMap<unsigned int, QString>& GetResourceIDMap()
 {
     static QMap<QString, QMap<unsigned int, QString>> mapResIDMap;
-    const QString module = GetPlxResourceName();
-    QMap<unsigned int, QString>& table = mapResIDMap[module];
-    if (table.isEmpty()) {
-        QSettings file(QStringLiteral(":/%1/%1IDs").arg(module), QSettings::IniFormat);
-        file.setIniCodec("UTF-8");
-        const QStringList keys = file.allKeys();
-        for (const QString& key : keys)
-            table[key.toUInt()] = file.value(key).toString();
-    }
-    return table;
+    return moduleTable(mapResIDMap, GetPlxResourceName(), "IDs", [](const QString& key) { return key.toUInt(); });
+}
+
+QMap<QString, QString>& GetStringResourceTable()
+{
+    static QMap<QString, QMap<QString, QString>> mapStringTable;
+    return moduleTable(mapStringTable, GetPlxResourceName(), "ST", [](const QString& key) { return key; });
 }
 
 QString GetObjectNameById(int id) { return GetResourceIDMap().value(static_cast<unsigned int>(id)); }
@@ -72,3 +84,27 @@ QString GetObjectNameById(int id) { return GetResourceIDMap().value(static_cast<
 QString ToStringId(unsigned int id) { return GetResourceIDMap().value(id); }
 
 int ToCtrlId(const QString& name) { return static_cast<int>(GetResourceIDMap().key(name, 0)); }
+
+QString GetResourceStringById(unsigned int id)
+{
+    const QString name = GetResourceIDMap().value(id);
+    return name.isEmpty() ? QString() : GetStringResourceTable().value(name);
+}
+
+int LoadString_X(void*, unsigned int id, wchar_t* buffer, int capacity)
+{
+    return xe::writeWide(GetResourceStringById(id), buffer, capacity);
+}
+
+QPixmap LoadBitmap_X(const wchar_t* path)
+{
+    const QImage image = QImage(XeQString(path)).convertToFormat(QImage::Format_RGBA8888);
+    QPixmap pixmap = QPixmap::fromImage(image);
+    if (!pixmap.isNull())
+        pixmap.setMask(pixmap.createMaskFromColor(QColor(192, 192, 192), Qt::MaskInColor));
+    return pixmap;
+}
+
+void* AfxGetResourceHandle_X() { return nullptr; }
+
+void AfxSetResourceHandle_X(void*) {}

@@ -1,0 +1,358 @@
+/// @file xeafxstr.h
+/// CString_X, the text type of the library and of its hosts, and XeQString, the way from it to Qt.
+#pragma once
+
+#include "xedef.h"
+
+#include <QString>
+
+#include <cstdarg>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+class QDebug;
+
+namespace xe {
+
+/// Whether a type cannot go through the `...` of a C function: an object with a copy constructor of its own.
+template <class T>
+inline constexpr bool isManagedObject = std::is_class_v<T> && !std::is_trivially_copyable_v<T>;
+
+/// What stands for an argument of CString_X::Format in the `...`: the text pointer of a wide string, else itself.
+template <class T>
+decltype(auto) formatArgument(const T& argument)
+{
+    if constexpr (std::is_base_of_v<std::wstring, T>)
+        return argument.c_str();
+    else {
+        static_assert(!isManagedObject<T>, "this object cannot be formatted: pass a text pointer for %s, such as "
+                                           "CString_X(text).GetString(), or its c_str() for %S");
+        return (argument);
+    }
+}
+
+} // namespace xe
+
+/// A wide text: a std::wstring with the operations of the published string class and a UTF-8 copy on demand.
+///
+///     CString_X name = L"bolt";
+///     name += L" M6";
+///     CString_X line;
+///     line.Format(L"%s: %d in stock", name, 12); // the object goes straight in
+///     puts(line);                                // as UTF-8
+///     label->setText(XeQString(line));
+///
+/// An element is a whole code point, `wchar_t` having 32 bits here. Copies are deep: there is no shared buffer. The length
+/// counts embedded 0 elements; the operations that go through a text pointer end at the first of them. Comparison and
+/// concatenation are those of std::wstring.
+///
+/// Where a pointer is taken, null means the empty text, unless stated otherwise. Narrow text is UTF-8, whatever the locale.
+/// Misuse is reported by the standard library's exceptions alone. Objects have no lock; the narrow conversion writes to
+/// the object and therefore is not const.
+class XE_EXPORT CString_X : public std::wstring
+{
+public:
+    CString_X() noexcept = default;
+    CString_X(std::nullptr_t) noexcept {}
+    CString_X(const CString_X& other) : std::wstring(other) {}                           ///< without the UTF-8 copy
+    CString_X(CString_X&& other) noexcept : std::wstring(std::move(other.wideText())) {} ///< without the UTF-8 copy
+    CString_X(const std::wstring& text) : std::wstring(text) {}
+    CString_X(std::wstring&& text) noexcept : std::wstring(std::move(text)) {}
+    CString_X(const wchar_t* text) : std::wstring(orEmpty(text)) {}
+
+    /// Exactly `count` elements, embedded zeros too; the caller promises that they are there. For a null text `count`
+    /// zeros. Raises std::length_error for a negative count.
+    CString_X(const wchar_t* text, int count);
+
+    /// `count` times one element. Raises std::length_error for a negative count.
+    CString_X(wchar_t ch, int count) : std::wstring(static_cast<size_type>(count), ch) {}
+    explicit CString_X(wchar_t ch) : std::wstring(1, ch) {}
+
+    /// The text up to its first 0; each surrogate pair is one element, a lone surrogate U+FFFD.
+    CString_X(const QString& text);
+
+    /// Decodes UTF-8. Raises std::range_error if that is invalid; there is no fallback encoding.
+    CString_X(const char* utf8);
+
+    ~CString_X() { CleanUtf8Mem(); }
+
+    // Assignment replaces the wide text; the argument may lie in the object's own storage. The UTF-8 copy stays as it is.
+    CString_X& operator=(std::nullptr_t) { return *this = L""; }
+    CString_X& operator=(const CString_X& other);
+    CString_X& operator=(CString_X&& other) noexcept;
+    CString_X& operator=(const std::wstring& text);
+    CString_X& operator=(std::wstring&& text) noexcept { return assignWide(std::move(text)); }
+    CString_X& operator=(wchar_t ch);
+    CString_X& operator=(const wchar_t* text);
+    CString_X& operator=(const QString& text) { return assignWide(std::move(CString_X(text).wideText())); }
+    CString_X& operator=(const char* utf8); ///< raises as the constructor does; the old text stays then
+    CString_X& operator=(const unsigned char* utf8) { return *this = reinterpret_cast<const char*>(utf8); }
+
+    CString_X& operator+=(const CString_X& text) { return *this += text.wideText(); }
+    CString_X& operator+=(const std::wstring& text);
+    CString_X& operator+=(wchar_t ch);
+    CString_X& operator+=(const wchar_t* text);
+    CString_X& operator+=(const QString& text) { return *this += CString_X(text); }
+    CString_X& operator+=(const char* utf8) { return *this += CString_X(utf8); }
+    void AppendChar(wchar_t ch) { push_back(ch); }
+    void Append(const wchar_t* text) { append(orEmpty(text)); }
+    void Append(const wchar_t* text, int count) { *this += CString_X(text, count); }
+    void Append(const CString_X& text) { *this += text; }
+
+    // -------------------------------------------------------------------------------------------------- elements
+
+    int GetLength() const noexcept { return static_cast<int>(length()); } ///< in elements
+    bool IsEmpty() const noexcept { return empty(); }
+    void Empty() noexcept { clear(); } ///< keeps the capacity and the UTF-8 copy
+
+    const wchar_t* GetString() const noexcept { return c_str(); } ///< the live text, never null
+    operator const wchar_t*() const noexcept { return c_str(); }
+
+    /// One element by value. Raises std::out_of_range for an index outside the text, its terminator included.
+    wchar_t GetAt(int index) const { return elementAt(static_cast<size_type>(index)); }
+    wchar_t operator[](int index) const { return GetAt(index); }
+    template <class Index, std::enable_if_t<std::is_integral_v<Index>, int> = 0>
+    wchar_t operator[](Index index) const
+    {
+        return elementAt(static_cast<size_type>(index));
+    }
+
+    /// Writes one element, with no check against the length: behind the text it goes into the room that GetBuffer made.
+    /// Outside the capacity nothing is written.
+    void SetAt(int index, wchar_t ch) noexcept;
+
+    // ----------------------------------------------------------------------------------------------- narrow text
+
+    /// The whole text as UTF-8, cut at its first 0. Never null. The object owns the copy: it lives until the next call on
+    /// the same object, even in the same expression, a CleanUtf8Mem or the object's end. Changing the text neither
+    /// updates nor frees it. Raises std::range_error for a surrogate or an element above 0x10FFFF; the copy made before
+    /// stays then.
+    operator const char*() { return Utf8Ptr(); }
+    const char* Utf8Ptr();
+
+    void CleanUtf8Mem() noexcept ///< frees the UTF-8 copy
+    {
+        delete[] utf8Cache;
+        utf8Cache = nullptr;
+    }
+
+    // ------------------------------------------------------------------------------------------------ extraction
+    // The results end at the first 0 element.
+
+    CString_X Left(int count) const;  ///< empty for a negative count, the whole text for one beyond the length
+    CString_X Right(int count) const; ///< empty for a negative count, the whole text for one beyond the length
+    CString_X Mid(int first) const;   ///< the whole text for a negative start, empty for one beyond the length
+
+    /// Empty for a negative start, unlike the form without a count, and for one beyond the length. A negative count means
+    /// up to the end.
+    CString_X Mid(int first, int count) const;
+
+    /// The text before the first element that is in the set; the whole text if none is.
+    CString_X SpanExcluding(const wchar_t* set) const;
+
+    /// The text before the first element that is not in the set. When every element is in the set the result is empty,
+    /// unlike the published function; callers rely on it.
+    CString_X SpanIncluding(const wchar_t* set) const;
+
+    /// The next token from `start` on, which is then set behind the delimiter that ended it; delimiters in front are
+    /// skipped. With nothing left the result is empty and `start` is -1, as it is for a start outside the text. An empty
+    /// set gives the rest of the text.
+    CString_X Tokenize(const wchar_t* delimiters, int& start) const;
+
+    // ---------------------------------------------------------------------------------------------- change in place
+
+    void MakeUpper();   ///< by towupper: ASCII alone, unless the host has set a C locale
+    void MakeLower();   ///< by towlower, likewise
+    void MakeReverse(); ///< element by element
+
+    int Replace(wchar_t oldChar, wchar_t newChar); ///< the number of replacements
+
+    /// From left to right; what was put in is not searched again. Returns the number of replacements. An empty old text
+    /// is found nowhere.
+    int Replace(const wchar_t* oldText, const wchar_t* newText);
+
+    int Remove(wchar_t ch); ///< every occurrence; the number of elements removed
+
+    /// Returns the new length. Raises std::out_of_range for a position below 0 or beyond the length.
+    int Insert(int position, wchar_t ch);
+    int Insert(int position, const wchar_t* text);
+
+    /// Removes up to the end for a negative count or one beyond the rest. Returns the number of elements removed, unlike
+    /// the published function, which returns the new length. Raises std::out_of_range as Insert does.
+    int Delete(int position, int count = 1);
+
+    // Without an argument: blank, CR, LF and tab, no other white space. With an empty set nothing is trimmed.
+    CString_X& TrimLeft();
+    CString_X& TrimLeft(wchar_t ch);
+    CString_X& TrimLeft(const wchar_t* set);
+    CString_X& TrimRight();
+    CString_X& TrimRight(wchar_t ch);
+    CString_X& TrimRight(const wchar_t* set);
+    CString_X& Trim() { return TrimLeft().TrimRight(); }
+    CString_X& Trim(wchar_t ch) { return TrimLeft(ch).TrimRight(ch); }
+    CString_X& Trim(const wchar_t* set) { return TrimLeft(set).TrimRight(set); }
+
+    // ---------------------------------------------------------------------------------------------------- search
+    // The results are positions, -1 for none. A negative start finds nothing.
+
+    int Find(wchar_t ch) const { return positionOf(find(ch)); }
+    int Find(wchar_t ch, int start) const { return positionOf(find(ch, static_cast<size_type>(start))); }
+    int Find(const wchar_t* text) const; ///< -1 for an empty text, unlike the published function, which gives 0
+    int Find(const wchar_t* text,
+             int start) const; ///< an empty text is found at `start` if that is in the text or at its end
+    int ReverseFind(wchar_t ch) const { return positionOf(rfind(ch)); }
+    int FindOneOf(const wchar_t* set) const { return positionOf(find_first_of(orEmpty(set))); }
+
+    // ------------------------------------------------------------------------------------------------ comparison
+    // The sign is that of the first difference; the values are not normalised to -1, 0 and 1.
+
+    int Compare(const wchar_t* text) const { return compare(orEmpty(text)); } ///< by code points, then by length
+    int CompareNoCase(const wchar_t* text) const;                             ///< after towlower on both sides
+    int Collate(const wchar_t* text) const;       ///< by the locale of the environment, made anew on each call; raises
+                                                  ///< std::runtime_error if there is no such locale
+    int CollateNoCase(const wchar_t* text) const; ///< Collate after towlower on both sides
+
+    // ------------------------------------------------------------------------------------------------ raw buffer
+
+    /// The live text with room for `count` elements and a terminator; the length stays. Raises std::length_error for a
+    /// negative count.
+    wchar_t* GetBuffer(int count = 0);
+
+    /// Sets the length; new elements are 0. Returns the address that the text had *before*: when the text had to move,
+    /// that is no longer its own and must not be used. To grow a text, call GetBuffer first.
+    wchar_t* GetBufferSetLength(int count);
+
+    /// With -1 sets the length to where the buffer's first 0 stands, also beyond the old length. With 0 up to the length
+    /// cuts the text there, or at its first 0. Any other count does nothing, one above the length too, unlike the
+    /// published function: a caller that wrote more terminates it and passes -1.
+    void ReleaseBuffer(int count = -1);
+
+    void Preallocate(int count) { GetBuffer(count); } ///< makes room; the text stays
+    wchar_t* AllocSysString() const; ///< a copy to be freed by SysFreeString_X; null if there is no memory
+
+    // ----------------------------------------------------------------------------------- line ends and separators
+    // Each returns a changed copy.
+
+    CString_X ToWinReturn() const;     ///< every LF becomes CR LF, also one behind a CR
+    CString_X ToUnixReturn() const;    ///< every CR LF becomes LF; a lone CR stays
+    CString_X ToWinSeperator() const;  ///< every / becomes a backslash
+    CString_X ToUnixSeperator() const; ///< every backslash becomes /
+
+    // ------------------------------------------------------------------------------------ resources and formatting
+
+    /// Takes the text of an identifier from the calling module's tables (xeresource.h). Returns 1, or 0 with the old text
+    /// kept when there is none. Instance and language are ignored.
+    BOOL LoadString(unsigned int id);
+    BOOL LoadString(void* /*instance*/, unsigned int id) { return LoadString(id); }
+    BOOL LoadString(void* /*instance*/, unsigned int id, unsigned short /*language*/) { return LoadString(id); }
+
+    /// Formats by the rules of xeformat.h; the text ends at the first 0 element of the result. The arguments may be parts
+    /// of the object itself. A null format gives an empty text. Wide string objects among the arguments stand for their
+    /// text; other objects do not compile.
+    void Format(const wchar_t* format, ...);
+    void FormatV(const wchar_t* format, std::va_list arguments);
+    void AppendFormat(const wchar_t* format, ...); ///< Format, behind the present text
+
+    template <class... Arguments, std::enable_if_t<(xe::isManagedObject<Arguments> || ...), int> = 0>
+    void Format(const wchar_t* format, const Arguments&... arguments)
+    {
+        Format(format, xe::formatArgument(arguments)...);
+    }
+
+    template <class... Arguments, std::enable_if_t<(xe::isManagedObject<Arguments> || ...), int> = 0>
+    void AppendFormat(const wchar_t* format, const Arguments&... arguments)
+    {
+        AppendFormat(format, xe::formatArgument(arguments)...);
+    }
+
+    char* utf8Cache = nullptr; ///< the last UTF-8 copy, owned; null if there is none
+
+private:
+    static const wchar_t* orEmpty(const wchar_t* text) noexcept { return text ? text : L""; }
+    static int positionOf(size_type found) noexcept { return found == npos ? -1 : static_cast<int>(found); }
+    std::wstring& wideText() noexcept { return *this; }
+    const std::wstring& wideText() const noexcept { return *this; }
+    CString_X& assignWide(std::wstring&& text) noexcept;
+    wchar_t elementAt(size_type index) const { return at(index); }
+    CString_X extract(size_type first, size_type count) const;
+};
+
+/// A QString made from wide text, up to its first 0 element. It is-a QString: pass it wherever Qt takes one.
+class XE_EXPORT XeQString : public QString
+{
+public:
+    XeQString() = default;
+    XeQString(const wchar_t* text) : QString(fromWide(text)) {}
+    XeQString(const CString_X& text) : QString(fromWide(text.GetString())) {}
+
+    using QString::operator=;
+    XeQString& operator=(const wchar_t* text);
+    XeQString& operator=(const CString_X& text) { return *this = text.GetString(); }
+
+    using QString::operator+=;
+    XeQString& operator+=(const wchar_t* text);
+    XeQString& operator+=(const CString_X& text) { return *this += text.GetString(); }
+
+private:
+    static QString fromWide(const wchar_t* text);
+};
+
+/// The text in quotation marks, as QString is shown.
+XE_EXPORT QDebug operator<<(QDebug debug, const CString_X& text);
+
+/// Equal to the hash of the std::wstring.
+template <>
+struct std::hash<CString_X>
+{
+    std::size_t operator()(const CString_X& text) const noexcept { return std::hash<std::wstring>()(text); }
+};
+
+// ------------------------------------------------------------------------------------------- short and often called
+
+inline CString_X& CString_X::operator=(const CString_X& other)
+{
+    std::wstring::operator=(other.wideText());
+    return *this;
+}
+
+inline CString_X& CString_X::operator=(CString_X&& other) noexcept { return assignWide(std::move(other.wideText())); }
+
+inline CString_X& CString_X::operator=(const std::wstring& text)
+{
+    std::wstring::operator=(text);
+    return *this;
+}
+
+inline CString_X& CString_X::operator=(wchar_t ch)
+{
+    assign(1, ch);
+    return *this;
+}
+
+inline CString_X& CString_X::operator+=(const std::wstring& text)
+{
+    append(text);
+    return *this;
+}
+
+inline CString_X& CString_X::operator+=(wchar_t ch)
+{
+    push_back(ch);
+    return *this;
+}
+
+inline CString_X& CString_X::operator+=(const wchar_t* text)
+{
+    append(orEmpty(text));
+    return *this;
+}
+
+inline int CString_X::Find(const wchar_t* text) const { return text && *text ? positionOf(find(text)) : -1; }
+
+inline int CString_X::Find(const wchar_t* text, int start) const
+{
+    return positionOf(find(orEmpty(text), static_cast<size_type>(start)));
+}
