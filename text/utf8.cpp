@@ -1,140 +1,182 @@
 #include "text/utf8.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
+
+// Each direction counts first and then converts into memory of the right size, looking at the validity of what it
+// converts. Both go over ASCII in blocks; where a block is not ASCII they take the next two element by element.
 
 namespace xe {
 
 namespace {
 
-constexpr std::size_t asciiBlock = sizeof(std::uint64_t);
+constexpr std::size_t blockSize = 8;
+
+// ------------------------------------------------------------------------------------------------------------ decoding
+
+// Sums up what `count` gives for each item. A loop of fixed length over narrow sums is one that compilers turn into
+// vector instructions.
+template <class Sum, class Item, class Count>
+std::size_t total(std::basic_string_view<Item> items, Count count)
+{
+    constexpr std::size_t partSize = 64;
+    std::size_t sum = 0;
+    for (; items.size() >= partSize; items.remove_prefix(partSize)) {
+        Sum part = 0;
+        for (std::size_t i = 0; i < partSize; ++i)
+            part = static_cast<Sum>(part + count(items[i]));
+        sum += part;
+    }
+    for (const Item item : items)
+        sum += count(item);
+    return sum;
+}
+
+// One element comes of each byte that does not continue a sequence; of invalid bytes not more than that.
+std::size_t mostElements(std::string_view bytes)
+{
+    return total<std::uint8_t>(bytes, [](char byte) -> std::uint8_t { return (byte & 0xC0) != 0x80; });
+}
 
 bool isAsciiBlock(const unsigned char* bytes)
 {
     std::uint64_t block;
+    static_assert(sizeof block == blockSize);
     std::memcpy(&block, bytes, sizeof block);
     return (block & 0x8080808080808080U) == 0;
 }
 
-constexpr bool isContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
+// The six bits of a byte that continues a sequence; for any other byte more than that.
+constexpr std::uint32_t tailBits(unsigned char byte) { return byte ^ 0x80U; }
 
-// The length of the valid sequence of two to four bytes that starts here, 0 if there is none. The second byte of a
-// sequence tells overlong forms, surrogates and values above 0x10FFFF.
-std::size_t sequenceLength(const unsigned char* bytes, std::size_t left)
+constexpr bool isElement(std::uint32_t value) { return value <= 0x10FFFF && value - 0xD800 >= 0x800; }
+
+// Writes the element of the sequence of two to four bytes that starts here and returns the sequence's length; 0 if it is
+// not valid. A first byte that starts no sequence gives a value out of the range of its length.
+std::size_t decodeSequence(const unsigned char* bytes, std::size_t left, wchar_t& element)
 {
-    const unsigned char lead = bytes[0];
-    if (lead < 0xC2 || lead > 0xF4)
-        return 0;
+    const std::uint32_t lead = bytes[0];
     const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
     if (length > left)
         return 0;
-    const unsigned char lowest = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
-    const unsigned char highest = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
-    if (bytes[1] < lowest || bytes[1] > highest)
-        return 0;
-    for (std::size_t i = 2; i < length; ++i) {
-        if (!isContinuation(bytes[i]))
-            return 0;
+    const std::uint32_t second = tailBits(bytes[1]);
+    if (length == 2) {
+        const std::uint32_t value = (lead - 0xC0) << 6 | second;
+        element = static_cast<wchar_t>(value);
+        return second < 0x40 && value - 0x80 < 0x780 ? 2 : 0;
     }
-    return length;
+    const std::uint32_t third = tailBits(bytes[2]);
+    if (length == 3) {
+        const std::uint32_t value = (lead & 0x0F) << 12 | second << 6 | third;
+        element = static_cast<wchar_t>(value);
+        return (second | third) < 0x40 && value >= 0x800 && isElement(value) ? 3 : 0;
+    }
+    const std::uint32_t fourth = tailBits(bytes[3]);
+    const std::uint32_t value = (lead & 0x0F) << 18 | second << 12 | third << 6 | fourth;
+    element = static_cast<wchar_t>(value);
+    return (second | third | fourth) < 0x40 && value - 0x10000 < 0x100000 ? 4 : 0;
 }
 
-wchar_t sequenceValue(const unsigned char* bytes, std::size_t length)
+// ------------------------------------------------------------------------------------------------------------ encoding
+
+std::size_t encodedSize(std::wstring_view text)
 {
-    const auto tail = [bytes](std::size_t i) { return bytes[i] & 0x3F; };
-    switch (length) {
-    case 2:
-        return (bytes[0] & 0x1F) << 6 | tail(1);
-    case 3:
-        return (bytes[0] & 0x0F) << 12 | tail(1) << 6 | tail(2);
-    default:
-        return (bytes[0] & 0x07) << 18 | tail(1) << 12 | tail(2) << 6 | tail(3);
-    }
+    return text.size() + total<std::uint32_t>(text, [](wchar_t ch) {
+               const auto value = static_cast<std::uint32_t>(ch);
+               return std::uint32_t(value > 0x7F) + std::uint32_t(value > 0x7FF) + std::uint32_t(value > 0xFFFF);
+           });
 }
 
-// The number of elements, or nothing.
-std::optional<std::size_t> decodedLength(const unsigned char* bytes, const unsigned char* end)
+bool isAsciiBlock(const wchar_t* elements)
 {
-    std::size_t count = 0;
-    while (bytes != end) {
-        const auto left = static_cast<std::size_t>(end - bytes);
-        std::size_t step = 1;
-        if (*bytes < 0x80) {
-            if (left >= asciiBlock && isAsciiBlock(bytes)) {
-                bytes += asciiBlock;
-                count += asciiBlock;
-                continue;
-            }
-        } else if (step = sequenceLength(bytes, left); step == 0) {
-            return {};
-        }
-        bytes += step;
-        ++count;
+    std::uint32_t bits = 0;
+    for (std::size_t i = 0; i < blockSize; ++i)
+        bits |= static_cast<std::uint32_t>(elements[i]);
+    return bits < 0x80;
+}
+
+// Null for an element without a UTF-8 form, else the end of its bytes.
+char* encodeElement(std::uint32_t value, char* out)
+{
+    const auto tail = [](std::uint32_t bits) { return static_cast<char>(0x80 | (bits & 0x3F)); };
+    if (value < 0x80) {
+        out[0] = static_cast<char>(value);
+        return out + 1;
     }
-    return count;
+    if (value < 0x800) {
+        out[0] = static_cast<char>(0xC0 | value >> 6);
+        out[1] = tail(value);
+        return out + 2;
+    }
+    if (!isElement(value))
+        return nullptr;
+    if (value < 0x10000) {
+        out[0] = static_cast<char>(0xE0 | value >> 12);
+        out[1] = tail(value >> 6);
+        out[2] = tail(value);
+        return out + 3;
+    }
+    out[0] = static_cast<char>(0xF0 | value >> 18);
+    out[1] = tail(value >> 12);
+    out[2] = tail(value >> 6);
+    out[3] = tail(value);
+    return out + 4;
 }
 
 } // namespace
 
 std::optional<std::wstring> decodeUtf8(std::string_view text)
 {
+    std::wstring elements(mostElements(text), L'\0');
+    wchar_t* out = elements.data();
     const auto* bytes = reinterpret_cast<const unsigned char*>(text.data());
     const unsigned char* const end = bytes + text.size();
-    const std::optional<std::size_t> length = decodedLength(bytes, end);
-    if (!length)
-        return {};
-    std::wstring result(*length, L'\0');
-    wchar_t* out = result.data();
     while (bytes != end) {
-        if (*bytes >= 0x80) {
-            const std::size_t step = *bytes < 0xE0 ? 2 : *bytes < 0xF0 ? 3 : 4;
-            *out++ = sequenceValue(bytes, step);
-            bytes += step;
-        } else if (static_cast<std::size_t>(end - bytes) >= asciiBlock && isAsciiBlock(bytes)) {
-            for (std::size_t i = 0; i < asciiBlock; ++i)
+        const auto left = static_cast<std::size_t>(end - bytes);
+        if (left >= blockSize && isAsciiBlock(bytes)) {
+            out = std::copy_n(bytes, blockSize, out);
+            bytes += blockSize;
+            continue;
+        }
+        const unsigned char* const stop = bytes + std::min(left, 2 * blockSize);
+        do {
+            if (*bytes < 0x80) {
                 *out++ = *bytes++;
-        } else {
-            *out++ = *bytes++;
-        }
+            } else {
+                const std::size_t length = decodeSequence(bytes, static_cast<std::size_t>(end - bytes), *out++);
+                if (length == 0)
+                    return {};
+                bytes += length;
+            }
+        } while (bytes < stop);
     }
-    return result;
+    return elements;
 }
 
-std::optional<std::size_t> utf8Size(std::wstring_view text)
+std::unique_ptr<char[]> encodeUtf8(std::wstring_view text)
 {
-    std::size_t size = text.size();
-    bool valid = true;
-    for (const wchar_t ch : text) {
-        const auto value = static_cast<std::uint32_t>(ch);
-        size += (value >= 0x80) + (value >= 0x800) + (value >= 0x10000);
-        valid &= value <= 0x10FFFF && (value & 0xFFFFF800U) != 0xD800;
-    }
-    return valid ? std::optional<std::size_t>(size) : std::nullopt;
-}
-
-char* encodeUtf8(std::wstring_view text, char* out)
-{
-    const auto put = [&out](std::uint32_t byte) { *out++ = static_cast<char>(byte); };
-    const auto tail = [](std::uint32_t bits) { return 0x80 | (bits & 0x3F); };
-    for (const wchar_t ch : text) {
-        const auto value = static_cast<std::uint32_t>(ch);
-        if (value < 0x80) {
-            put(value);
-        } else if (value < 0x800) {
-            put(0xC0 | value >> 6);
-            put(tail(value));
-        } else if (value < 0x10000) {
-            put(0xE0 | value >> 12);
-            put(tail(value >> 6));
-            put(tail(value));
-        } else {
-            put(0xF0 | value >> 18);
-            put(tail(value >> 12));
-            put(tail(value >> 6));
-            put(tail(value));
+    std::unique_ptr<char[]> bytes(new char[encodedSize(text) + 1]);
+    char* out = bytes.get();
+    const wchar_t* element = text.data();
+    const wchar_t* const end = element + text.size();
+    while (element != end) {
+        const auto left = static_cast<std::size_t>(end - element);
+        if (left >= blockSize && isAsciiBlock(element)) {
+            for (std::size_t i = 0; i < blockSize; ++i)
+                out[i] = static_cast<char>(element[i]);
+            out += blockSize;
+            element += blockSize;
+            continue;
+        }
+        for (const wchar_t* const next = element + std::min(left, 2 * blockSize); element != next; ++element) {
+            out = encodeElement(static_cast<std::uint32_t>(*element), out);
+            if (!out)
+                return nullptr;
         }
     }
-    return out;
+    *out = '\0';
+    return bytes;
 }
 
 } // namespace xe

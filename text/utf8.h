@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,10 +12,7 @@ namespace xe {
 /// Nothing if the bytes are not valid UTF-8.
 std::optional<std::wstring> decodeUtf8(std::string_view bytes);
 
-/// The number of bytes of the text as UTF-8. Nothing if an element has no UTF-8 form.
-std::optional<std::size_t> utf8Size(std::wstring_view text);
-
-/// Writes a text that utf8Size has accepted; returns the end of what it wrote.
-char* encodeUtf8(std::wstring_view text, char* out);
+/// The text as UTF-8 with a terminator. Null if an element has no UTF-8 form.
+std::unique_ptr<char[]> encodeUtf8(std::wstring_view text);
 
 } // namespace xe

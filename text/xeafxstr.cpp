@@ -87,14 +87,13 @@ void CString_X::SetAt(int index, wchar_t ch) noexcept
 
 const char* CString_X::Utf8Ptr()
 {
-    const std::optional<size_type> size = xe::utf8Size(wideText());
-    if (!size)
+    std::unique_ptr<char[]> utf8 = xe::encodeUtf8(wideText());
+    if (!utf8)
         throw std::range_error("wstring_convert::to_bytes");
     CleanUtf8Mem();
-    if (*size == 0)
+    if (IsEmpty())
         return "";
-    utf8Cache = new char[*size + 1];
-    *xe::encodeUtf8(c_str(), utf8Cache) = '\0'; // up to the first 0
+    utf8Cache = utf8.release();
     return utf8Cache;
 }
 
