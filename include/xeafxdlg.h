@@ -2,11 +2,10 @@
 /// Message boxes.
 #pragma once
 
+#include "xeafxstr.h"
 #include "xedef.h"
 
 #include <QEvent>
-
-#include <string>
 
 inline constexpr int IDOK = 1;
 inline constexpr int IDCANCEL = 2;
@@ -30,10 +29,10 @@ class XE_EXPORT XeMsgBoxEvent : public QEvent
 public:
     static constexpr QEvent::Type EventType = static_cast<QEvent::Type>(QEvent::User + 129);
 
-    XeMsgBoxEvent(std::wstring message, std::wstring title);
+    XeMsgBoxEvent(CString_X message, CString_X title);
     ~XeMsgBoxEvent() override;
 
-    std::wstring text;
-    std::wstring caption;
+    CString_X text;
+    CString_X caption;
     unsigned style = 0; ///< not read: the box is shown with style 0
 };

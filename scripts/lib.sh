@@ -24,19 +24,20 @@ step() {
     exit 1
 }
 
-# The packages of scripts/packages that dpkg does not know as installed.
+# The packages of scripts/packages, and those named, that dpkg does not know as installed.
 missing_packages() {
     local package
     while read -r package; do
         [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]] || echo "$package"
-    done < <(sed -e 's/#.*//' -e '/^[[:space:]]*$/d' scripts/packages)
+    done < <(sed -e 's/#.*//' -e '/^[[:space:]]*$/d' scripts/packages; (($# == 0)) || printf '%s\n' "$@")
 }
 
-# install_packages - installs what scripts/packages lists and the system lacks; does nothing where there is no dpkg.
+# install_packages [PACKAGE...] - installs what scripts/packages lists, and what is named, as far as the system lacks it;
+# does nothing where there is no dpkg.
 install_packages() {
     command -v dpkg-query >/dev/null || return 0
     local missing as_root=()
-    mapfile -t missing < <(missing_packages)
+    mapfile -t missing < <(missing_packages "$@")
     ((${#missing[@]})) || return 0
     if ((EUID != 0)); then
         if ! command -v sudo >/dev/null; then

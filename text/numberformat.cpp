@@ -57,6 +57,7 @@ private:
     void write(double value, std::chars_format format, int precision, int mostPrecision)
     {
         m_end = std::to_chars(m_text, std::end(m_text), value, format, std::min(precision, mostPrecision)).ptr;
+        *m_end = '\0';
         m_zeros = static_cast<std::size_t>(std::max(precision - mostPrecision, 0));
         m_zerosAt = exponent();
     }

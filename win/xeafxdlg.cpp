@@ -96,8 +96,8 @@ int MessageBox_X(QWidget* owner, const wchar_t* text, const wchar_t* caption, un
     // On the heap: the owner may be deleted while the box is up, and takes the box with it.
     const QPointer<QMessageBox> box = new QMessageBox(owner ? owner : TavoGetMainFrame());
     box->setIcon(icon.icon);
-    box->setWindowTitle(hasCaption ? QString::fromWCharArray(caption) : QString::fromUtf16(icon.caption));
-    box->setText(text ? QString::fromWCharArray(text) : QString());
+    box->setWindowTitle(hasCaption ? XeQString(caption) : QString::fromUtf16(icon.caption));
+    box->setText(XeQString(text));
 
     QPushButton* yes = nullptr;
     QPushButton* no = nullptr;
@@ -120,7 +120,7 @@ int MessageBox_X(QWidget* owner, const wchar_t* text, const wchar_t* caption, un
     return result;
 }
 
-XeMsgBoxEvent::XeMsgBoxEvent(std::wstring message, std::wstring title)
+XeMsgBoxEvent::XeMsgBoxEvent(CString_X message, CString_X title)
     : QEvent(EventType),
       text(std::move(message)),
       caption(std::move(title))
