@@ -14,4 +14,5 @@
 #include "xehook.h"
 #include "xeprocess.h"
 #include "xeresource.h"
+#include "xestrapi.h"
 #include "xewinuser.h"

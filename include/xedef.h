@@ -144,6 +144,19 @@ struct tagMEASUREITEMSTRUCT
     ULONG_PTR itemData;
 };
 
+/// A date and a time of day.
+struct _SYSTEMTIME
+{
+    WORD wYear;
+    WORD wMonth; ///< from 1
+    WORD wDayOfWeek;
+    WORD wDay;
+    WORD wHour;
+    WORD wMinute;
+    WORD wSecond;
+    WORD wMilliseconds;
+};
+
 using POINT = tagPOINT;
 using SIZE = tagSIZE;
 using RECT = tagRECT;
@@ -160,6 +173,8 @@ using STYLESTRUCT = tagSTYLESTRUCT;
 using LPSTYLESTRUCT = tagSTYLESTRUCT*;
 using MEASUREITEMSTRUCT = tagMEASUREITEMSTRUCT;
 using LPMEASUREITEMSTRUCT = tagMEASUREITEMSTRUCT*;
+using SYSTEMTIME = _SYSTEMTIME;
+using LPSYSTEMTIME = _SYSTEMTIME*;
 
 // ---------------------------------------------------------------------------------------- words and parameters
 
