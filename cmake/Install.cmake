@@ -12,6 +12,7 @@ configure_package_config_file(cmake/XeMFCEmuConfig.cmake.in ${PROJECT_BINARY_DIR
     INSTALL_DESTINATION ${packageDir})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/XeMFCEmuConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/XeMFCEmuConfig.cmake ${PROJECT_BINARY_DIR}/XeMFCEmuConfigVersion.cmake
+    cmake/XeResourceTables.cmake cmake/XeResourceTables.awk
     DESTINATION ${packageDir})
 
 # The pkg-config file finds its prefix from where it lies, so an installed tree may be moved.

@@ -2,6 +2,8 @@
 
 #include "xeresource.h"
 
+#include <QFile>
+
 #include <dlfcn.h>
 #include <link.h>
 

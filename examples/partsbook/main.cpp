@@ -4,6 +4,7 @@
 
 #include "mainframe.h"
 #include "messagelog.h"
+#include "text.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -23,7 +24,7 @@ int main(int argc, char** argv)
     MessageLog log;
     const QString trace = options.value("trace");
     if (options.isSet("trace") && !log.traceTo(trace)) {
-        std::fprintf(stderr, "partsbook: cannot write %s\n", qUtf8Printable(trace));
+        std::fputs(formatText(loadText(IDS_CANNOT_WRITE), CString_X(trace)), stderr);
         return 1;
     }
 

@@ -1,6 +1,7 @@
 #include "mainframe.h"
 
 #include "messagelog.h"
+#include "text.h"
 
 #include <QLabel>
 #include <QStatusBar>
@@ -66,7 +67,7 @@ CTavoMainFrame::CTavoMainFrame(QWidget* parent) : QMainWindow(parent)
     setObjectName("CTavoMainFrame");
     setProperty("IsTavoCmdActive", address(isCommandActive));
     setProperty("TavoSetCursor", address(setHostCursor));
-    setWindowTitle("Parts Book");
+    setWindowTitle(XeQString(loadText(IDS_TITLE)));
     resize(1000, 640);
 }
 
@@ -89,7 +90,7 @@ int CMainFrame::OnCreate(tagCREATESTRUCTW* createStruct)
     window->setCentralWidget(m_view.GetSafeHwnd());
     m_view.GetSafeHwnd()->setFocus();
 
-    m_status = new QLabel("Keys pressed: 0");
+    m_status = new QLabel(XeQString(loadText(IDS_NO_KEYS)));
     m_status->setContentsMargins(10, 0, 0, 0);
     window->statusBar()->addWidget(m_status);
     m_hook = SetWindowsHookEx_X(WH_KEYBOARD, keyboardHook);
@@ -98,7 +99,7 @@ int CMainFrame::OnCreate(tagCREATESTRUCTW* createStruct)
 
 void CMainFrame::CountKey(UINT vk)
 {
-    m_status->setText(QString("Keys pressed: %1    Last: %2").arg(++m_keys).arg(keyText(vk)));
+    m_status->setText(XeQString(formatText(loadText(IDS_KEYS), ++m_keys, CString_X(keyText(vk)))));
 }
 
 void CMainFrame::OnClose() { DestroyWindow(); }

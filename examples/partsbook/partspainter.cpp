@@ -1,6 +1,7 @@
 #include "partspainter.h"
 
 #include "messagelog.h"
+#include "text.h"
 
 #include <QFontDatabase>
 #include <QPainter>
@@ -120,11 +121,12 @@ void paintMessage(QPainter& painter, const QRect& row, const MessageLine& line)
 
 void paintSurface(QPainter& painter, const QRect& area, const Marker& marker)
 {
-    const QString note =
-        QString("marker at (%1, %2), radius %3").arg(marker.centre.x()).arg(marker.centre.y()).arg(marker.radius);
+    static const XeQString title(loadText(IDS_SURFACE));
+    static const CString_X format = loadText(IDS_MARKER);
+    const CString_X note = formatText(format, marker.centre.x(), marker.centre.y(), marker.radius);
     painter.save();
     painter.fillRect(area, paper);
-    const QRect grid = paintHeading(painter, area, "Drawing surface", note);
+    const QRect grid = paintHeading(painter, area, title, XeQString(note));
     painter.setClipRect(grid);
     paintGrid(painter, grid);
     paintMarker(painter, marker);
@@ -133,9 +135,11 @@ void paintSurface(QPainter& painter, const QRect& area, const Marker& marker)
 
 void paintMessages(QPainter& painter, const QRect& area, const MessageLog& log)
 {
+    static const XeQString title(loadText(IDS_MESSAGES));
+    static const CString_X format = loadText(IDS_RECEIVED);
     painter.save();
     painter.fillRect(area, paper);
-    const QRect list = paintHeading(painter, area, "Messages", QString("%1 received").arg(log.total()));
+    const QRect list = paintHeading(painter, area, title, XeQString(formatText(format, log.total())));
     painter.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
 
     const int rowHeight = painter.fontMetrics().height() + 6;

@@ -1,8 +1,10 @@
 #include "mainframe.h"
 #include "messagelog.h"
+#include "text.h"
 
 #include <xehook.h>
 #include <xeprocess.h>
+#include <xeresource.h>
 
 #include <QLabel>
 #include <QtTest>
@@ -30,6 +32,7 @@ private slots:
     void setsTheCursor_data();
     void setsTheCursor();
     void viewHasTheKeyboard();
+    void textsComeFromTheStringTable();
 
     void markerFollowsTheButtons_data();
     void markerFollowsTheButtons();
@@ -128,6 +131,15 @@ void tst_partsbook_window::setsTheCursor()
 }
 
 void tst_partsbook_window::viewHasTheKeyboard() { QCOMPARE(window()->focusWidget(), view()); }
+
+void tst_partsbook_window::textsComeFromTheStringTable()
+{
+    QCOMPARE(window()->windowTitle(), QString("Parts Book"));
+    QVERIFY(loadText(IDS_SURFACE) == L"Drawing surface 绘图区");
+    QVERIFY(loadText(IDS_MESSAGES) == L"Messages 消息 😀");
+    for (const unsigned id : GetResourceIDMap().keys())
+        QVERIFY2(!loadText(id).IsEmpty(), qPrintable(ToStringId(id)));
+}
 
 // ---------------------------------------------------------------------------------------------------------- painting
 
