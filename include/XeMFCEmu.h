@@ -3,11 +3,14 @@
 #pragma once
 
 #include "xeafx.h"
+#include "xeafxddx.h"
 #include "xeafxdlg.h"
 #include "xeafxdump.h"
+#include "xeafxmenu.h"
 #include "xeafxmsg.h"
 #include "xeafxstr.h"
 #include "xeafxwin.h"
+#include "xeatltypes.h"
 #include "xeconvert.h"
 #include "xedef.h"
 #include "xeformat.h"

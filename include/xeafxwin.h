@@ -4,25 +4,29 @@
 
 #include "xeafx.h"
 #include "xeafxmsg.h"
+#include "xeafxstr.h"
+#include "xeatltypes.h"
+#include "xewinuser.h"
 
+#include <QCursor>
+#include <QPointer>
+#include <QScrollBar>
 #include <QVector>
 #include <QWidget>
 
 #include <map>
+#include <type_traits>
 
+class CDataExchange_X;
+class CMenu_X;
+class CWnd_X;
+class QAbstractButton;
+class QMenuBar;
 class XeDispatchFrame;
 
-/// A point, as the published class. Passed by value it fills one 64-bit word.
-class CPoint : public tagPOINT
-{
-public:
-    CPoint() : tagPOINT{0, 0} {}
-    CPoint(int initX, int initY) : tagPOINT{initX, initY} {}
-    CPoint(const tagPOINT& point) : tagPOINT(point) {}
-
-    friend bool operator==(const CPoint& a, const CPoint& b) { return a.x == b.x && a.y == b.y; }
-    friend bool operator!=(const CPoint& a, const CPoint& b) { return !(a == b); }
-};
+/// Allows a member that takes a window's widget to take its wrapper as well.
+template <class Window>
+using XeIfWindow = std::enable_if_t<std::is_base_of_v<CWnd_X, Window>, int>;
 
 /// The wrapper of a QWidget: a widget that lives as a window with a message map.
 ///
@@ -73,8 +77,185 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     /// class, or if the window refuses the attachment; otherwise 1.
     int SubclassWindow(QWidget* widget);
 
-    /// The widget that has grabbed the mouse, null if none has.
-    static QWidget* GetCapture();
+    /// SubclassWindow() for the child of this name in `parent`; 0 if there is none.
+    int SubclassDlgItem(const char* name, CWnd_X* parent);
+
+    /// Create() with a style. WS_VISIBLE shows the window, WS_VSCROLL and WS_HSCROLL give it scroll bars; the other bits
+    /// are only stored. 0 if the attachment fails, otherwise 1.
+    int Create(DWORD style, QWidget* parent);
+    /// The same in a place of the parent's; see MoveWindow().
+    int Create(DWORD style, const tagRECT& rect, QWidget* parent);
+    template <class Window, XeIfWindow<Window> = 0>
+    int Create(DWORD style, const Window* parent)
+    {
+        return Create(style, handleOf(parent));
+    }
+    template <class Window, XeIfWindow<Window> = 0>
+    int Create(DWORD style, const tagRECT& rect, const Window* parent)
+    {
+        return Create(style, rect, handleOf(parent));
+    }
+
+    // ---------------------------------------------------------------------------------------- state and geometry
+    // Pixels. Without a widget these do nothing and give 0, null or a default value. What is told of the free function of
+    // the same name (xewinuser.h) holds here.
+
+    BOOL ShowWindow(int command) { return ShowWindow_X(GetSafeHwnd(), command); }
+    BOOL EnableWindow(BOOL enable = TRUE) { return EnableWindow_X(GetSafeHwnd(), enable); }
+    BOOL IsWindowEnabled() const { return IsWindowEnabled_X(GetSafeHwnd()); }
+    BOOL IsWindowVisible() const { return IsWindowVisible_X(GetSafeHwnd()); }
+    BOOL IsIconic() const { return IsIconic_X(GetSafeHwnd()); }
+    BOOL CloseWindow() { return CloseWindow_X(GetSafeHwnd()); }
+    BOOL OpenIcon() { return OpenIcon_X(GetSafeHwnd()); }
+
+    /// The style given at creation or by ModifyStyle().
+    DWORD GetStyle() const { return m_style; }
+    /// Changes the stored style, and nothing about the widget. 1.
+    BOOL ModifyStyle(DWORD remove, DWORD add, UINT flags = 0);
+
+    BOOL SetWindowPos(QWidget* after, int x, int y, int width, int height, UINT flags)
+    {
+        return SetWindowPos_X(GetSafeHwnd(), after, x, y, width, height, flags);
+    }
+    template <class Window, XeIfWindow<Window> = 0>
+    BOOL SetWindowPos(const Window* after, int x, int y, int width, int height, UINT flags)
+    {
+        return SetWindowPos(handleOf(after), x, y, width, height, flags);
+    }
+    /// Moves the frame and gives it this size; a negative width or height leaves the size alone.
+    void MoveWindow(int x, int y, int width, int height, BOOL repaint = TRUE);
+    /// Swapped edges of the rectangle give the same size.
+    void MoveWindow(const tagRECT* rect, BOOL repaint = TRUE);
+    /// Centres on `alternate`, else on the Qt parent, else on the screen.
+    void CenterWindow(QWidget* alternate = nullptr);
+    template <class Window, XeIfWindow<Window> = 0>
+    void CenterWindow(const Window* alternate)
+    {
+        CenterWindow(handleOf(alternate));
+    }
+    BOOL GetWindowRect(tagRECT* rect) const { return GetWindowRect_X(GetSafeHwnd(), rect); }
+    /// (0, 0, width, height) without the scroll bars that are shown.
+    void GetClientRect(tagRECT* rect) const;
+    void ClientToScreen(tagPOINT* point) const;
+    void ClientToScreen(tagRECT* rect) const;
+    void ScreenToClient(tagPOINT* point) const;
+    void ScreenToClient(tagRECT* rect) const;
+
+    // ------------------------------------------------------------------------------------------------- painting
+
+    void UpdateWindow() { UpdateWindow_X(GetSafeHwnd()); }
+    /// Asks for a repaint of the whole window. `erase` is ignored.
+    void Invalidate(BOOL erase = TRUE);
+    /// A null rectangle repaints *nothing*, unlike Windows. The right and bottom edge are repainted too.
+    void InvalidateRect(const tagRECT* rect, BOOL erase = TRUE);
+    BOOL RedrawWindow();
+    void SetRedraw(BOOL redraw = TRUE);
+    BOOL LockWindowUpdate();
+    void UnlockWindowUpdate();
+    /// Moves the content, of the rectangle alone if one is given.
+    void ScrollWindow(int dx, int dy, const tagRECT* rect = nullptr);
+    QCursor GetCursor() const;
+    void SetCursor(const QCursor& cursor);
+    QIcon GetIcon() const;
+    void SetIcon(const QIcon& icon);
+    const QFont* GetFont() const; ///< the widget's own, null without one
+    void SetFont(const QFont* font, BOOL redraw = TRUE);
+
+    // -------------------------------------------------------------------------------------- focus, mouse, relations
+
+    BOOL IsChild(QWidget* child) const { return IsChild_X(GetSafeHwnd(), child); }
+    template <class Window, XeIfWindow<Window> = 0>
+    BOOL IsChild(const Window* child) const
+    {
+        return IsChild(handleOf(child));
+    }
+    CWnd_X* GetParent() const;
+    CWnd_X* SetParent(QWidget* parent); ///< gives the old parent
+    template <class Window, XeIfWindow<Window> = 0>
+    CWnd_X* SetParent(const Window* parent)
+    {
+        return SetParent(handleOf(parent));
+    }
+    static CWnd_X* GetDesktopWindow();
+    static QWidget* GetActiveWindow() { return GetActiveWindow_X(); }
+    QWidget* SetActiveWindow();
+    static QWidget* GetFocus() { return GetFocus_X(); }
+    QWidget* SetFocus();
+    static QWidget* GetCapture() { return GetCapture_X(); }
+    QWidget* SetCapture();
+    static void ReleaseCapture() { ReleaseCapture_X(); }
+    /// The child at a place on the screen, null if there is none. The viewport of a scroll area stands for the area.
+    CWnd_X* WindowFromPoint(CPoint screen) const;
+
+    // ---------------------------------------------------------------------------------------------- dialog items
+    // An item is named by its widget, its object name, or a resource id of the calling module. One that is not there gives
+    // null or 0.
+
+    QWidget* GetChildWidget(const char* name) const; ///< at any depth
+    CWnd_X* GetDlgItem(QWidget* widget) const { return FromHandle(widget); }
+    CWnd_X* GetDlgItem(const char* name) const { return FromHandle(GetChildWidget(name)); }
+    CWnd_X* GetDlgItem(int id) const { return FromHandle(GetDlgItem_X(GetSafeHwnd(), id)); }
+    QWidget* GetDlgItem(int id, QWidget** out) const;
+    int GetDlgCtrlID() const { return GetDlgCtrlID_X(GetSafeHwnd()); }
+    int SetDlgCtrlID(int id); ///< renames the widget; gives the old id
+
+    int GetDlgItemText(QWidget* item, CString_X& text) const { return GetWindowText_X(item, text); }
+    int GetDlgItemText(const char* name, CString_X& text) const { return GetDlgItemText(GetChildWidget(name), text); }
+    int GetDlgItemText(int id, CString_X& text) const { return GetDlgItemText(GetDlgItem_X(GetSafeHwnd(), id), text); }
+    UINT GetDlgItemText(int id, wchar_t* buffer, int size) const
+    {
+        return GetDlgItemText_X(GetSafeHwnd(), id, buffer, size);
+    }
+    BOOL SetDlgItemText(QWidget* item, const wchar_t* text) { return SetWindowText_X(item, text); }
+    BOOL SetDlgItemText(const char* name, const wchar_t* text) { return SetDlgItemText(GetChildWidget(name), text); }
+    BOOL SetDlgItemText(int id, const wchar_t* text) { return SetDlgItemText_X(GetSafeHwnd(), id, text); }
+    UINT GetDlgItemInt(QWidget* item, BOOL* translated = nullptr, BOOL isSigned = TRUE) const;
+    UINT GetDlgItemInt(int id, BOOL* translated = nullptr, BOOL isSigned = TRUE) const
+    {
+        return GetDlgItemInt_X(GetSafeHwnd(), id, translated, isSigned);
+    }
+    BOOL SetDlgItemInt(QWidget* item, UINT value, BOOL isSigned = TRUE);
+    BOOL SetDlgItemInt(int id, UINT value, BOOL isSigned = TRUE)
+    {
+        return SetDlgItemInt_X(GetSafeHwnd(), id, value, isSigned);
+    }
+    void CheckDlgButton(QAbstractButton* button, UINT value);
+    UINT IsDlgButtonChecked(QAbstractButton* button) const;
+
+    /// Runs DoDataExchange(): with TRUE from the controls to the variables, with FALSE the other way. 1, or 0 when the
+    /// exchange was given up.
+    int UpdateData(BOOL saveAndValidate = TRUE);
+
+    int MessageBox(const wchar_t* text, const wchar_t* caption = nullptr, UINT style = 0);
+    UINT_PTR SetTimer(UINT_PTR id, UINT milliseconds, TIMERPROC proc = nullptr);
+    BOOL KillTimer(UINT_PTR id) { return GetSafeHwnd() ? KillTimer_X(GetSafeHwnd(), id) : FALSE; }
+
+    // ---------------------------------------------------------------------------------------------- scroll bars
+    // `bar` is SB_HORZ, SB_VERT or SB_BOTH.
+
+    BOOL IsScrollBarEnabled(int bar) const; ///< whether the bar is there and not hidden
+    /// Shows or hides a bar, which is made when it is missing.
+    void ShowScrollBar(UINT bar, BOOL show = TRUE);
+    void EnableScrollBarCtrl(int bar, BOOL enable = TRUE) { ShowScrollBar(static_cast<UINT>(bar), enable); }
+    /// A disabled bar is a hidden one: shows it for ESB_ENABLE_BOTH and hides it otherwise. 1.
+    BOOL EnableScrollBar(int bar, UINT arrows = ESB_ENABLE_BOTH);
+    int GetScrollLimit(int bar) const; ///< the maximum less 1
+    int GetScrollPos(int bar) const { return GetScrollPos_X(GetSafeHwnd(), bar); }
+    int SetScrollPos(int bar, int position, BOOL redraw = TRUE)
+    {
+        return SetScrollPos_X(GetSafeHwnd(), bar, position, redraw);
+    }
+    void GetScrollRange(int bar, int* minimum, int* maximum) const
+    {
+        GetScrollRange_X(GetSafeHwnd(), bar, minimum, maximum);
+    }
+    void SetScrollRange(int bar, int minimum, int maximum, BOOL redraw = TRUE)
+    {
+        SetScrollRange_X(GetSafeHwnd(), bar, minimum, maximum, redraw);
+    }
+    BOOL SetScrollInfo(int bar, tagSCROLLINFO* info, BOOL redraw = TRUE);
+    /// Fills what `mask` asks for and writes `mask` to the record; what the record says itself is not looked at.
+    BOOL GetScrollInfo(int bar, tagSCROLLINFO* info, UINT mask = SIF_ALL) const;
 
     // ------------------------------------------------------------------------------------------------- messages
 
@@ -102,6 +283,7 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
 
     bool eventFilter(QObject* target, QEvent* event) override;
     bool OnAttach() override;
+    void OnDetach() override;
     void OnMessageMap() override;
 
     // --------------------------------------------------------------------------------------------- overridables
@@ -113,7 +295,7 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     QT_WARNING_POP
     /// Builds the child widgets of the window: generated form code of the host.
     virtual void SetupUI();
-    /// Places what the window lays out itself; called when its size changes.
+    /// Places the scroll bars along the edges; the corner between them stays empty. Called when the window's size changes.
     virtual void RecalcLayout();
     /// AttachDefault(); a null parent stands for the host's main window, if there is one.
     virtual int Create(QWidget* parent);
@@ -129,9 +311,20 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     /// WM_SETCURSOR with the window's own widget as wParam asks the wrapped ancestors first, outermost first: the first
     /// that claims it with a result that is not 0 has it.
     virtual int OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+    /// Names the pairs of control and variable: one DDX_ call each, and DDV_ calls behind them (xeafxddx.h).
+    virtual void DoDataExchange(CDataExchange_X* exchange);
+    /// Puts the menu into the window's menu bar and shows that; null empties and hides it. 0 without a menu bar.
+    virtual int SetMenu(CMenu_X* menu);
+    virtual int SetMenu(QList<CMenu_X*> menus);
     /// Called when SubclassWindow() has attached an existing widget.
     virtual void PreSubclassWindow();
-    /// The first step of an attachment: calls SetupUI(). A result that is not 0 refuses it.
+    /// The title of the window; a control's text in the classes of controls.
+    virtual void GetWindowText(CString_X& text) const;
+    virtual void SetWindowText(const wchar_t* text);
+    /// The vertical bar if `bar` is not 0, else the horizontal one; null if it was never made.
+    virtual QScrollBar* GetScrollBarCtrl(int bar) const;
+    /// The first step of an attachment: calls SetupUI(), makes the scroll bars of the style and a hidden menu bar. A result
+    /// that is not 0 refuses the attachment.
     virtual int OnCreate(tagCREATESTRUCTW* createStruct);
 
     // ---------------------------------------------------------- handlers that pass the event on to the widget (Qt)
@@ -212,6 +405,7 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
 
     // ------------------------------------------------------------------------------------- handlers of destruction
 
+    /// Deletes the scroll bars and the menu bar.
     void OnDestroy();
     /// Detaches, which deletes an owned widget later, and calls PostNcDestroy().
     void OnNcDestroy();
@@ -233,6 +427,10 @@ private:
         QEvent::Type type;
     };
 
+    static QWidget* handleOf(const CWnd_X* window) { return window ? window->GetSafeHwnd() : nullptr; }
+    int showByStyle();
+    void deleteBars();
+
     bool filterMessage(QObject* target, QEvent* event);
     bool filterWithoutMessage(QObject* target, QEvent* event);
     bool callEntry(const XeDispatchFrame& frame, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
@@ -242,4 +440,22 @@ private:
     XeDispatchFrame* m_dispatch = nullptr; // the innermost event or message in progress
     QVector<PendingEvent> m_pendingEvents; // posted as unique and not yet delivered
     std::map<UINT, AFX_MSGMAP_ENTRY_X> m_messageMap;
+    DWORD m_style = 0;
+    QPointer<QScrollBar> m_horizontalBar; // children of the widget
+    QPointer<QScrollBar> m_verticalBar;
+    QPointer<QMenuBar> m_menuBar;
 };
+
+// ------------------------------------------------------------------------------------------------ styles of forms
+
+/// Applies the Windows style of a form, and of each of its direct children, after the form is built: generated form code
+/// calls it. The style is the dynamic property "mfcStyle", a text of style names.
+XE_EXPORT void setupStyle(QWidget* form);
+
+/// Applies the window styles (WS_) in `style`. The names are looked for as parts of the text: "WS_MAXIMIZEBOX" counts as
+/// "WS_MAXIMIZE" too, "WS_CHILDWINDOW" as "WS_CHILD" and "WS_POPUPWINDOW" as "WS_POPUP"; forms rely on it.
+XE_EXPORT void setupWindowStyleData(const QString& style, QWidget* widget);
+
+/// Applies the dialog styles in `style`: "DS_MODALFRAME" makes the window application-modal, "DS_CENTER" moves it to the
+/// centre of its Qt parent or of the screen.
+XE_EXPORT void setupDialogStyleData(const QString& style, QWidget* widget);

@@ -81,7 +81,8 @@ using HBRUSH = QBrush*;
 
 // ----------------------------------------------------------------------------------------------------- records
 
-struct tagPOINT
+/// Seen through other types as well: the corners of a CRect are points.
+struct [[gnu::may_alias]] tagPOINT
 {
     LONG x;
     LONG y;
@@ -157,6 +158,17 @@ struct _SYSTEMTIME
     WORD wMilliseconds;
 };
 
+struct tagSCROLLINFO
+{
+    UINT cbSize;
+    UINT fMask;
+    int nMin;
+    int nMax;
+    UINT nPage;
+    int nPos;
+    int nTrackPos;
+};
+
 using POINT = tagPOINT;
 using SIZE = tagSIZE;
 using RECT = tagRECT;
@@ -171,6 +183,8 @@ using WINDOWPOS = tagWINDOWPOS;
 using LPWINDOWPOS = tagWINDOWPOS*;
 using STYLESTRUCT = tagSTYLESTRUCT;
 using LPSTYLESTRUCT = tagSTYLESTRUCT*;
+using SCROLLINFO = tagSCROLLINFO;
+using LPSCROLLINFO = tagSCROLLINFO*;
 using MEASUREITEMSTRUCT = tagMEASUREITEMSTRUCT;
 using LPMEASUREITEMSTRUCT = tagMEASUREITEMSTRUCT*;
 using SYSTEMTIME = _SYSTEMTIME;

@@ -91,7 +91,7 @@ BOOL CWnd_X::OnSetCursor_X(CWnd_X* window, UINT hitCode, UINT message)
 
 // ---- Destruction.
 
-void CWnd_X::OnDestroy() {}
+void CWnd_X::OnDestroy() { deleteBars(); }
 
 void CWnd_X::OnNcDestroy()
 {

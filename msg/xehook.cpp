@@ -86,7 +86,8 @@ QGlobalEventHandler::QGlobalEventHandler() = default;
 QGlobalEventHandler::~QGlobalEventHandler()
 {
     RemoveTempObject();
-    for (const auto& timer : timers)
+    const auto left = std::exchange(timers, {}); // a timer that goes takes its entry along
+    for (const auto& timer : left)
         delete timer.second;
 }
 

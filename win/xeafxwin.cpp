@@ -1,14 +1,24 @@
 #include "xeafxwin.h"
 
 #include "msg/dispatchframe.h"
+#include "xeafxdlg.h"
+#include "xeafxmenu.h"
 #include "xeprocess.h"
-#include "xewinuser.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QMenu>
+#include <QMenuBar>
 
 IMPLEMENT_DYNCREATE_X(CWnd_X, CCmdTarget_X)
 
 CWnd_X::CWnd_X() = default;
 
-CWnd_X::~CWnd_X() { XeDispatchFrame::abandon(m_dispatch); }
+CWnd_X::~CWnd_X()
+{
+    XeDispatchFrame::abandon(m_dispatch);
+    deleteBars();
+}
 
 QWidget* CWnd_X::GetSafeHwnd() const
 {
@@ -46,18 +56,33 @@ int CWnd_X::SubclassWindow(QWidget* widget)
     return 1;
 }
 
-QWidget* CWnd_X::GetCapture() { return QWidget::mouseGrabber(); }
+int CWnd_X::SubclassDlgItem(const char* name, CWnd_X* parent)
+{
+    return parent ? SubclassWindow(parent->GetChildWidget(name)) : 0;
+}
 
 bool CWnd_X::OnAttach()
 {
     m_pendingEvents.clear(); // whatever was queued was for another widget
     tagCREATESTRUCTW createStruct{};
+    createStruct.style = static_cast<LONG>(m_style);
     if (OnCreate(&createStruct))
         return false;
-    ConnectSlotsFrom(GetImpQObject(), false);
+    auto* const dialog = qobject_cast<CDialog_X*>(this);
+    if (dialog && !dialog->OnInitDialog())
+        return false;
+    QWidget* const widget = GetSafeHwnd();
+    if (!widget)
+        return false;
+    ConnectSlotsFrom(widget, false);
     OnMessageMap();
+    const auto boxes = widget->findChildren<QComboBox*>();
+    for (const QComboBox* box : boxes)
+        box->view()->setTextElideMode(Qt::ElideNone);
     return true;
 }
+
+void CWnd_X::OnDetach() { deleteBars(); }
 
 bool CWnd_X::AttachDefault(QWidget* parent)
 {
@@ -69,15 +94,88 @@ bool CWnd_X::AttachDefault(QWidget* parent)
 
 int CWnd_X::Create(QWidget* parent) { return AttachDefault(parent ? parent : TavoGetMainFrame()); }
 
+int CWnd_X::Create(DWORD style, QWidget* parent)
+{
+    m_style = style;
+    return AttachDefault(parent ? parent : TavoGetMainFrame()) ? showByStyle() : 0;
+}
+
+int CWnd_X::Create(DWORD style, const tagRECT& rect, QWidget* parent)
+{
+    m_style = style;
+    if (!Create(parent))
+        return 0;
+    MoveWindow(&rect, FALSE);
+    return showByStyle();
+}
+
+int CWnd_X::showByStyle()
+{
+    if (m_style & WS_VISIBLE)
+        ShowWindow(SW_SHOW);
+    if (m_style & WS_VSCROLL)
+        ShowScrollBar(SB_VERT, TRUE);
+    if (m_style & WS_HSCROLL)
+        ShowScrollBar(SB_HORZ, TRUE);
+    return 1;
+}
+
+BOOL CWnd_X::ModifyStyle(DWORD remove, DWORD add, UINT)
+{
+    m_style = (m_style & ~remove) | add;
+    return TRUE;
+}
+
 int CWnd_X::DestroyWindow() { return DestroyWindow_X(GetSafeHwnd()); }
 
-int CWnd_X::OnCreate(tagCREATESTRUCTW*)
+int CWnd_X::OnCreate(tagCREATESTRUCTW* createStruct)
 {
     SetupUI();
+    QWidget* const widget = GetSafeHwnd();
+    if (!widget)
+        return -1;
+    const DWORD style = createStruct ? static_cast<DWORD>(createStruct->style) : 0;
+    if (style & WS_HSCROLL)
+        m_horizontalBar = new QScrollBar(Qt::Horizontal, widget);
+    if (style & WS_VSCROLL)
+        m_verticalBar = new QScrollBar(Qt::Vertical, widget);
+    m_menuBar = new QMenuBar(widget);
+    m_menuBar->hide();
     return 0;
 }
 
+void CWnd_X::deleteBars()
+{
+    delete m_horizontalBar;
+    delete m_verticalBar;
+    delete m_menuBar;
+}
+
 void CWnd_X::SetupUI() {}
-void CWnd_X::RecalcLayout() {}
 void CWnd_X::PostNcDestroy() {}
 void CWnd_X::PreSubclassWindow() {}
+void CWnd_X::DoDataExchange(CDataExchange_X*) {}
+
+int CWnd_X::SetMenu(CMenu_X* menu)
+{
+    if (!m_menuBar)
+        return 0;
+    if (!menu) {
+        m_menuBar->clear();
+        m_menuBar->hide();
+        return 1;
+    }
+    return SetMenu(QList<CMenu_X*>{menu});
+}
+
+int CWnd_X::SetMenu(QList<CMenu_X*> menus)
+{
+    if (!m_menuBar)
+        return 0;
+    for (const CMenu_X* menu : qAsConst(menus)) {
+        if (QMenu* const imp = menu ? menu->Imp<QMenu>() : nullptr)
+            m_menuBar->addMenu(imp);
+    }
+    m_menuBar->show();
+    return 1;
+}

@@ -2,6 +2,7 @@
 
 #include "xeprocess.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QMessageBox>
 #include <QPointer>
@@ -118,6 +119,18 @@ int MessageBox_X(QWidget* owner, const wchar_t* text, const wchar_t* caption, un
     const int result = type != yesNo ? resultOf(answer) : clicked == yes ? IDYES : clicked == no ? IDNO : IDCLOSE;
     delete box;
     return result;
+}
+
+int AfxMessageBox_X(const wchar_t* text, unsigned style, unsigned)
+{
+    return MessageBox_X(QApplication::activeWindow(), text, nullptr, style);
+}
+
+int AfxMessageBox_X(unsigned id, unsigned style, unsigned)
+{
+    CString_X text;
+    text.LoadString(id);
+    return MessageBox_X(QApplication::focusWidget(), text, nullptr, style);
 }
 
 XeMsgBoxEvent::XeMsgBoxEvent(CString_X message, CString_X title)

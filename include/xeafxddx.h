@@ -1,0 +1,206 @@
+/// @file xeafxddx.h
+/// Dialog data exchange: moves values between the controls of a window and the variables of its class.
+///
+/// @code
+/// void CPartDialog::DoDataExchange(CDataExchange_X* exchange)
+/// {
+///     CDialog_X::DoDataExchange(exchange);
+///     DDX_Text(exchange, IDC_NAME, m_name);
+///     DDV_MaxChars(exchange, m_name, 40);
+///     DDX_Text(exchange, "stock", m_stock);
+///     DDV_MinMaxInt(exchange, m_stock, 0, 9999);
+///     DDX_Check(exchange, m_form.inUse, m_inUse);
+/// }
+/// @endcode
+///
+/// CWnd_X::UpdateData() calls the override, in either direction. A control is named by its resource id, its object name or
+/// itself. A value that does not pass gives the exchange up: a message box comes up once UpdateData() has returned, and
+/// the control has the focus. The messages are Chinese, whatever the locale.
+///
+/// A name or an id without a control of the right class gives the exchange up as well, without a box and with a warning
+/// in the log that names it.
+#pragma once
+
+#include "xeafxstr.h"
+#include "xedef.h"
+#include "xeresource.h"
+
+#include <QWidget>
+
+class CWnd_X;
+class QAbstractButton;
+class QComboBox;
+class QGroupBox;
+class QLineEdit;
+class QRadioButton;
+class QScrollBar;
+class QSlider;
+
+/// One run of DoDataExchange().
+class XE_EXPORT CDataExchange_X
+{
+public:
+    CDataExchange_X(CWnd_X* dialog, int saveAndValidate);
+
+    QWidget* GetDlgQWidget() const;
+    /// The control of this name, null if there is none.
+    QWidget* GetDlgItem(const char* name) const;
+    /// Makes `control` the one that Fail() is about.
+    void PrepareCtrl(QWidget* control) { m_pCurCtrl = control; }
+
+    /// Gives the exchange up by an exception, a QString, which UpdateData() catches. When saving to a prepared control,
+    /// the message, unless it is null or empty, comes up in a box from the event queue, once however often this happens;
+    /// the control gets the focus, and its text is selected.
+    [[noreturn]] void Fail(const wchar_t* message = nullptr);
+
+    /// Fail() for a control that is not there, with a warning that names it.
+    [[noreturn]] void FailMissing(const char* control, const char* wanted);
+
+    int m_bSaveAndValidate;        ///< not 0: from the controls to the variables
+    CWnd_X* m_pDlgWnd;             ///< whose controls they are
+    QWidget* m_pCurCtrl = nullptr; ///< the control prepared last
+};
+
+/// The type of the variable in DDX_TextWithFormat().
+enum TextDataType {
+    TextShort = 1,
+    TextInt = 2,
+    TextLong = 3, ///< 64 bits
+    TextFloat = 4,
+    TextDouble = 5,
+    TextUInt = 6,
+};
+
+/// Sets a control's text unless it is that already, so that an equal text causes no change signal. Nothing for null.
+XE_EXPORT void AfxSetWindowText(QWidget* control, CString_X text);
+
+// ---------------------------------------------------------------------------------- exchange with the control itself
+
+XE_EXPORT void DDX_Text(CDataExchange_X* exchange, QWidget* control, CString_X& value);
+
+/// Numbers: a text that is none, an empty one too, fails and leaves the variable. Float and double are shown with six
+/// significant digits, so a value is not always read back as it was.
+XE_EXPORT void DDX_Text(CDataExchange_X* exchange, QWidget* control, short& value);
+XE_EXPORT void DDX_Text(CDataExchange_X* exchange, QWidget* control, int& value);
+XE_EXPORT void DDX_Text(CDataExchange_X* exchange, QWidget* control, long& value);
+XE_EXPORT void DDX_Text(CDataExchange_X* exchange, QWidget* control, float& value);
+XE_EXPORT void DDX_Text(CDataExchange_X* exchange, QWidget* control, double& value);
+XE_EXPORT void DDX_Text(CDataExchange_X* exchange, QWidget* control, unsigned int& value);
+/// The same with the type as a value. An unknown type loads nothing and fails to save; the variable is left.
+XE_EXPORT void DDX_TextWithFormat(CDataExchange_X* exchange, QWidget* control, void* value, TextDataType type);
+
+/// 0 or 1; there is no third state.
+XE_EXPORT void DDX_Check(CDataExchange_X* exchange, QAbstractButton* control, int& value);
+XE_EXPORT void DDX_Check(CDataExchange_X* exchange, QGroupBox* control, int& value);
+
+/// The place of the checked button in the run of radio buttons that begins with `first` and follows the *tab order*; it
+/// ends at the first other widget. Without a checked button the variable is left. A null button does nothing.
+XE_EXPORT void DDX_Radio(CDataExchange_X* exchange, QRadioButton* first, int& value);
+
+/// The current row; loading sends no signals.
+XE_EXPORT void DDX_CBIndex(CDataExchange_X* exchange, QComboBox* control, int& value);
+/// The current text. Loading sends no signals and selects the row of exactly this text, if there is one, case-sensitive;
+/// unlike the published function it does not look for prefixes.
+XE_EXPORT void DDX_CBString(CDataExchange_X* exchange, QComboBox* control, CString_X& value);
+XE_EXPORT void DDX_CBString(CDataExchange_X* exchange, QLineEdit* control, CString_X& value);
+XE_EXPORT void DDX_CBStringExact(CDataExchange_X* exchange, QComboBox* control, CString_X& value); ///< DDX_CBString()
+
+XE_EXPORT void DDX_Scroll(CDataExchange_X* exchange, QScrollBar* control, int& value);
+XE_EXPORT void DDX_Slider(CDataExchange_X* exchange, QSlider* control, int& value);
+
+/// Has `window` wrap the control when the controls are loaded; nothing if it wraps a widget already.
+XE_EXPORT void DDX_Control(CDataExchange_X* exchange, QWidget* control, CWnd_X& window);
+
+// ----------------------------------------------------------------------------------------- exchange by name or by id
+
+namespace xe {
+
+/// The control of a name as a `Widget`; fails the exchange when there is none.
+template <class Widget>
+Widget* exchangedControl(CDataExchange_X* exchange, const char* name)
+{
+    auto* const control = qobject_cast<Widget*>(exchange->GetDlgItem(name));
+    if (!control)
+        exchange->FailMissing(name, Widget::staticMetaObject.className());
+    return control;
+}
+
+/// The control of a resource id of the calling module.
+template <class Widget>
+Widget* exchangedControl(CDataExchange_X* exchange, int id)
+{
+    const QByteArray name = GetObjectNameById(id).toUtf8();
+    return exchangedControl<Widget>(exchange, name.isEmpty() ? QByteArray::number(id).constData() : name.constData());
+}
+
+/// How a client names a control: not the control itself.
+template <class Key>
+using IfControlKey =
+    std::enable_if_t<std::is_convertible_v<Key, const char*> || std::is_integral_v<Key> || std::is_enum_v<Key>, int>;
+
+} // namespace xe
+
+template <class Key, class Value, xe::IfControlKey<Key> = 0>
+void DDX_Text(CDataExchange_X* exchange, Key control, Value& value)
+{
+    DDX_Text(exchange, xe::exchangedControl<QWidget>(exchange, control), value);
+}
+
+template <class Key, xe::IfControlKey<Key> = 0>
+void DDX_Check(CDataExchange_X* exchange, Key control, int& value)
+{
+    DDX_Check(exchange, xe::exchangedControl<QAbstractButton>(exchange, control), value);
+}
+
+template <class Key, xe::IfControlKey<Key> = 0>
+void DDX_Radio(CDataExchange_X* exchange, Key first, int& value)
+{
+    DDX_Radio(exchange, xe::exchangedControl<QRadioButton>(exchange, first), value);
+}
+
+template <class Key, xe::IfControlKey<Key> = 0>
+void DDX_CBIndex(CDataExchange_X* exchange, Key control, int& value)
+{
+    DDX_CBIndex(exchange, xe::exchangedControl<QComboBox>(exchange, control), value);
+}
+
+template <class Key, xe::IfControlKey<Key> = 0>
+void DDX_CBString(CDataExchange_X* exchange, Key control, CString_X& value)
+{
+    DDX_CBString(exchange, xe::exchangedControl<QComboBox>(exchange, control), value);
+}
+
+template <class Key, xe::IfControlKey<Key> = 0>
+void DDX_CBStringExact(CDataExchange_X* exchange, Key control, CString_X& value)
+{
+    DDX_CBStringExact(exchange, xe::exchangedControl<QComboBox>(exchange, control), value);
+}
+
+template <class Key, xe::IfControlKey<Key> = 0>
+void DDX_Scroll(CDataExchange_X* exchange, Key control, int& value)
+{
+    DDX_Scroll(exchange, xe::exchangedControl<QScrollBar>(exchange, control), value);
+}
+
+template <class Key, xe::IfControlKey<Key> = 0>
+void DDX_Slider(CDataExchange_X* exchange, Key control, int& value)
+{
+    DDX_Slider(exchange, xe::exchangedControl<QSlider>(exchange, control), value);
+}
+
+template <class Key, xe::IfControlKey<Key> = 0>
+void DDX_Control(CDataExchange_X* exchange, Key control, CWnd_X& window)
+{
+    DDX_Control(exchange, xe::exchangedControl<QWidget>(exchange, control), window);
+}
+
+// ------------------------------------------------------------------------------------------------------- validation
+// Each is about the control exchanged last. They fail when saving alone.
+
+/// Fails for a text of more than `limit` elements, and limits what can be typed, in both directions. Nothing for a limit
+/// of 0 or less.
+XE_EXPORT void DDV_MaxChars(CDataExchange_X* exchange, const CString_X& value, int limit);
+/// Fail for a value outside [minimum, maximum]; a minimum above the maximum passes everything.
+XE_EXPORT void DDV_MinMaxInt(CDataExchange_X* exchange, int value, int minimum, int maximum);
+XE_EXPORT void DDV_MinMaxUInt(CDataExchange_X* exchange, unsigned value, unsigned minimum, unsigned maximum);
+XE_EXPORT void DDV_MinMaxDouble(CDataExchange_X* exchange, const double& value, double minimum, double maximum);

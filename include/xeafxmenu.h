@@ -1,0 +1,25 @@
+/// @file xeafxmenu.h
+/// Menus.
+#pragma once
+
+#include "xeafx.h"
+
+class QMenu;
+class QWidget;
+
+/// The wrapper of a QMenu, which is what a menu handle is here.
+class XE_EXPORT CMenu_X : public CObject_X
+{
+    Q_OBJECT
+    DECLARE_DYNAMIC_X(CMenu_X)
+    DECLARE_IMP_CLASS_X(QMenu)
+
+    /// With a parent the menu is made at once.
+    explicit CMenu_X(QWidget* parent = nullptr);
+
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_CLANG("-Woverloaded-virtual")
+    /// Makes a QMenu with this Qt parent and attaches it as an owned one.
+    virtual bool AttachDefault(QWidget* parent);
+    QT_WARNING_POP
+};

@@ -1,0 +1,18 @@
+#include "xeafxmenu.h"
+
+#include <QMenu>
+
+IMPLEMENT_DYNAMIC_X(CMenu_X, CObject_X)
+
+CMenu_X::CMenu_X(QWidget* parent)
+{
+    if (parent)
+        CMenu_X::AttachDefault(parent);
+}
+
+bool CMenu_X::AttachDefault(QWidget* parent)
+{
+    auto* const menu = new QMenu(parent);
+    menu->setStyleSheet(QStringLiteral(" \t\tQMenu::separator { \t\theight: 2px; \t\t} "));
+    return Attach(menu, parent, false);
+}

@@ -1,0 +1,65 @@
+#include "xeafxmsg.h"
+#include "xehook.h"
+#include "xeprocess.h"
+#include "xewinuser.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QPointer>
+#include <QTimer>
+#include <QTimerEvent>
+
+namespace {
+
+void fire(QWidget* window, int id, TIMERPROC proc)
+{
+    if (proc) {
+        proc(window, WM_TIMER, static_cast<UINT_PTR>(id), static_cast<DWORD>(QDateTime::currentSecsSinceEpoch()));
+    } else if (window) {
+        QTimerEvent event(id);
+        QCoreApplication::sendEvent(window, &event);
+    }
+}
+
+// The timer is the window's child, so that it dies with it; its entry goes in the same moment.
+QTimer* newTimer(QWidget* window, int id, TIMERPROC proc)
+{
+    auto* const timer = new QTimer(window);
+    QObject::connect(timer, &QTimer::timeout, timer,
+                     [window = QPointer<QWidget>(window), id, proc] { fire(window, id, proc); });
+    QObject::connect(timer, &QObject::destroyed, &g_appEventHandler, [timer, id] {
+        const auto entry = g_appEventHandler.timers.find(id);
+        if (entry != g_appEventHandler.timers.end() && entry->second == timer)
+            g_appEventHandler.timers.erase(entry);
+    });
+    return timer;
+}
+
+} // namespace
+
+UINT_PTR SetTimer_X(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC proc)
+{
+    const int interval = milliseconds == 0 ? 10 : static_cast<int>(qMin<UINT>(milliseconds, INT_MAX));
+    const int key = static_cast<int>(id);
+    const auto known = g_appEventHandler.timers.find(key);
+    if (known != g_appEventHandler.timers.end() && known->second->isActive()) {
+        if (known->second->interval() != interval)
+            known->second->setInterval(interval);
+        return id;
+    }
+    KillTimer_X(nullptr, id); // one that has stopped
+    QTimer* const timer = newTimer(window ? window : TavoGetMainFrame(), key, proc);
+    g_appEventHandler.timers[key] = timer;
+    timer->start(interval);
+    return id;
+}
+
+BOOL KillTimer_X(HWND, UINT_PTR id)
+{
+    const auto entry = g_appEventHandler.timers.find(static_cast<int>(id));
+    if (entry == g_appEventHandler.timers.end())
+        return FALSE;
+    entry->second->stop();
+    delete entry->second; // takes its entry along
+    return TRUE;
+}
