@@ -1,0 +1,33 @@
+#include "textresult.h"
+
+#include <QtTest>
+
+/// Collation in an environment that names a locale which is not there.
+class TestCollateNoLocale : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void raises();
+    void theRestWorks();
+};
+
+void TestCollateNoLocale::raises()
+{
+    const CString_X text = L"abc";
+    QCOMPARE(thrownBy([&] { (void)text.Collate(L"abc"); }), QStringLiteral("runtime_error"));
+    QCOMPARE(thrownBy([&] { (void)text.Collate(nullptr); }), QStringLiteral("runtime_error"));
+    QCOMPARE(thrownBy([&] { (void)text.CollateNoCase(L"abc"); }), QStringLiteral("runtime_error"));
+}
+
+void TestCollateNoLocale::theRestWorks()
+{
+    CString_X text = L"aé";
+    QCOMPARE(text.CompareNoCase(L"Aé"), 0);
+    QCOMPARE(text.Utf8Ptr(), "a\xC3\xA9");
+    text.Format(L"%.1f", 1.5);
+    QCOMPARE(text, CString_X(L"1.5"));
+}
+
+QTEST_APPLESS_MAIN(TestCollateNoLocale)
+#include "tst_collatenolocale.moc"
