@@ -4,8 +4,7 @@
 
 #include "xeafx.h"
 
-class QMenu;
-class QWidget;
+#include <QMenu>
 
 /// The wrapper of a QMenu, which is what a menu handle is here.
 class XE_EXPORT CMenu_X : public CObject_X

@@ -280,6 +280,19 @@ private:
     CString_X extract(size_type first, size_type count) const;
 };
 
+// By way of its pointer a narrow text would be compared by address: write CString_X(narrow).
+template <class Narrow>
+using XeIfNarrowText = std::enable_if_t<std::is_pointer_v<Narrow> && std::is_convertible_v<Narrow, const char*>, int>;
+
+template <class Narrow, XeIfNarrowText<Narrow> = 0>
+bool operator==(const CString_X& text, Narrow narrow) = delete;
+template <class Narrow, XeIfNarrowText<Narrow> = 0>
+bool operator==(Narrow narrow, const CString_X& text) = delete;
+template <class Narrow, XeIfNarrowText<Narrow> = 0>
+bool operator!=(const CString_X& text, Narrow narrow) = delete;
+template <class Narrow, XeIfNarrowText<Narrow> = 0>
+bool operator!=(Narrow narrow, const CString_X& text) = delete;
+
 /// A QString made from wide text, up to its first 0 element. It is-a QString: pass it wherever Qt takes one.
 class XE_EXPORT XeQString : public QString
 {

@@ -30,8 +30,6 @@ public:
             write(value, std::chars_format::fixed, precision, mostDecimals);
         else if (flags & ios_base::scientific)
             write(value, std::chars_format::scientific, precision, mostDigits);
-        else if (flags & ios_base::showpoint)
-            writeGeneral(value, std::max(precision, 1));
         else
             write(value, std::chars_format::general, std::min(precision, mostDigits), mostDigits);
         if (flags & ios_base::showpoint && std::isfinite(value))
@@ -57,18 +55,8 @@ private:
     void write(double value, std::chars_format format, int precision, int mostPrecision)
     {
         m_end = std::to_chars(m_text, std::end(m_text), value, format, std::min(precision, mostPrecision)).ptr;
-        *m_end = '\0';
         m_zeros = static_cast<std::size_t>(std::max(precision - mostPrecision, 0));
         m_zerosAt = exponent();
-    }
-
-    // The general form that keeps trailing zeros.
-    void writeGeneral(double value, int digits)
-    {
-        write(value, std::chars_format::scientific, digits - 1, mostDigits);
-        const int power = std::atoi(exponent() + 1);
-        if (power >= -4 && power < digits)
-            write(value, std::chars_format::fixed, digits - 1 - power, mostDecimals);
     }
 
     void showPoint()
@@ -92,25 +80,24 @@ private:
 } // namespace
 
 // In any locale but the classic one a stream of its own writes the number: it knows about grouping, the decimal point and
-// facets of the host's own. False in the classic locale.
+// facets of the host's own.
 template <class Value>
-bool WideInserter::insertByLocale(Value value)
+void WideInserter::insertByStream(Value value)
 {
-    if (m_classic)
-        return false;
+    // The library's streams keep that many digits on the stack.
+    constexpr int mostPrecision = 10000;
     if (!m_stream) {
         m_stream.emplace();
         m_stream->imbue(m_locale);
     }
     m_stream->str({});
     m_stream->flags(flags);
-    m_stream->precision(precision);
+    m_stream->precision(std::min(precision, mostPrecision));
     m_stream->width(width);
     *m_stream << value;
     width = 0;
     const std::wstring text = m_stream->str();
     m_out.append(text.data(), text.size());
-    return true;
 }
 
 void WideInserter::insertUnsigned(unsigned long long value, char sign)
@@ -136,8 +123,8 @@ void WideInserter::insertUnsigned(unsigned long long value, char sign)
 
 void WideInserter::insert(int value)
 {
-    if (insertByLocale(value))
-        return;
+    if (!m_classic)
+        return insertByStream(value);
     const auto pattern = static_cast<unsigned>(value);
     if (hasFlag(ios_base::oct | ios_base::hex))
         insertUnsigned(pattern, '\0');
@@ -149,14 +136,16 @@ void WideInserter::insert(int value)
 
 void WideInserter::insert(unsigned long long value)
 {
-    if (!insertByLocale(value))
+    if (m_classic)
         insertUnsigned(value, '\0');
+    else
+        insertByStream(value);
 }
 
 void WideInserter::insert(const void* value)
 {
-    if (insertByLocale(value))
-        return;
+    if (!m_classic)
+        return insertByStream(value);
     const ios_base::fmtflags kept = flags;
     setFlags(ios_base::hex | ios_base::showbase, ios_base::basefield | ios_base::showbase | ios_base::uppercase);
     insertUnsigned(reinterpret_cast<std::uintptr_t>(value), '\0');
@@ -165,8 +154,9 @@ void WideInserter::insert(const void* value)
 
 void WideInserter::insert(double value)
 {
-    if (insertByLocale(value))
-        return;
+    const bool isGeneral = !hasFlag(ios_base::floatfield);
+    if (!m_classic || (isGeneral && hasFlag(ios_base::showpoint)))
+        return insertByStream(value);
     const char sign = std::signbit(value) ? '-' : hasFlag(ios_base::showpos) ? '+' : '\0';
     const FloatText number(std::fabs(value), flags, precision < 0 ? 6 : precision);
     const std::size_t signSize = sign ? 1 : 0;

@@ -13,7 +13,7 @@
 namespace xe {
 
 /// Inserts into a buffer what a std::wostream with the global locale would write, blank being the fill character. In the
-/// classic locale it writes the digits itself.
+/// classic locale it writes the digits itself, but for the rare form that keeps trailing zeros.
 class WideInserter
 {
 public:
@@ -41,7 +41,7 @@ private:
     void insertField(std::size_t size, Write write);
     void insertUnsigned(unsigned long long value, char sign);
     template <class Value>
-    bool insertByLocale(Value value);
+    void insertByStream(Value value);
 
     WideBuffer& m_out;
     const std::locale m_locale;

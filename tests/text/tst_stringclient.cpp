@@ -24,6 +24,17 @@ CString_X fromStandard(const std::wstring& text) { return text; }
 
 enum Colour { Red, Green };
 
+template <class Left, class Right, class = void>
+inline constexpr bool isComparable = false;
+template <class Left, class Right>
+inline constexpr bool isComparable<Left, Right, std::void_t<decltype(std::declval<Left>() == std::declval<Right>())>> =
+    true;
+
+// A narrow text would be compared by its address.
+static_assert(isComparable<CString_X&, CString_X&> && isComparable<CString_X&, const wchar_t*>);
+static_assert(!isComparable<CString_X&, const char*> && !isComparable<const char*, CString_X&>);
+static_assert(!isComparable<CString_X&, const char (&)[7]>);
+
 } // namespace
 
 /// What programs write with the string class: it compiles, and means what it says.
