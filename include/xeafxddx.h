@@ -45,6 +45,7 @@ public:
     QWidget* GetDlgQWidget() const;
     /// The control of this name, null if there is none.
     QWidget* GetDlgItem(const char* name) const;
+    QWidget* GetDlgItem(const QString& name) const;
     /// Makes `control` the one that Fail() is about.
     void PrepareCtrl(QWidget* control) { m_pCurCtrl = control; }
 
@@ -54,7 +55,7 @@ public:
     [[noreturn]] void Fail(const wchar_t* message = nullptr);
 
     /// Fail() for a control that is not there, with a warning that names it.
-    [[noreturn]] void FailMissing(const char* control, const char* wanted);
+    [[noreturn]] void FailMissing(const QString& control, const char* wanted);
 
     int m_bSaveAndValidate;        ///< not 0: from the controls to the variables
     CWnd_X* m_pDlgWnd;             ///< whose controls they are
@@ -117,7 +118,7 @@ namespace xe {
 
 /// The control of a name as a `Widget`; fails the exchange when there is none.
 template <class Widget>
-Widget* exchangedControl(CDataExchange_X* exchange, const char* name)
+Widget* exchangedControl(CDataExchange_X* exchange, const QString& name)
 {
     auto* const control = qobject_cast<Widget*>(exchange->GetDlgItem(name));
     if (!control)
@@ -125,12 +126,18 @@ Widget* exchangedControl(CDataExchange_X* exchange, const char* name)
     return control;
 }
 
+template <class Widget>
+Widget* exchangedControl(CDataExchange_X* exchange, const char* name)
+{
+    return exchangedControl<Widget>(exchange, QString::fromUtf8(name));
+}
+
 /// The control of a resource id of the calling module.
 template <class Widget>
 Widget* exchangedControl(CDataExchange_X* exchange, int id)
 {
-    const QByteArray name = GetObjectNameById(id).toUtf8();
-    return exchangedControl<Widget>(exchange, name.isEmpty() ? QByteArray::number(id).constData() : name.constData());
+    const QString name = GetObjectNameById(id);
+    return exchangedControl<Widget>(exchange, name.isEmpty() ? QString::number(id) : name);
 }
 
 /// How a client names a control: not the control itself.

@@ -1,5 +1,6 @@
 #include "xeafxddx.h"
 
+#include "win/controltext.h"
 #include "xeafxdlg.h"
 #include "xeafxwin.h"
 
@@ -26,6 +27,13 @@ QWidget* CDataExchange_X::GetDlgItem(const char* name) const
     return m_pDlgWnd ? m_pDlgWnd->GetChildWidget(name) : nullptr;
 }
 
+QWidget* CDataExchange_X::GetDlgItem(const QString& name) const
+{
+    // An empty name would match any widget.
+    const QWidget* const dialog = GetDlgQWidget();
+    return dialog && !name.isEmpty() ? dialog->findChild<QWidget*>(name) : nullptr;
+}
+
 void CDataExchange_X::Fail(const wchar_t* message)
 {
     if (m_bSaveAndValidate && m_pCurCtrl) {
@@ -37,10 +45,10 @@ void CDataExchange_X::Fail(const wchar_t* message)
     throw QStringLiteral("DataExchange Error");
 }
 
-void CDataExchange_X::FailMissing(const char* control, const char* wanted)
+void CDataExchange_X::FailMissing(const QString& control, const char* wanted)
 {
     qWarning("Data exchange of %s: there is no %s named \"%s\"", m_pDlgWnd ? m_pDlgWnd->GetClassName() : "no window",
-             wanted, control ? control : "");
+             wanted, qUtf8Printable(control));
     PrepareCtrl(nullptr);
     Fail();
 }
@@ -69,17 +77,21 @@ void read(const QString& text, float& value, bool& ok) { value = text.toFloat(&o
 void read(const QString& text, double& value, bool& ok) { value = text.toDouble(&ok); }
 void read(const QString& text, unsigned int& value, bool& ok) { value = text.toUInt(&ok, 10); }
 
+void setTextIfOther(QWidget* control, const QString& text)
+{
+    if (control && xe::controlText(control) != text)
+        SetWindowText_X(control, CString_X(text));
+}
+
 template <class Number>
 void exchangeNumber(CDataExchange_X* exchange, QWidget* control, Number& value)
 {
     exchange->PrepareCtrl(control);
     if (!exchange->m_bSaveAndValidate)
-        return AfxSetWindowText(control, QString().setNum(value));
-    CString_X text;
-    GetWindowText_X(control, text);
+        return setTextIfOther(control, QString().setNum(value));
     bool ok = false;
     Number number{};
-    read(XeQString(text), number, ok);
+    read(control ? xe::controlText(control) : QString(), number, ok);
     if (!ok)
         exchange->Fail(notANumber);
     value = number;
@@ -87,13 +99,7 @@ void exchangeNumber(CDataExchange_X* exchange, QWidget* control, Number& value)
 
 } // namespace
 
-void AfxSetWindowText(QWidget* control, CString_X text)
-{
-    CString_X present;
-    GetWindowText_X(control, present);
-    if (control && present != text)
-        SetWindowText_X(control, text);
-}
+void AfxSetWindowText(QWidget* control, CString_X text) { setTextIfOther(control, XeQString(text)); }
 
 void DDX_Text(CDataExchange_X* exchange, QWidget* control, CString_X& value)
 {
@@ -101,7 +107,7 @@ void DDX_Text(CDataExchange_X* exchange, QWidget* control, CString_X& value)
     if (exchange->m_bSaveAndValidate)
         GetWindowText_X(control, value);
     else
-        AfxSetWindowText(control, value);
+        setTextIfOther(control, XeQString(value));
 }
 
 void DDX_Text(CDataExchange_X* exchange, QWidget* control, short& value) { exchangeNumber(exchange, control, value); }
@@ -146,7 +152,7 @@ template <class Widget>
 Widget& prepared(CDataExchange_X* exchange, Widget* control)
 {
     if (!control)
-        exchange->FailMissing(nullptr, Widget::staticMetaObject.className());
+        exchange->FailMissing(QString(), Widget::staticMetaObject.className());
     exchange->PrepareCtrl(control);
     return *control;
 }

@@ -1,5 +1,5 @@
 #include "win/centering.h"
-#include "win/dlgitemint.h"
+#include "win/controltext.h"
 #include "win/winrect.h"
 #include "xeafxdlg.h"
 #include "xeafxwin.h"

@@ -67,11 +67,17 @@ QString GetPlxResourceName()
     return walk.module ? walk.module->name : QString();
 }
 
-QMap<unsigned int, QString>& GetResourceIDMap()
+namespace {
+
+QMap<unsigned int, QString>& idTable(const QString& module)
 {
     static QMap<QString, QMap<unsigned int, QString>> mapResIDMap;
-    return moduleTable(mapResIDMap, GetPlxResourceName(), "IDs", [](const QString& key) { return key.toUInt(); });
+    return moduleTable(mapResIDMap, module, "IDs", [](const QString& key) { return key.toUInt(); });
 }
+
+} // namespace
+
+QMap<unsigned int, QString>& GetResourceIDMap() { return idTable(GetPlxResourceName()); }
 
 QMap<QString, QString>& GetStringResourceTable()
 {
@@ -79,7 +85,12 @@ QMap<QString, QString>& GetStringResourceTable()
     return moduleTable(mapStringTable, GetPlxResourceName(), "ST", [](const QString& key) { return key; });
 }
 
-QString GetObjectNameById(int id) { return GetResourceIDMap().value(static_cast<unsigned int>(id)); }
+QString GetObjectNameById(int id)
+{
+    // A caller outside of this library decides at once, without a walk.
+    const xe::Module& caller = xe::moduleAt(__builtin_return_address(0));
+    return (caller.isOwn ? GetResourceIDMap() : idTable(caller.name)).value(static_cast<unsigned int>(id));
+}
 
 QString ToStringId(unsigned int id) { return GetResourceIDMap().value(id); }
 

@@ -1,7 +1,7 @@
 #include "xewinuser.h"
 
 #include "text/widetext.h"
-#include "win/dlgitemint.h"
+#include "win/controltext.h"
 #include "xeafxwin.h"
 #include "xeconvert.h"
 #include "xeresource.h"
@@ -17,10 +17,8 @@
 #include <QSignalBlocker>
 #include <QTextEdit>
 
-namespace {
-
 // The place where Qt keeps the text of each kind of control.
-QString controlText(QWidget* window)
+QString xe::controlText(QWidget* window)
 {
     if (const auto* edit = qobject_cast<QLineEdit*>(window))
         return edit->text();
@@ -36,6 +34,8 @@ QString controlText(QWidget* window)
         return label->text();
     return window->windowTitle();
 }
+
+namespace {
 
 void setComboText(QComboBox& box, const QString& text)
 {
@@ -89,7 +89,7 @@ int GetWindowText_X(HWND window, CString_X& text)
 {
     if (!window)
         return 0;
-    text = controlText(window);
+    text = xe::controlText(window);
     return text.GetLength();
 }
 
@@ -97,7 +97,7 @@ int GetWindowText_X(HWND window, wchar_t* buffer, int size)
 {
     if (!window || !buffer || size <= 0)
         return 0;
-    const int written = xe::writeWide(controlText(window), buffer, size - 1);
+    const int written = xe::writeWide(xe::controlText(window), buffer, size - 1);
     buffer[written] = L'\0';
     return written;
 }
@@ -142,20 +142,28 @@ UINT GetDlgItemText_X(HWND window, int id, wchar_t* buffer, int size)
 
 namespace xe {
 
-UINT widgetInt(QWidget* widget, BOOL* translated, bool isSigned)
+namespace {
+
+UINT firstInt(const QString& text, BOOL* translated, bool isSigned)
 {
     static const QRegularExpression unsignedNumber(QStringLiteral("[0-9]+"));
     static const QRegularExpression signedNumber(QStringLiteral("-?[0-9]+"));
 
     if (translated)
         *translated = FALSE;
-    const QString text = widget ? controlText(widget) : QString();
     const QRegularExpressionMatch match = (isSigned ? signedNumber : unsignedNumber).match(text);
     if (!match.hasMatch())
         return 0;
     if (translated)
         *translated = TRUE;
     return isSigned ? static_cast<UINT>(match.captured().toInt()) : match.captured().toUInt();
+}
+
+} // namespace
+
+UINT widgetInt(QWidget* widget, BOOL* translated, bool isSigned)
+{
+    return firstInt(widget ? controlText(widget) : QString(), translated, isSigned);
 }
 
 CString_X intText(UINT value, bool isSigned)
@@ -168,7 +176,9 @@ CString_X intText(UINT value, bool isSigned)
 
 UINT GetDlgItemInt_X(HWND window, int id, BOOL* translated, BOOL isSigned)
 {
-    return xe::widgetInt(GetDlgItem_X(window, id), translated, isSigned);
+    wchar_t text[256] = {};
+    GetDlgItemText_X(window, id, text, static_cast<int>(std::size(text)));
+    return xe::firstInt(XeQString(text), translated, isSigned);
 }
 
 BOOL SetDlgItemInt_X(HWND window, int id, UINT value, BOOL isSigned)
@@ -182,8 +192,8 @@ UINT IsDlgButtonChecked_X(HWND window, int id)
     constexpr DWORD threeState = 5;
     constexpr DWORD autoThreeState = 6;
 
-    const auto* const box = qobject_cast<QCheckBox*>(GetDlgItem_X(window, id));
-    const CWnd_X* const wrapper = box ? CWnd_X::FromHandlePermanent(GetDlgItem_X(window, id)) : nullptr;
+    auto* const box = qobject_cast<QCheckBox*>(GetDlgItem_X(window, id));
+    const CWnd_X* const wrapper = CWnd_X::FromHandlePermanent(box);
     if (!wrapper)
         return 0;
     const DWORD type = wrapper->GetStyle() & typeBits;

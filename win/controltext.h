@@ -1,4 +1,4 @@
-// Numbers in the text of a dialog item.
+// The text of a control, and numbers in it.
 #pragma once
 
 #include "xeafxstr.h"
@@ -6,6 +6,9 @@
 class QWidget;
 
 namespace xe {
+
+/// The text of a control, or the title of any other widget, which must not be null.
+QString controlText(QWidget* window);
 
 /// The first number in a control's text; see GetDlgItemInt_X().
 UINT widgetInt(QWidget* widget, BOOL* translated, bool isSigned);
