@@ -1,9 +1,10 @@
 #include "formatted.h"
+#include "textrows.h"
 
 #include <QtTest>
 
 /// Every letter that writes something other than a number for an integer or a double, with each size prefix.
-class TestFormatConversions : public QObject
+class TestFormatConversions : public QObject, private TextRows
 {
     Q_OBJECT
 
@@ -22,18 +23,6 @@ private slots:
     void nothing_data();
     void nothing() { compare(); }
     void millionElements();
-
-private:
-    static void columns()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("expected");
-    }
-    static void compare()
-    {
-        QFETCH(QString, text);
-        QTEST(text, "expected");
-    }
 };
 
 void TestFormatConversions::character_data()

@@ -1,11 +1,12 @@
 #include "formatted.h"
+#include "textrows.h"
 
 #include <QtTest>
 
 #include <climits>
 
 /// How a format is read: literal text, flags, widths and precisions with their stars, the end of the format.
-class TestFormatGrammar : public QObject
+class TestFormatGrammar : public QObject, private TextRows
 {
     Q_OBJECT
 
@@ -22,18 +23,6 @@ private slots:
     void endOfFormat();
     void nullFormat();
     void longLiteral();
-
-private:
-    static void columns()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("expected");
-    }
-    static void compare()
-    {
-        QFETCH(QString, text);
-        QTEST(text, "expected");
-    }
 };
 
 void TestFormatGrammar::literals_data()

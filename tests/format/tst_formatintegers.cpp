@@ -1,11 +1,12 @@
 #include "formatted.h"
+#include "textrows.h"
 
 #include <QtTest>
 
 #include <climits>
 
 /// The integer letters with each size prefix and flag.
-class TestFormatIntegers : public QObject
+class TestFormatIntegers : public QObject, private TextRows
 {
     Q_OBJECT
 
@@ -20,18 +21,6 @@ private slots:
     void flags() { compare(); }
     void fields_data();
     void fields() { compare(); }
-
-private:
-    static void columns()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("expected");
-    }
-    static void compare()
-    {
-        QFETCH(QString, text);
-        QTEST(text, "expected");
-    }
 };
 
 void TestFormatIntegers::letters_data()

@@ -1,9 +1,10 @@
 #include "formatted.h"
+#include "textrows.h"
 
 #include <QtTest>
 
 /// What one conversion leaves to those behind it in the same format, and what it does not.
-class TestFormatState : public QObject
+class TestFormatState : public QObject, private TextRows
 {
     Q_OBJECT
 
@@ -15,18 +16,6 @@ private slots:
     void widthLeftOver_data();
     void widthLeftOver() { compare(); }
     void eachCallStartsAnew();
-
-private:
-    static void columns()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("expected");
-    }
-    static void compare()
-    {
-        QFETCH(QString, text);
-        QTEST(text, "expected");
-    }
 };
 
 // %g and %G write as the last %f, %e or %E did.

@@ -1,4 +1,5 @@
 #include "textresult.h"
+#include "textrows.h"
 
 #include <QtTest>
 
@@ -12,7 +13,7 @@ const char* const noNarrow = nullptr;
 } // namespace
 
 /// Construction, assignment, appending and single elements.
-class TestStringBasics : public QObject
+class TestStringBasics : public QObject, private TextRows
 {
     Q_OBJECT
 
@@ -40,18 +41,6 @@ private slots:
     void fromQString_data();
     void fromQString();
     void aMillionElements();
-
-private:
-    static void columns()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("expected");
-    }
-    static void compare()
-    {
-        QFETCH(QString, text);
-        QTEST(text, "expected");
-    }
 };
 
 void TestStringBasics::construction_data()

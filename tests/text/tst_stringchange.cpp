@@ -1,4 +1,5 @@
 #include "textresult.h"
+#include "textrows.h"
 
 #include <QtTest>
 
@@ -28,7 +29,7 @@ QString trimmed(CString_X text, Trim trim)
 } // namespace
 
 /// The changes in place, and those that make a changed copy.
-class TestStringChange : public QObject
+class TestStringChange : public QObject, private TextRows
 {
     Q_OBJECT
 
@@ -56,18 +57,6 @@ private slots:
     void lineEnds() { compare(); }
     void separators();
     void aMillionElements();
-
-private:
-    static void columns()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("expected");
-    }
-    static void compare()
-    {
-        QFETCH(QString, text);
-        QTEST(text, "expected");
-    }
 };
 
 void TestStringChange::caseInTheDefaultLocale()

@@ -1,11 +1,12 @@
 #include "textresult.h"
+#include "textrows.h"
 
 #include <QtTest>
 
 #include <climits>
 
 /// Left, Right, Mid, the two spans and Tokenize.
-class TestStringExtract : public QObject
+class TestStringExtract : public QObject, private TextRows
 {
     Q_OBJECT
 
@@ -22,18 +23,6 @@ private slots:
     void tokenizeOutsideTheText_data();
     void tokenizeOutsideTheText();
     void aMillionElements();
-
-private:
-    static void columns()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("expected");
-    }
-    static void compare()
-    {
-        QFETCH(QString, text);
-        QTEST(text, "expected");
-    }
 };
 
 void TestStringExtract::parts_data()
