@@ -97,6 +97,7 @@ XE_EXPORT BOOL IsWindowEnabled_X(HWND window);
 XE_EXPORT BOOL EnableWindow_X(HWND window, BOOL enable);
 XE_EXPORT BOOL IsIconic_X(HWND window); ///< minimised
 XE_EXPORT BOOL IsZoomed_X(HWND window); ///< maximised
+/// Whether `child` is `parent` itself or below it in the same window: a window counts as its own child, unlike Windows.
 XE_EXPORT BOOL IsChild_X(HWND parent, HWND child);
 
 /// Minimises the window, or restores it if it is minimised already.
@@ -166,7 +167,7 @@ XE_EXPORT UINT GetDpiForWindow_X(HWND window);
 
 /// The text of a control, or the title of any other widget; its length is the result.
 XE_EXPORT int GetWindowText_X(HWND window, CString_X& text);
-/// Writes it with its terminator, cut to `size` elements in all. The result is the length of the whole text.
+/// Writes it with its terminator, cut to `size` elements in all. The result is the number written before the terminator.
 XE_EXPORT int GetWindowText_X(HWND window, wchar_t* buffer, int size);
 XE_EXPORT int GetWindowTextLength_X(HWND window);
 
@@ -174,14 +175,15 @@ XE_EXPORT int GetWindowTextLength_X(HWND window);
 /// combo box emits no signals. A widget with a wrapper gets CWnd_X::SetWindowText() instead.
 XE_EXPORT BOOL SetWindowText_X(HWND window, const wchar_t* text);
 
-/// The child that has the name of a resource id (xeresource.h), at any depth. Null for an id without a name.
+/// The child that has the name of a resource id (xeresource.h), at any depth. Null for 0 and for an id without a name.
 XE_EXPORT HWND GetDlgItem_X(HWND window, int id);
 XE_EXPORT int GetDlgCtrlID_X(HWND window); ///< 0 for a name without an id
 XE_EXPORT BOOL SetDlgItemText_X(HWND window, int id, const wchar_t* text);
 XE_EXPORT UINT GetDlgItemText_X(HWND window, int id, wchar_t* buffer, int size);
 
 /// The first number anywhere in the item's text, with a "-" in front of it only if `isSigned`: "ab12cd" gives 12. 0, with
-/// 0 in `translated`, if there is none; 0 with 1 in `translated` for one that is too large.
+/// 0 in `translated`, if there is none; 0 with 1 in `translated` for one that is too large. What is beyond the first 255
+/// elements of the text is not looked at.
 XE_EXPORT UINT GetDlgItemInt_X(HWND window, int id, BOOL* translated, BOOL isSigned);
 /// Writes the number as an unsigned one. If `isSigned` and bit 31 is set a "-" goes in front of *that*, so -1 becomes
 /// "-4294967295": for numbers that are to be read back, callers pass none below 0.
@@ -202,7 +204,8 @@ XE_EXPORT int GetScrollPos_X(HWND window, int bar);
 XE_EXPORT int SetScrollPos_X(HWND window, int bar, int position, BOOL redraw); ///< gives the old position
 XE_EXPORT BOOL GetScrollRange_X(HWND window, int bar, int* minimum, int* maximum);
 XE_EXPORT BOOL SetScrollRange_X(HWND window, int bar, int minimum, int maximum, BOOL redraw);
-/// Shows the bar if `arrows` is 0 and hides it otherwise: a disabled bar is a hidden one.
+/// Shows the bar if `arrows` is 0, making it when it is missing, and hides it otherwise: a disabled bar is a hidden one.
+/// 1 for any window.
 XE_EXPORT BOOL EnableScrollBar_X(HWND window, UINT bar, UINT arrows);
 
 // ---------------------------------------------------------------------------------------------------------- timers

@@ -1,5 +1,7 @@
 #include "xeprocess.h"
 
+#include "sys/hostcursor.h"
+
 #include <QApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -25,10 +27,14 @@ QWidget* TavoGetViewWindow()
     return area ? area->activeSubWindow() : nullptr;
 }
 
-void TavoSetCurosr(QWidget* window, int cursor)
+xe::SetHostCursor xe::hostCursorFunction()
 {
     const QWidget* const frame = TavoGetMainFrame();
-    const qlonglong address = frame ? frame->property("TavoSetCursor").toLongLong() : 0;
-    if (address)
-        reinterpret_cast<int (*)(QWidget*, int)>(address)(window, cursor);
+    return frame ? reinterpret_cast<SetHostCursor>(frame->property("TavoSetCursor").toLongLong()) : nullptr;
+}
+
+void TavoSetCurosr(QWidget* window, int cursor)
+{
+    if (const xe::SetHostCursor setCursor = xe::hostCursorFunction())
+        setCursor(window, cursor);
 }

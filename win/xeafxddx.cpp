@@ -27,7 +27,7 @@ QWidget* CDataExchange_X::GetDlgItem(const char* name) const
     return m_pDlgWnd ? m_pDlgWnd->GetChildWidget(name) : nullptr;
 }
 
-QWidget* CDataExchange_X::GetDlgItem(const QString& name) const
+QWidget* CDataExchange_X::FindControl(const QString& name) const
 {
     // An empty name would match any widget.
     const QWidget* const dialog = GetDlgQWidget();

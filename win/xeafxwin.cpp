@@ -144,11 +144,19 @@ int CWnd_X::OnCreate(tagCREATESTRUCTW* createStruct)
     return 0;
 }
 
+// Later: a menu item or a scroll bar may be what destroys the window.
 void CWnd_X::deleteBars()
 {
-    delete m_horizontalBar;
-    delete m_verticalBar;
-    delete m_menuBar;
+    const auto drop = [](auto& bar) {
+        if (bar) {
+            bar->hide();
+            bar->deleteLater();
+        }
+        bar = nullptr;
+    };
+    drop(m_horizontalBar);
+    drop(m_verticalBar);
+    drop(m_menuBar);
 }
 
 void CWnd_X::SetupUI() {}
@@ -165,7 +173,7 @@ int CWnd_X::SetMenu(CMenu_X* menu)
         m_menuBar->hide();
         return 1;
     }
-    return SetMenu(QList<CMenu_X*>{menu});
+    return CWnd_X::SetMenu(QList<CMenu_X*>{menu}); // an override of the other form may call this one
 }
 
 int CWnd_X::SetMenu(QList<CMenu_X*> menus)

@@ -8,7 +8,17 @@
 
 #include <QAbstractButton>
 
-#include <cstdlib>
+#include <limits>
+
+namespace {
+
+int extent(LONG from, LONG to)
+{
+    const qint64 way = qAbs(static_cast<qint64>(to) - from);
+    return static_cast<int>(qMin<qint64>(way, std::numeric_limits<int>::max()));
+}
+
+} // namespace
 
 // ------------------------------------------------------------------------------------------------------------ geometry
 
@@ -29,8 +39,7 @@ void CWnd_X::MoveWindow(int x, int y, int width, int height, BOOL repaint)
 void CWnd_X::MoveWindow(const tagRECT* rect, BOOL repaint)
 {
     if (rect)
-        MoveWindow(rect->left, rect->top, std::abs(rect->right - rect->left), std::abs(rect->bottom - rect->top),
-                   repaint);
+        MoveWindow(rect->left, rect->top, extent(rect->left, rect->right), extent(rect->top, rect->bottom), repaint);
 }
 
 void CWnd_X::CenterWindow(QWidget* alternate)

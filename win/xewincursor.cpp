@@ -1,10 +1,14 @@
-#include "xeprocess.h"
 #include "xewinuser.h"
+
+#include "sys/hostcursor.h"
 
 #include <QApplication>
 #include <QCursor>
 #include <QDesktopWidget>
-#include <QVariant>
+
+#include <algorithm>
+#include <climits>
+#include <iterator>
 
 namespace {
 
@@ -44,9 +48,7 @@ HCURSOR LoadCursor_X(HINSTANCE instance, LPCWSTR name)
 
 HCURSOR SetCursor_X(HCURSOR cursor)
 {
-    using SetCursor = int (*)(QWidget*, int);
-    const QWidget* const frame = TavoGetMainFrame();
-    const auto setCursor = frame ? reinterpret_cast<SetCursor>(frame->property("TavoSetCursor").toLongLong()) : nullptr;
+    const xe::SetHostCursor setCursor = xe::hostCursorFunction();
     if (cursor && setCursor)
         g_nCursorType = setCursor(nullptr, *cursor);
     return &g_nCursorType;

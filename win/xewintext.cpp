@@ -17,6 +17,8 @@
 #include <QSignalBlocker>
 #include <QTextEdit>
 
+#include <climits>
+
 // The place where Qt keeps the text of each kind of control.
 QString xe::controlText(QWidget* window)
 {
@@ -123,7 +125,7 @@ BOOL SetWindowText_X(HWND window, const wchar_t* text)
 
 HWND GetDlgItem_X(HWND window, int id)
 {
-    // An empty name would match any widget.
+    // Keys of a table that are no numbers count as 0, and an empty name would match any widget.
     const QString name = window && id != 0 ? ToStringId(static_cast<unsigned int>(id)) : QString();
     return name.isEmpty() ? nullptr : window->findChild<QWidget*>(name);
 }

@@ -9,6 +9,8 @@
 #include <QTimer>
 #include <QTimerEvent>
 
+#include <climits>
+
 namespace {
 
 void fire(QWidget* window, int id, TIMERPROC proc)
@@ -21,12 +23,15 @@ void fire(QWidget* window, int id, TIMERPROC proc)
     }
 }
 
-// The timer is the window's child, so that it dies with it; its entry goes in the same moment.
+// The window's child. It goes as soon as the window says that it is gone, so that the id is free from then on, and its
+// entry goes in the same moment.
 QTimer* newTimer(QWidget* window, int id, TIMERPROC proc)
 {
     auto* const timer = new QTimer(window);
     QObject::connect(timer, &QTimer::timeout, timer,
                      [window = QPointer<QWidget>(window), id, proc] { fire(window, id, proc); });
+    if (window)
+        QObject::connect(window, &QObject::destroyed, timer, [timer] { delete timer; });
     QObject::connect(timer, &QObject::destroyed, &g_appEventHandler, [timer, id] {
         const auto entry = g_appEventHandler.timers.find(id);
         if (entry != g_appEventHandler.timers.end() && entry->second == timer)
