@@ -25,16 +25,15 @@
 #include "xedef.h"
 #include "xeresource.h"
 
-#include <QWidget>
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSlider>
 
 class CWnd_X;
-class QAbstractButton;
-class QComboBox;
-class QGroupBox;
-class QLineEdit;
-class QRadioButton;
-class QScrollBar;
-class QSlider;
 
 /// One run of DoDataExchange().
 class XE_EXPORT CDataExchange_X
@@ -45,7 +44,7 @@ public:
     QWidget* GetDlgQWidget() const;
     /// The control of this name, null if there is none.
     QWidget* GetDlgItem(const char* name) const;
-    QWidget* GetDlgItem(const QString& name) const;
+    QWidget* FindControl(const QString& name) const; ///< GetDlgItem() of Qt's own text
     /// Makes `control` the one that Fail() is about.
     void PrepareCtrl(QWidget* control) { m_pCurCtrl = control; }
 
@@ -118,9 +117,9 @@ namespace xe {
 
 /// The control of a name as a `Widget`; fails the exchange when there is none.
 template <class Widget>
-Widget* exchangedControl(CDataExchange_X* exchange, const QString& name)
+Widget* controlNamed(CDataExchange_X* exchange, const QString& name)
 {
-    auto* const control = qobject_cast<Widget*>(exchange->GetDlgItem(name));
+    auto* const control = qobject_cast<Widget*>(exchange->FindControl(name));
     if (!control)
         exchange->FailMissing(name, Widget::staticMetaObject.className());
     return control;
@@ -129,7 +128,7 @@ Widget* exchangedControl(CDataExchange_X* exchange, const QString& name)
 template <class Widget>
 Widget* exchangedControl(CDataExchange_X* exchange, const char* name)
 {
-    return exchangedControl<Widget>(exchange, QString::fromUtf8(name));
+    return controlNamed<Widget>(exchange, QString::fromUtf8(name));
 }
 
 /// The control of a resource id of the calling module.
@@ -137,7 +136,9 @@ template <class Widget>
 Widget* exchangedControl(CDataExchange_X* exchange, int id)
 {
     const QString name = GetObjectNameById(id);
-    return exchangedControl<Widget>(exchange, name.isEmpty() ? QString::number(id) : name);
+    if (name.isEmpty())
+        exchange->FailMissing(QString::number(id), Widget::staticMetaObject.className());
+    return controlNamed<Widget>(exchange, name);
 }
 
 /// How a client names a control: not the control itself.

@@ -301,11 +301,24 @@ public:
     XeQString(const wchar_t* text) : QString(fromWide(text)) {}
     XeQString(const CString_X& text) : QString(fromWide(text.GetString())) {}
 
-    using QString::operator=;
+    XeQString& operator=(const QString& text)
+    {
+        QString::operator=(text);
+        return *this;
+    }
     XeQString& operator=(const wchar_t* text);
     XeQString& operator=(const CString_X& text) { return *this = text.GetString(); }
 
-    using QString::operator+=;
+    XeQString& operator+=(const QString& text)
+    {
+        append(text);
+        return *this;
+    }
+    XeQString& operator+=(QChar ch)
+    {
+        append(ch);
+        return *this;
+    }
     XeQString& operator+=(const wchar_t* text);
     XeQString& operator+=(const CString_X& text) { return *this += text.GetString(); }
 

@@ -297,8 +297,11 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     virtual void SetupUI();
     /// Places the scroll bars along the edges; the corner between them stays empty. Called when the window's size changes.
     virtual void RecalcLayout();
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_GCC("-Woverloaded-virtual") // a dialog hides it by its forms with a template
     /// AttachDefault(); a null parent stands for the host's main window, if there is one.
     virtual int Create(QWidget* parent);
+    QT_WARNING_POP
     /// DestroyWindow_X() of the widget; 0 without one.
     virtual int DestroyWindow();
     /// The last call that a wrapper gets from its window. An override may delete the wrapper.

@@ -9,6 +9,7 @@
 #include "xedef.h"
 
 #include <algorithm>
+#include <limits>
 
 class CPoint;
 class CRect;
@@ -19,30 +20,37 @@ public:
     CSize() : tagSIZE{0, 0} {}
     CSize(int initCX, int initCY) : tagSIZE{initCX, initCY} {}
     CSize(const tagSIZE& size) : tagSIZE(size) {}
-    explicit CSize(const tagPOINT& point) : tagSIZE{point.x, point.y} {}
+    CSize(const tagPOINT& point) : tagSIZE{point.x, point.y} {}
+    /// From the low and the high word, both signed.
+    CSize(DWORD packed) : tagSIZE{static_cast<short>(LOWORD(packed)), static_cast<short>(HIWORD(packed))} {}
 
     void SetSize(int width, int height) { *this = CSize(width, height); }
 
-    CSize& operator+=(const tagSIZE& size) { return *this = CSize(cx + size.cx, cy + size.cy); }
-    CSize& operator-=(const tagSIZE& size) { return *this = CSize(cx - size.cx, cy - size.cy); }
-    CSize operator-() const { return {-cx, -cy}; }
+    bool operator==(const tagSIZE& other) const { return cx == other.cx && cy == other.cy; }
+    bool operator!=(const tagSIZE& other) const { return !(*this == other); }
 
-    friend bool operator==(const CSize& a, const CSize& b) { return a.cx == b.cx && a.cy == b.cy; }
-    friend bool operator!=(const CSize& a, const CSize& b) { return !(a == b); }
-    friend CSize operator+(CSize a, const CSize& b) { return a += b; }
-    friend CSize operator-(CSize a, const CSize& b) { return a -= b; }
+    CSize& operator+=(const tagSIZE& by) { return *this = *this + by; }
+    CSize& operator-=(const tagSIZE& by) { return *this = *this - by; }
+    CSize operator-() const { return {-cx, -cy}; }
+    CSize operator+(const tagSIZE& by) const { return {cx + by.cx, cy + by.cy}; }
+    CSize operator-(const tagSIZE& by) const { return {cx - by.cx, cy - by.cy}; }
+    CPoint operator+(const tagPOINT& point) const;
+    CPoint operator-(const tagPOINT& point) const;
+    /// The rectangle, moved by the size.
+    CRect operator+(const tagRECT* rect) const;
+    CRect operator-(const tagRECT* rect) const;
 };
 
-/// Passed by value it fills one 64-bit word.
-class CPoint : public tagPOINT
+/// Passed by value it fills one 64-bit word. Seen through other types as well: see CRect::TopLeft().
+class [[gnu::may_alias]] CPoint : public tagPOINT
 {
 public:
     CPoint() : tagPOINT{0, 0} {}
     CPoint(int initX, int initY) : tagPOINT{initX, initY} {}
     CPoint(const tagPOINT& point) : tagPOINT(point) {}
-    explicit CPoint(const tagSIZE& size) : tagPOINT{size.cx, size.cy} {}
+    CPoint(const tagSIZE& size) : tagPOINT{size.cx, size.cy} {}
     /// From the packed words of a message: both signed.
-    explicit CPoint(LPARAM packed)
+    CPoint(LPARAM packed)
         : tagPOINT{static_cast<short>(LOWORD(static_cast<DWORD_PTR>(packed))),
                    static_cast<short>(HIWORD(static_cast<DWORD_PTR>(packed)))}
     {}
@@ -52,18 +60,21 @@ public:
     void Offset(const tagPOINT& by) { Offset(by.x, by.y); }
     void Offset(const tagSIZE& by) { Offset(by.cx, by.cy); }
 
-    CPoint& operator+=(const tagSIZE& by) { return *this = CPoint(x + by.cx, y + by.cy); }
-    CPoint& operator+=(const tagPOINT& by) { return *this = CPoint(x + by.x, y + by.y); }
-    CPoint& operator-=(const tagSIZE& by) { return *this = CPoint(x - by.cx, y - by.cy); }
-    CPoint& operator-=(const tagPOINT& by) { return *this = CPoint(x - by.x, y - by.y); }
+    bool operator==(const tagPOINT& other) const { return x == other.x && y == other.y; }
+    bool operator!=(const tagPOINT& other) const { return !(*this == other); }
+
+    CPoint& operator+=(const tagSIZE& by) { return *this = *this + by; }
+    CPoint& operator+=(const tagPOINT& by) { return *this = *this + by; }
+    CPoint& operator-=(const tagSIZE& by) { return *this = *this - by; }
+    CPoint& operator-=(const tagPOINT& by) { return *this = CPoint(*this - by); }
     CPoint operator-() const { return {-x, -y}; }
     CPoint operator+(const tagSIZE& by) const { return {x + by.cx, y + by.cy}; }
     CPoint operator+(const tagPOINT& by) const { return {x + by.x, y + by.y}; }
     CPoint operator-(const tagSIZE& by) const { return {x - by.cx, y - by.cy}; }
     CSize operator-(const tagPOINT& from) const { return {x - from.x, y - from.y}; }
-
-    friend bool operator==(const CPoint& a, const CPoint& b) { return a.x == b.x && a.y == b.y; }
-    friend bool operator!=(const CPoint& a, const CPoint& b) { return !(a == b); }
+    /// The rectangle, moved by the point.
+    CRect operator+(const tagRECT* rect) const;
+    CRect operator-(const tagRECT* rect) const;
 };
 
 class CRect : public tagRECT
@@ -105,7 +116,7 @@ public:
     {
         return point.x >= left && point.x < right && point.y >= top && point.y < bottom;
     }
-    BOOL EqualRect(const tagRECT* other) const { return other && *this == CRect(*other); }
+    BOOL EqualRect(const tagRECT* other) const { return other && *this == *other; }
 
     // ----------------------------------------------------------------------------------------------------- setting it
 
@@ -138,47 +149,82 @@ public:
     {
         *this = CRect(std::min(left, right), std::min(top, bottom), std::max(left, right), std::max(top, bottom));
     }
+    void SwapLeftRight() { SwapLeftRight(this); }
+    static void SwapLeftRight(tagRECT* rect)
+    {
+        if (rect)
+            std::swap(rect->left, rect->right);
+    }
 
     /// Becomes what both have in common; all 0, with result FALSE, if that is nothing. `a` or `b` may be this rectangle.
-    BOOL IntersectRect(const tagRECT* a, const tagRECT* b) { return *this = CRect(a) & CRect(b), !IsRectEmpty(); }
+    BOOL IntersectRect(const tagRECT* a, const tagRECT* b) { return become(CRect(a) & CRect(b)); }
 
     /// Becomes the smallest rectangle around both; an empty one is left out. FALSE, and all 0, if both are empty.
-    BOOL UnionRect(const tagRECT* a, const tagRECT* b) { return *this = CRect(a) | CRect(b), !IsRectEmpty(); }
+    BOOL UnionRect(const tagRECT* a, const tagRECT* b) { return become(CRect(a) | CRect(b)); }
+
+    /// Becomes `a` without the side that `b` covers from edge to edge; a `b` that would leave any other shape leaves `a`
+    /// as it is. FALSE, and all 0, if nothing is left.
+    BOOL SubtractRect(const tagRECT* a, const tagRECT* b)
+    {
+        CRect rest(a);
+        const CRect common = rest & CRect(b);
+        if (common.top == rest.top && common.bottom == rest.bottom)
+            cut(rest.left, rest.right, common.left, common.right);
+        else if (common.left == rest.left && common.right == rest.right)
+            cut(rest.top, rest.bottom, common.top, common.bottom);
+        return become(rest);
+    }
 
     // ------------------------------------------------------------------------------------------------------ operators
 
+    bool operator==(const tagRECT& other) const
+    {
+        return left == other.left && top == other.top && right == other.right && bottom == other.bottom;
+    }
+    bool operator!=(const tagRECT& other) const { return !(*this == other); }
+
+    // A point or a size moves the rectangle, and a rectangle moves its edges.
     CRect& operator+=(const tagPOINT& by) { return OffsetRect(by), *this; }
     CRect& operator+=(const tagSIZE& by) { return OffsetRect(by), *this; }
     CRect& operator+=(const tagRECT* by) { return InflateRect(by), *this; }
     CRect& operator-=(const tagPOINT& by) { return OffsetRect(-by.x, -by.y), *this; }
     CRect& operator-=(const tagSIZE& by) { return OffsetRect(-by.cx, -by.cy), *this; }
     CRect& operator-=(const tagRECT* by) { return DeflateRect(by), *this; }
-    CRect& operator&=(const tagRECT& other) { return *this = *this & CRect(other); }
-    CRect& operator|=(const tagRECT& other) { return *this = *this | CRect(other); }
+    CRect operator+(const tagPOINT& by) const { return CRect(*this) += by; }
+    CRect operator+(const tagSIZE& by) const { return CRect(*this) += by; }
+    CRect operator+(const tagRECT* by) const { return CRect(*this) += by; }
+    CRect operator-(const tagPOINT& by) const { return CRect(*this) -= by; }
+    CRect operator-(const tagSIZE& by) const { return CRect(*this) -= by; }
+    CRect operator-(const tagRECT* by) const { return CRect(*this) -= by; }
+    // Without these a difference of two rectangles could be one of two addresses.
+    CRect operator-(tagRECT* by) const { return CRect(*this) -= by; }
+    CRect operator-(const CRect& by) const { return CRect(*this) -= &by; }
 
-    friend bool operator==(const CRect& a, const CRect& b)
+    // IntersectRect() and UnionRect().
+    CRect& operator&=(const tagRECT& other) { return *this = *this & other; }
+    CRect& operator|=(const tagRECT& other) { return *this = *this | other; }
+    CRect operator&(const tagRECT& other) const
     {
-        return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
-    }
-    friend bool operator!=(const CRect& a, const CRect& b) { return !(a == b); }
-    friend CRect operator+(CRect rect, const tagPOINT& by) { return rect += by; }
-    friend CRect operator+(CRect rect, const tagSIZE& by) { return rect += by; }
-    friend CRect operator-(CRect rect, const tagPOINT& by) { return rect -= by; }
-    friend CRect operator-(CRect rect, const tagSIZE& by) { return rect -= by; }
-
-    friend CRect operator&(const CRect& a, const CRect& b)
-    {
-        const CRect common(std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
-                           std::min(a.bottom, b.bottom));
+        const CRect common(std::max(left, other.left), std::max(top, other.top), std::min(right, other.right),
+                           std::min(bottom, other.bottom));
         return common.IsRectEmpty() ? CRect() : common;
     }
-
-    friend CRect operator|(const CRect& a, const CRect& b)
+    CRect operator|(const tagRECT& other) const
     {
-        if (a.IsRectEmpty() || b.IsRectEmpty())
-            return !a.IsRectEmpty() ? a : !b.IsRectEmpty() ? b : CRect();
-        return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
-                std::max(a.bottom, b.bottom)};
+        if (IsRectEmpty())
+            return CRect(other).IsRectEmpty() ? CRect() : CRect(other);
+        if (CRect(other).IsRectEmpty())
+            return *this;
+        return {std::min(left, other.left), std::min(top, other.top), std::max(right, other.right),
+                std::max(bottom, other.bottom)};
+    }
+
+    /// Each edge times `multiplier` by `divisor`, rounded to the nearest, halves away from 0. An edge that does not fit,
+    /// or a divisor of 0, gives -1.
+    CRect MulDiv(int multiplier, int divisor) const
+    {
+        return {scaled(left, multiplier, divisor), scaled(top, multiplier, divisor), scaled(right, multiplier, divisor),
+                scaled(bottom, multiplier, divisor)};
     }
 
 private:
@@ -187,4 +233,37 @@ private:
         if (by)
             InflateRect(sign * by->left, sign * by->top, sign * by->right, sign * by->bottom);
     }
+
+    BOOL become(const CRect& rect)
+    {
+        *this = rect.IsRectEmpty() ? CRect() : rect;
+        return !IsRectEmpty();
+    }
+
+    // Takes the part from `first` to `last` off whichever end it lies at.
+    static void cut(LONG& low, LONG& high, LONG first, LONG last)
+    {
+        if (first == low)
+            low = last;
+        else if (last == high)
+            high = first;
+    }
+
+    static LONG scaled(LONG edge, qint64 multiplier, qint64 divisor)
+    {
+        if (divisor == 0)
+            return -1;
+        const qint64 product = edge * multiplier;
+        const qint64 half = qAbs(divisor) / 2;
+        const qint64 result = (product < 0 ? product - half : product + half) / divisor;
+        const bool fits = qAbs(result) <= std::numeric_limits<LONG>::max();
+        return fits ? static_cast<LONG>(result) : -1;
+    }
 };
+
+inline CPoint CSize::operator+(const tagPOINT& point) const { return {cx + point.x, cy + point.y}; }
+inline CPoint CSize::operator-(const tagPOINT& point) const { return {cx - point.x, cy - point.y}; }
+inline CRect CSize::operator+(const tagRECT* rect) const { return CRect(rect) + *this; }
+inline CRect CSize::operator-(const tagRECT* rect) const { return CRect(rect) - *this; }
+inline CRect CPoint::operator+(const tagRECT* rect) const { return CRect(rect) + *this; }
+inline CRect CPoint::operator-(const tagRECT* rect) const { return CRect(rect) - *this; }

@@ -34,6 +34,11 @@ class QWidget;
 #define afx_msg
 #endif
 
+/// Text is wide here, whatever the host was built for.
+#ifndef _T
+#define _T(text) L##text
+#endif
+
 // ------------------------------------------------------------------------------------------------ scalar types
 
 using BOOL = int;
@@ -60,11 +65,19 @@ using LPWSTR = wchar_t*;
 using LPCWSTR = const wchar_t*;
 using LPTSTR = wchar_t*;
 using LPCTSTR = const wchar_t*;
+using LPSTR = char*;
+using LPCSTR = const char*;
+using TCHAR = wchar_t;
+using WCHAR = wchar_t;
 using LPVOID = void*;
 using BSTR = wchar_t*; ///< a terminated text from calloc, without a length in front
 
+#if !defined(FALSE) && !defined(TRUE) // some C headers have them as macros
 inline constexpr BOOL FALSE = 0;
 inline constexpr BOOL TRUE = 1;
+#endif
+
+inline constexpr int MAX_PATH = 260; ///< as published; paths may be longer here
 
 static_assert(sizeof(WPARAM) == 8 && sizeof(LPARAM) == 8 && sizeof(void*) == 8,
               "a message parameter holds a pointer, so the library is for 64-bit systems");

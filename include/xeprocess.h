@@ -106,6 +106,8 @@ inline constexpr int COLOR_GRAYTEXT = 17;
 inline constexpr int COLOR_BTNTEXT = 18;
 inline constexpr int COLOR_BTNHIGHLIGHT = 20;
 inline constexpr int COLOR_3DHIGHLIGHT = COLOR_BTNHIGHLIGHT;
+inline constexpr int COLOR_BTNHILIGHT = COLOR_BTNHIGHLIGHT;
+inline constexpr int COLOR_3DHILIGHT = COLOR_BTNHIGHLIGHT;
 inline constexpr int COLOR_INFOTEXT = 23;
 inline constexpr int COLOR_INFOBK = 24;
 

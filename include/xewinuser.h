@@ -47,6 +47,12 @@ inline constexpr UINT SIF_POS = 4;
 inline constexpr UINT SIF_TRACKPOS = 16;
 inline constexpr UINT SIF_ALL = SIF_RANGE | SIF_PAGE | SIF_POS | SIF_TRACKPOS;
 
+inline constexpr UINT BST_UNCHECKED = 0;
+inline constexpr UINT BST_CHECKED = 1;
+inline constexpr UINT BST_INDETERMINATE = 2;
+inline constexpr DWORD BS_3STATE = 5;
+inline constexpr DWORD BS_AUTO3STATE = 6;
+
 inline constexpr DWORD WS_OVERLAPPED = 0;
 inline constexpr DWORD WS_TABSTOP = 0x00010000;
 inline constexpr DWORD WS_MAXIMIZEBOX = 0x00010000;

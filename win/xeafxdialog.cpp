@@ -48,14 +48,15 @@ bool CDialog_X::AttachDefault(QWidget* parent) { return Attach(new QDialog(paren
 int CDialog_X::DoModal()
 {
     m_ended = false;
-    if (!CWnd_X::Create(m_parent))
+    auto* const dialog = CWnd_X::Create(m_parent) ? Imp<QDialog>() : nullptr;
+    if (!dialog)
         return notMade;
     // A handler may delete the dialog's widget, and with it whoever owns the wrapper.
     const QPointer<CDialog_X> living(this);
     int result = m_result;
     if (!m_ended) {
         QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
-        result = Imp<QDialog>()->exec();
+        result = dialog->exec();
         QGuiApplication::restoreOverrideCursor();
     }
     if (living)

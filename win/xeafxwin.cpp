@@ -133,7 +133,7 @@ int CWnd_X::OnCreate(tagCREATESTRUCTW* createStruct)
     SetupUI();
     QWidget* const widget = GetSafeHwnd();
     if (!widget)
-        return -1;
+        return 0;
     const DWORD style = createStruct ? static_cast<DWORD>(createStruct->style) : 0;
     if (style & WS_HSCROLL)
         m_horizontalBar = new QScrollBar(Qt::Horizontal, widget);

@@ -191,15 +191,13 @@ BOOL SetDlgItemInt_X(HWND window, int id, UINT value, BOOL isSigned)
 UINT IsDlgButtonChecked_X(HWND window, int id)
 {
     constexpr DWORD typeBits = 0xF;
-    constexpr DWORD threeState = 5;
-    constexpr DWORD autoThreeState = 6;
 
     auto* const box = qobject_cast<QCheckBox*>(GetDlgItem_X(window, id));
     const CWnd_X* const wrapper = CWnd_X::FromHandlePermanent(box);
     if (!wrapper)
         return 0;
     const DWORD type = wrapper->GetStyle() & typeBits;
-    return type == threeState || type == autoThreeState ? threeState : box->isChecked();
+    return type == BS_3STATE || type == BS_AUTO3STATE ? BS_3STATE : box->isChecked();
 }
 
 BOOL SetEditSelectAll_X(HWND window)

@@ -1,9 +1,8 @@
-// Shows the window messages that reach a view, on a window written the way a Windows host writes one.
+// A book of parts, in a CSV file, on a window and dialogs written the way a Windows host writes them.
 //
-//   partsbook [--trace FILE]
+//   partsbook [--trace FILE] FILE
 
 #include "mainframe.h"
-#include "messagelog.h"
 #include "text.h"
 
 #include <QApplication>
@@ -18,18 +17,21 @@ int main(int argc, char** argv)
 
     QCommandLineParser options;
     options.addHelpOption();
-    options.addOption({"trace", "Append each message to <file>, one a line.", "file"});
+    options.addOption({"trace", "Show the messages that a window receives, and append each to <file>.", "file"});
+    options.addPositionalArgument("file", "The parts, as a CSV file in UTF-8.");
     options.process(application);
+    if (options.positionalArguments().size() != 1)
+        options.showHelp(1);
 
-    MessageLog log;
+    CMainFrame frame;
+    frame.Create(nullptr);
+    frame.ShowWindow(SW_SHOW);
+    if (!frame.OpenBook(options.positionalArguments().constFirst()))
+        return 1;
     const QString trace = options.value("trace");
-    if (options.isSet("trace") && !log.traceTo(trace)) {
-        std::fputs(formatText(loadText(IDS_CANNOT_WRITE), CString_X(trace)), stderr);
+    if (options.isSet("trace") && !frame.TraceTo(trace)) {
+        std::fputs(formatText(loadText(IDS_CANNOT_TRACE), CString_X(trace)), stderr);
         return 1;
     }
-
-    CMainFrame frame(log);
-    frame.Create(nullptr);
-    frame.GetSafeHwnd()->show();
     return QApplication::exec();
 }

@@ -1,111 +1,259 @@
 #include "mainframe.h"
+#include "ui_mainframe.h" // ahead of resource.h, whose macros have the names of its members
 
-#include "messagelog.h"
+#include "control.h"
+#include "hostservices.h"
+#include "partdialog.h"
+#include "partstable.h"
 #include "text.h"
 
+#include <QFileInfo>
 #include <QLabel>
-#include <QStatusBar>
-#include <xeprocess.h>
+
+#include <algorithm>
 
 namespace {
 
-// -------------------------------------------------------------------------------- what the library asks its host for
+constexpr UINT_PTR statusTimer = 1001;
+constexpr UINT statusTime = 4000; // milliseconds
+constexpr int mostBadLinesShown = 12;
 
-bool isCommandActive() { return false; }
-
-// The cursor types of the library; every other code is the arrow.
-constexpr struct
-{
-    int code;
-    Qt::CursorShape shape;
-} cursors[]{
-    {257, Qt::IBeamCursor},     {258, Qt::CrossCursor},   {259, Qt::WaitCursor},
-    {260, Qt::SizeVerCursor},   {261, Qt::SizeHorCursor}, {262, Qt::SizeBDiagCursor},
-    {263, Qt::SizeFDiagCursor}, {264, Qt::SizeAllCursor}, {268, Qt::PointingHandCursor},
-};
-
-Qt::CursorShape cursorShape(int code)
-{
-    for (const auto& cursor : cursors) {
-        if (cursor.code == code)
-            return cursor.shape;
-    }
-    return Qt::ArrowCursor;
-}
-
-// Gives back the code that the library is to remember.
-int setHostCursor(QWidget*, int code)
-{
-    if (QWidget* frame = TavoGetMainFrame())
-        frame->setCursor(cursorShape(code));
-    return code;
-}
-
-template <class Function>
-qlonglong address(Function* function)
-{
-    return static_cast<qlonglong>(reinterpret_cast<quintptr>(function));
-}
-
-// ------------------------------------------------------------------------------------------------- the keyboard hook
-
-long long keyboardHook(int code, unsigned long vk, long long lParam)
-{
-    const bool released = lParam & 0x80000000;
-    auto* frame = qobject_cast<CMainFrame*>(CWnd_X::FromHandlePermanent(TavoGetMainFrame()));
-    if (frame && !released)
-        frame->CountKey(static_cast<UINT>(vk));
-    return CallNextHookEx_X(nullptr, code, vk, lParam);
-}
+CString_X shortName(const PartsBook& book) { return QFileInfo(book.fileName()).fileName(); }
 
 } // namespace
 
-// --------------------------------------------------------------------------------------------------- the main window
-
-CTavoMainFrame::CTavoMainFrame(QWidget* parent) : QMainWindow(parent)
-{
-    setObjectName("CTavoMainFrame");
-    setProperty("IsTavoCmdActive", address(isCommandActive));
-    setProperty("TavoSetCursor", address(setHostCursor));
-    setWindowTitle(XeQString(loadText(IDS_TITLE)));
-    resize(1000, 640);
-}
+CTavoMainFrame::CTavoMainFrame(QWidget* parent) : QMainWindow(parent) { offerHostServices(this); }
 
 IMPLEMENT_DYNAMIC_X(CMainFrame, CWnd_X)
 
 BEGIN_MESSAGE_MAP_X(CMainFrame, CWnd_X)
     ON_WM_CLOSE_X()
-    ON_WM_DESTROY_X()
+    ON_WM_TIMER_X()
+    ON_MESSAGE_X(WM_FIND_PART, OnFindPart)
 END_MESSAGE_MAP_X()
 
-CMainFrame::CMainFrame(MessageLog& log) : m_view(log) {}
+// ------------------------------------------------------------------------------------------------------- the window
 
 bool CMainFrame::AttachDefault(QWidget* parent) { return Attach(new CTavoMainFrame(parent), parent, false); }
 
+void CMainFrame::SetupUI()
+{
+    auto* const window = Imp<QMainWindow>();
+    Ui::CTavoMainFrame().setupUi(window);
+    setUpPartsTable(Table());
+    m_status = new QLabel;
+    m_status->setContentsMargins(8, 0, 0, 0);
+    window->statusBar()->addWidget(m_status);
+}
+
 int CMainFrame::OnCreate(tagCREATESTRUCTW* createStruct)
 {
-    auto* const window = Imp<CTavoMainFrame>();
-    if (CWnd_X::OnCreate(createStruct) || !m_view.Create(window))
+    if (CWnd_X::OnCreate(createStruct))
         return -1;
-    window->setCentralWidget(m_view.GetSafeHwnd());
-    m_view.GetSafeHwnd()->setFocus();
-
-    m_status = new QLabel(XeQString(loadText(IDS_NO_KEYS)));
-    m_status->setContentsMargins(10, 0, 0, 0);
-    window->statusBar()->addWidget(m_status);
-    m_hook = SetWindowsHookEx_X(WH_KEYBOARD, keyboardHook);
+    ConnectCommands();
     return 0;
 }
 
-void CMainFrame::CountKey(UINT vk)
+void CMainFrame::ConnectCommands()
 {
-    m_status->setText(XeQString(formatText(loadText(IDS_KEYS), ++m_keys, CString_X(keyText(vk)))));
+    QWidget* const window = GetSafeHwnd();
+    Connect(ID_FILE_SAVE, SIGNAL(triggered()), this, SLOT(OnFileSave()), window);
+    Connect(ID_APP_EXIT, SIGNAL(triggered()), this, SLOT(OnAppExit()), window);
+    Connect(ID_PART_NEW, SIGNAL(triggered()), this, SLOT(OnPartNew()), window);
+    Connect(ID_PART_EDIT, SIGNAL(triggered()), this, SLOT(OnPartEdit()), window);
+    Connect(ID_PART_DELETE, SIGNAL(triggered()), this, SLOT(OnPartDelete()), window);
+    Connect(ID_EDIT_FIND, SIGNAL(triggered()), this, SLOT(OnEditFind()), window);
+    Connect(ID_EDIT_REPEAT, SIGNAL(triggered()), this, SLOT(OnEditRepeat()), window);
+    Connect(ID_VIEW_MESSAGES, SIGNAL(triggered()), this, SLOT(OnViewMessages()), window);
+    Connect(IDC_PARTS, SIGNAL(cellActivated(int, int)), this, SLOT(OnPartEdit()), window);
+    Connect(this, SIGNAL(updateCmdUi()), this, SLOT(OnUpdateCommands()));
 }
 
-void CMainFrame::OnClose() { DestroyWindow(); }
-
-void CMainFrame::OnDestroy()
+// Each time the program is about to wait, also when the window has been closed.
+void CMainFrame::OnUpdateCommands()
 {
-    UnhookWindowsHookEx_X(m_hook);
-    CWnd_X::OnDestroy();
+    if (!GetSafeHwnd())
+        return;
+    const bool hasPart = SelectedRow() >= 0;
+    control<QAction>(*this, ID_PART_EDIT).setEnabled(hasPart);
+    control<QAction>(*this, ID_PART_DELETE).setEnabled(hasPart);
+    control<QAction>(*this, ID_FILE_SAVE).setEnabled(m_book.isModified());
+    // A title that is set again, though it is the same, makes work for the window manager, and then for this program.
+    if (GetSafeHwnd()->isWindowModified() != m_book.isModified())
+        GetSafeHwnd()->setWindowModified(m_book.isModified());
+}
+
+void CMainFrame::OnAppExit() { GetSafeHwnd()->close(); }
+
+void CMainFrame::OnClose()
+{
+    if (MayClose())
+        DestroyWindow();
+    else
+        SetCurrentEventAccepted(false);
+}
+
+bool CMainFrame::MayClose()
+{
+    if (!m_book.isModified())
+        return true;
+    const CString_X question = formatText(loadText(IDS_ASK_SAVE), shortName(m_book));
+    switch (MessageBox(question, nullptr, MB_YESNOCANCEL | MB_ICONQUESTION)) {
+    case IDYES:
+        return SaveBook();
+    case IDNO:
+        return true;
+    default:
+        return false;
+    }
+}
+
+// --------------------------------------------------------------------------------------------------------- the file
+
+bool CMainFrame::OpenBook(const QString& fileName)
+{
+    if (!m_book.load(fileName)) {
+        MessageBox(formatText(loadText(IDS_CANNOT_READ), CString_X(fileName), m_book.error()), nullptr,
+                   MB_OK | MB_ICONERROR);
+        return false;
+    }
+    SetWindowText(formatText(loadText(IDS_TITLE), shortName(m_book)));
+    showParts(Table(), m_book);
+    SelectRow(0);
+    OnTimer(statusTimer);
+    if (!m_book.badLines().empty())
+        ReportBadLines();
+    return true;
+}
+
+void CMainFrame::ReportBadLines()
+{
+    const int count = static_cast<int>(m_book.badLines().size());
+    const int shown = std::min(count, mostBadLinesShown);
+    CString_X report = formatText(loadText(IDS_BAD_LINES), count, shortName(m_book));
+    for (int i = 0; i < shown; ++i) {
+        const PartsBook::BadLine& bad = m_book.badLines()[static_cast<std::size_t>(i)];
+        report += formatText(loadText(IDS_BAD_LINE), bad.line, bad.problem);
+    }
+    if (shown < count)
+        report += formatText(loadText(IDS_MORE_BAD_LINES), count - shown);
+    MessageBox(report);
+}
+
+bool CMainFrame::SaveBook()
+{
+    if (!m_book.save()) {
+        MessageBox(formatText(loadText(IDS_CANNOT_WRITE), CString_X(m_book.fileName()), m_book.error()), nullptr,
+                   MB_OK | MB_ICONERROR);
+        return false;
+    }
+    ShowStatus(IDS_SAVED, shortName(m_book));
+    return true;
+}
+
+// -------------------------------------------------------------------------------------------------------- the parts
+
+void CMainFrame::OnPartNew()
+{
+    CPartDialog dialog(loadText(IDS_NEW_PART), suppliersOf(m_book), this);
+    if (dialog.DoModal() != IDOK)
+        return;
+    m_book.add(dialog.m_part);
+    Table().setRowCount(m_book.count());
+    ShowPart(m_book.count() - 1);
+    ShowStatus(IDS_ADDED, dialog.m_part.number);
+}
+
+void CMainFrame::OnPartEdit()
+{
+    const int row = SelectedRow();
+    if (row < 0)
+        return;
+    CPartDialog dialog(loadText(IDS_EDIT_PART), suppliersOf(m_book), this);
+    dialog.m_part = m_book.part(row);
+    if (dialog.DoModal() != IDOK || dialog.m_part == m_book.part(row))
+        return;
+    m_book.change(row, dialog.m_part);
+    ShowPart(row);
+    ShowStatus(IDS_CHANGED, dialog.m_part.number);
+}
+
+void CMainFrame::OnPartDelete()
+{
+    const int row = SelectedRow();
+    if (row < 0)
+        return;
+    const Part part = m_book.part(row);
+    const CString_X question = formatText(loadText(IDS_ASK_DELETE), part.number, part.name);
+    if (MessageBox(question, nullptr, MB_YESNO | MB_ICONQUESTION) != IDYES)
+        return;
+    m_book.remove(row);
+    Table().removeRow(row);
+    ShowStatus(IDS_DELETED, part.number);
+}
+
+void CMainFrame::ShowPart(int row)
+{
+    showPart(Table(), row, m_book.part(row));
+    SelectRow(row);
+}
+
+QTableWidget& CMainFrame::Table() const { return control<QTableWidget>(*this, IDC_PARTS); }
+
+int CMainFrame::SelectedRow() const { return Table().currentRow(); }
+
+void CMainFrame::SelectRow(int row) { Table().setCurrentCell(row, 0); }
+
+// ------------------------------------------------------------------------------------------------------- the search
+
+void CMainFrame::OnEditFind() { m_find.Open(this); }
+
+void CMainFrame::OnEditRepeat()
+{
+    if (m_find.GetSafeHwnd())
+        m_find.FindNext();
+    else
+        OnEditFind();
+}
+
+LRESULT CMainFrame::OnFindPart(WPARAM matchCase, LPARAM text)
+{
+    const auto& wanted = *reinterpret_cast<const CString_X*>(text);
+    const int row = m_book.find(wanted, matchCase != 0, SelectedRow());
+    if (row < 0)
+        return FALSE;
+    SelectRow(row);
+    ShowStatus(IDS_FOUND, m_book.part(row).number);
+    return TRUE;
+}
+
+// ----------------------------------------------------------------------------------------------- status and messages
+
+// Shows a text until the timer takes it away.
+void CMainFrame::ShowStatus(unsigned format, const CString_X& text)
+{
+    m_status->setText(XeQString(formatText(loadText(format), text)));
+    KillTimer(statusTimer);
+    SetTimer(statusTimer, statusTime);
+}
+
+void CMainFrame::OnTimer(UINT_PTR id)
+{
+    CWnd_X::OnTimer(id);
+    if (id != statusTimer)
+        return;
+    KillTimer(statusTimer);
+    const int shortParts = m_book.countShort();
+    m_status->setText(
+        XeQString(formatText(loadText(IDS_SUMMARY), m_book.count(), shortParts, m_book.count(), shortParts)));
+}
+
+void CMainFrame::OnViewMessages() { m_messages.Open(this); }
+
+bool CMainFrame::TraceTo(const QString& fileName)
+{
+    if (!m_messages.Log().traceTo(fileName))
+        return false;
+    OnViewMessages();
+    return true;
 }

@@ -1,14 +1,15 @@
 #pragma once
 
-#include "partsview.h"
+#include "finddialog.h"
+#include "messageview.h"
+#include "partsbook.h"
 
 #include <QMainWindow>
-#include <xehook.h>
 
-class MessageLog;
 class QLabel;
+class QTableWidget;
 
-/// The widget of the main window. The library finds it by its object name and calls back through two of its properties.
+/// The widget of the main window, by its class and its name the one that the library knows as such.
 class CTavoMainFrame : public QMainWindow
 {
     Q_OBJECT
@@ -17,29 +18,52 @@ public:
     explicit CTavoMainFrame(QWidget* parent);
 };
 
-/// The main window: holds the view and counts the keys that a keyboard hook sees.
+/// The main window: shows a book of parts and carries out the commands of its menu.
 class CMainFrame : public CWnd_X
 {
     Q_OBJECT
     DECLARE_DYNAMIC_X(CMainFrame)
     DECLARE_IMP_CLASS_X(CTavoMainFrame)
 
-    explicit CMainFrame(MessageLog& log);
+    /// Shows the parts of a file, and tells of its bad lines. False, after a message, if it cannot be read.
+    bool OpenBook(const QString& fileName);
+    /// Shows the message window and has it write each message to a file. False if that cannot be written.
+    bool TraceTo(const QString& fileName);
 
     bool AttachDefault(QWidget* parent) override;
     int OnCreate(tagCREATESTRUCTW* createStruct) override;
 
-    /// From the keyboard hook: a key has gone down.
-    void CountKey(UINT vk);
-
     void OnClose();
-    void OnDestroy();
+    void OnTimer(UINT_PTR id);
+    LRESULT OnFindPart(WPARAM matchCase, LPARAM text);
 
     DECLARE_MESSAGE_MAP_X()
+    void SetupUI() override;
+
+private Q_SLOTS:
+    void OnFileSave() { SaveBook(); }
+    void OnAppExit();
+    void OnPartNew();
+    void OnPartEdit();
+    void OnPartDelete();
+    void OnEditFind();
+    void OnEditRepeat();
+    void OnViewMessages();
+    void OnUpdateCommands();
 
 private:
-    CPartsView m_view;
-    QLabel* m_status = nullptr; // the window's
-    HHOOK m_hook = nullptr;
-    int m_keys = 0;
+    void ConnectCommands();
+    bool SaveBook();
+    bool MayClose();
+    void ReportBadLines();
+    void ShowPart(int row);
+    QTableWidget& Table() const;
+    int SelectedRow() const;
+    void SelectRow(int row);
+    void ShowStatus(unsigned format, const CString_X& text);
+
+    QLabel* m_status = nullptr; // the status bar's
+    PartsBook m_book;
+    CFindDialog m_find;
+    CMessageView m_messages;
 };

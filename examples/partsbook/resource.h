@@ -1,12 +1,72 @@
 //{{NO_DEPENDENCIES}}
-// The numbers of the program's texts.
+// What the numbers of the program's texts, dialogs, controls and commands are called.
 #pragma once
 
 #define IDS_TITLE 101
 #define IDS_CANNOT_WRITE 102
-#define IDS_NO_KEYS 110
-#define IDS_KEYS 111
-#define IDS_SURFACE 120
-#define IDS_MARKER 121
-#define IDS_MESSAGES 130
-#define IDS_RECEIVED 131
+#define IDS_CANNOT_READ 103
+#define IDS_NO_FILE 104
+#define IDS_TOO_LARGE 105
+
+#define IDS_NO_TEXT 110
+#define IDS_OPEN_QUOTE 111
+#define IDS_BEHIND_QUOTE 112
+#define IDS_FIELD_COUNT 113
+#define IDS_NO_PART_NUMBER 114
+#define IDS_TOO_LONG 115
+#define IDS_NO_NUMBER 116
+#define IDS_NO_PRICE 117
+#define IDS_NO_WORD 118
+
+#define IDS_BAD_LINES 120
+#define IDS_BAD_LINE 121
+#define IDS_MORE_BAD_LINES 122
+
+#define IDS_SUMMARY 130
+#define IDS_SAVED 131
+#define IDS_FOUND 132
+#define IDS_NOT_FOUND 133
+#define IDS_CHANGED 134
+#define IDS_ADDED 135
+#define IDS_DELETED 136
+
+#define IDS_ASK_SAVE 140
+#define IDS_ASK_DELETE 141
+
+#define IDS_NEW_PART 150
+#define IDS_EDIT_PART 151
+#define IDS_CHOOSE_SUPPLIER 152
+#define IDS_NUMBER_MISSING 153
+
+#define IDS_MESSAGES 160
+#define IDS_RECEIVED 161
+#define IDS_CANNOT_TRACE 162
+
+#define IDD_PART 201
+#define IDD_FIND 202
+
+#define IDC_PARTS 1000
+#define IDC_NUMBER 1001
+#define IDC_NAME 1002
+#define IDC_KIND 1003
+#define IDC_SUPPLIER 1004
+#define IDC_BOUGHT 1005
+#define IDC_MADE 1006
+#define IDC_CUSTOMER 1007
+#define IDC_STOCK 1008
+#define IDC_MINIMUM 1009
+#define IDC_PRICE 1010
+#define IDC_IN_USE 1011
+#define IDC_REMARK 1012
+#define IDC_FIND_TEXT 1020
+#define IDC_MATCH_CASE 1021
+#define IDC_FIND_RESULT 1022
+
+#define ID_FILE_SAVE 0xE103
+#define ID_APP_EXIT 0xE141
+#define ID_EDIT_FIND 0xE124
+#define ID_EDIT_REPEAT 0xE128
+#define ID_PART_NEW 40001
+#define ID_PART_EDIT 40002
+#define ID_PART_DELETE 40003
+#define ID_VIEW_MESSAGES 40010

@@ -1,6 +1,9 @@
 #include "xuser.h"
 
+#include <QStringList>
+
 #include <X11/Xlib.h>
+#include <X11/Xutil.h>
 
 namespace {
 
@@ -35,11 +38,27 @@ std::vector<unsigned long> XUser::property(WId window, const char* name) const
     return values;
 }
 
-WId XUser::windowOfProcess(qint64 pid) const
+QString XUser::titleOf(WId window) const
+{
+    Display* const display = toDisplay(m_display);
+    Atom type = 0;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long bytesLeft = 0;
+    unsigned char* data = nullptr;
+    XGetWindowProperty(display, window, atom(display, "_NET_WM_NAME"), 0, 1024, False, atom(display, "UTF8_STRING"),
+                       &type, &format, &count, &bytesLeft, &data);
+    const QString title = QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<int>(count));
+    if (data)
+        XFree(data);
+    return title;
+}
+
+WId XUser::windowOfProcess(qint64 pid, const QString& title) const
 {
     const std::vector<unsigned long> owner{static_cast<unsigned long>(pid)};
     for (const WId window : property(DefaultRootWindow(toDisplay(m_display)), "_NET_CLIENT_LIST")) {
-        if (property(window, "_NET_WM_PID") == owner)
+        if (property(window, "_NET_WM_PID") == owner && titleOf(window).startsWith(title))
             return window;
     }
     return 0;
@@ -60,7 +79,34 @@ QSize XUser::sizeOf(WId window) const
     return {attributes.width, attributes.height};
 }
 
+unsigned long XUser::pixelAt(QPoint position) const
+{
+    Display* const display = toDisplay(m_display);
+    XImage* const image =
+        XGetImage(display, DefaultRootWindow(display), position.x(), position.y(), 1, 1, AllPlanes, ZPixmap);
+    if (!image)
+        return 0;
+    const unsigned long pixel = XGetPixel(image, 0, 0);
+    XDestroyImage(image);
+    return pixel;
+}
+
 void XUser::setNamedKey(const char* name, bool down) { setKey(XStringToKeysym(name), down); }
+
+void XUser::press(const QString& names)
+{
+    const QStringList keys = names.split(' ');
+    for (const QString& key : keys)
+        setNamedKey(qPrintable(key), true);
+    for (int i = keys.size(); i-- > 0;)
+        setNamedKey(qPrintable(keys.at(i)), false);
+}
+
+void XUser::type(const QString& text)
+{
+    for (const QChar character : text)
+        typeKey(character.unicode());
+}
 
 void XUser::resize(WId window, QSize size)
 {

@@ -1,4 +1,4 @@
-#include "partspainter.h"
+#include "messagepainter.h"
 
 #include "messagelog.h"
 #include "text.h"
@@ -16,8 +16,6 @@ const QColor faint(0x8a, 0x95, 0xa5);
 
 constexpr int headingHeight = 34;
 constexpr int padding = 12;
-constexpr int gridStep = 20;
-constexpr int heavyLine = 5 * gridStep;
 
 // Columns of the message list, in characters of its font.
 constexpr int timeWidth = 14;
@@ -69,30 +67,6 @@ QRect paintHeading(QPainter& painter, const QRect& area, const QString& title, c
     return area.adjusted(0, headingHeight, 0, 0);
 }
 
-void paintGrid(QPainter& painter, const QRect& area)
-{
-    for (int x = gridStep; x <= area.right(); x += gridStep)
-        painter.fillRect(x, area.top(), 1, area.height(), x % heavyLine ? shade : rule);
-    for (int y = area.top() + gridStep - area.top() % gridStep; y <= area.bottom(); y += gridStep)
-        painter.fillRect(area.left(), y, area.width(), 1, y % heavyLine ? shade : rule);
-}
-
-void paintMarker(QPainter& painter, const Marker& marker)
-{
-    QColor fill = marker.colour;
-    fill.setAlpha(40);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(marker.colour, 2));
-    painter.setBrush(fill);
-    painter.drawEllipse(marker.centre, marker.radius, marker.radius);
-
-    const int arm = marker.radius + 8;
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    painter.setPen(marker.colour);
-    painter.drawLine(marker.centre - QPoint(arm, 0), marker.centre + QPoint(arm, 0));
-    painter.drawLine(marker.centre - QPoint(0, arm), marker.centre + QPoint(0, arm));
-}
-
 void paintMessage(QPainter& painter, const QRect& row, const MessageLine& line)
 {
     const QFontMetrics metrics = painter.fontMetrics();
@@ -119,27 +93,12 @@ void paintMessage(QPainter& painter, const QRect& row, const MessageLine& line)
 
 } // namespace
 
-void paintSurface(QPainter& painter, const QRect& area, const Marker& marker)
-{
-    static const XeQString title(loadText(IDS_SURFACE));
-    static const CString_X format = loadText(IDS_MARKER);
-    const CString_X note = formatText(format, marker.centre.x(), marker.centre.y(), marker.radius);
-    painter.save();
-    painter.fillRect(area, paper);
-    const QRect grid = paintHeading(painter, area, title, XeQString(note));
-    painter.setClipRect(grid);
-    paintGrid(painter, grid);
-    paintMarker(painter, marker);
-    painter.restore();
-}
-
-void paintMessages(QPainter& painter, const QRect& area, const MessageLog& log)
+void paintMessages(QPainter& painter, const QRect& area, const MessageLog& log, const QString& note)
 {
     static const XeQString title(loadText(IDS_MESSAGES));
-    static const CString_X format = loadText(IDS_RECEIVED);
     painter.save();
     painter.fillRect(area, paper);
-    const QRect list = paintHeading(painter, area, title, XeQString(formatText(format, log.total())));
+    const QRect list = paintHeading(painter, area, title, note);
     painter.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
 
     const int rowHeight = painter.fontMetrics().height() + 6;

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "partspainter.h"
+#include "messagelog.h"
 
 #include <xeafxwin.h>
+#include <xehook.h>
 
-class MessageLog;
-struct MessageLine;
-
-/// The widget of the view. Keyboard hooks see its input because of its class name.
+/// The widget of the message window. Keyboard hooks see its input because of its class name.
 class CTavoView : public QWidget
 {
     Q_OBJECT
@@ -16,14 +14,19 @@ public:
     explicit CTavoView(QWidget* parent);
 };
 
-/// The view: a drawing surface on the left, and on the right each message that it has received.
-class CPartsView : public CWnd_X
+/// A window of its own that shows each message it receives, and counts the keys that a keyboard hook sees.
+class CMessageView : public CWnd_X
 {
     Q_OBJECT
-    DECLARE_DYNAMIC_X(CPartsView)
+    DECLARE_DYNAMIC_X(CMessageView)
     DECLARE_IMP_CLASS_X(CTavoView)
 
-    explicit CPartsView(MessageLog& log);
+    /// Shows the window, which is made when there is none.
+    void Open(CWnd_X* frame);
+    MessageLog& Log() { return m_log; }
+    int Keys() const { return m_keys; }
+    /// From the keyboard hook: a key has gone down.
+    void CountKey();
 
     bool AttachDefault(QWidget* parent) override;
     int OnCreate(tagCREATESTRUCTW* createStruct) override;
@@ -50,14 +53,14 @@ class CPartsView : public CWnd_X
     void OnTimer(UINT_PTR id);
     void OnSize(UINT type, int width, int height);
     void OnPaint();
+    void OnDestroy();
 
     DECLARE_MESSAGE_MAP_X()
 
 private:
-    QRect surface() const;
-    void placeMarker(CPoint point, const QColor& colour);
     void report(const MessageLine& line);
 
-    MessageLog& m_log;
-    Marker m_marker;
+    MessageLog m_log;
+    HHOOK m_hook = nullptr;
+    int m_keys = 0;
 };

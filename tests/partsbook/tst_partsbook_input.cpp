@@ -1,4 +1,5 @@
-// The real program, driven by real input on a real X server: which messages its view receives, and in which order.
+// The real program, driven by real input on a real X server: which messages its message window receives, and in which
+// order.
 
 #include "xuser.h"
 
@@ -27,13 +28,11 @@ constexpr auto separator = "\n    ";
 
 QString asText(const QStringList& messages) { return separator + messages.join(separator); }
 
-int heightIn(const QString& sizeMessage) { return sizeMessage.section(" x ", 1).toInt(); }
-
 } // namespace
 
 Q_DECLARE_METATYPE(Steps)
 
-class tst_partsbook : public QObject
+class tst_partsbook_input : public QObject
 {
     Q_OBJECT
 
@@ -50,7 +49,7 @@ private slots:
     void aNewSizeIsAMessage();
     void theTimerRuns();
     void traceThatCannotBeWritten();
-    void closingTheWindowEndsTheProgram();
+    void closingTheMainWindowEndsTheProgram();
 
 private:
     void startProgram();
@@ -65,20 +64,20 @@ private:
 
     XUser m_user;
     QString m_binary = qEnvironmentVariable("PARTSBOOK");
+    QString m_parts = qEnvironmentVariable("PARTS");
     QScopedPointer<QTemporaryDir> m_folder;
     QScopedPointer<QProcess> m_program;
     WId m_window = 0;
-    int m_viewHeight = 0;
     int m_seen = 0; // input messages that have been compared
 };
 
-void tst_partsbook::initTestCase()
+void tst_partsbook_input::initTestCase()
 {
     QVERIFY(m_user.isUsable());
     QVERIFY2(QFileInfo(m_binary).isExecutable(), "PARTSBOOK does not name the program");
 }
 
-void tst_partsbook::init()
+void tst_partsbook_input::init()
 {
     if (!m_program || m_program->state() == QProcess::NotRunning)
         startProgram();
@@ -86,7 +85,7 @@ void tst_partsbook::init()
         putPointerTo(home);
 }
 
-void tst_partsbook::cleanup()
+void tst_partsbook_input::cleanup()
 {
     m_user.releaseAll();
     if (QTest::currentTestFailed())
@@ -96,26 +95,24 @@ void tst_partsbook::cleanup()
     QCOMPARE(asText(newMessages()), asText({}));
 }
 
-void tst_partsbook::cleanupTestCase() { stopProgram(); }
+void tst_partsbook_input::cleanupTestCase() { stopProgram(); }
 
-void tst_partsbook::startProgram()
+void tst_partsbook_input::startProgram()
 {
     stopProgram();
     m_folder.reset(new QTemporaryDir);
     m_program.reset(new QProcess);
-    m_program->start(m_binary, {"--trace", m_folder->filePath("trace"), "--geometry", "1000x640+60+60"});
+    m_program->start(m_binary, {"--trace", m_folder->filePath("trace"), m_parts});
     QVERIFY(m_program->waitForStarted());
-    QTRY_VERIFY((m_window = m_user.windowOfProcess(m_program->processId())));
+    QTRY_VERIFY((m_window = m_user.windowOfProcess(m_program->processId(), "Messages")));
     QTRY_VERIFY(m_user.hasFocus(m_window));
-    QCOMPARE(m_user.sizeOf(m_window), QSize(1000, 640));
-    QTRY_COMPARE(inputMessages().size(), 1);
-    m_viewHeight = heightIn(inputMessages().first());
-    QCOMPARE(inputMessages().first(), QString("WM_SIZE  1000 x %1").arg(m_viewHeight));
-    m_seen = 1;
+    QCOMPARE(m_user.sizeOf(m_window), QSize(640, 480));
+    m_seen = 0;
+    waitFor({"WM_SIZE  640 x 480"});
     putPointerTo(corner);
 }
 
-void tst_partsbook::stopProgram()
+void tst_partsbook_input::stopProgram()
 {
     if (!m_program)
         return;
@@ -125,7 +122,7 @@ void tst_partsbook::stopProgram()
     m_seen = inputMessages().size();
 }
 
-QStringList tst_partsbook::trace() const
+QStringList tst_partsbook_input::trace() const
 {
     QFile file(m_folder->filePath("trace"));
     if (!file.open(QIODevice::ReadOnly))
@@ -134,7 +131,7 @@ QStringList tst_partsbook::trace() const
 }
 
 // Without timer and moves, which come in between as they please.
-QStringList tst_partsbook::inputMessages() const
+QStringList tst_partsbook_input::inputMessages() const
 {
     QStringList messages;
     for (const QString& message : trace()) {
@@ -144,21 +141,21 @@ QStringList tst_partsbook::inputMessages() const
     return messages;
 }
 
-QString tst_partsbook::lastMove() const
+QString tst_partsbook_input::lastMove() const
 {
     const QStringList moves = trace().filter("WM_MOUSEMOVE");
     return moves.isEmpty() ? QString() : moves.last();
 }
 
 // The messages must come, and nothing else beside them. Polls fast, since the parts of a double click wait here.
-void tst_partsbook::waitFor(const QStringList& messages)
+void tst_partsbook_input::waitFor(const QStringList& messages)
 {
     (void)QTest::qWaitFor([&] { return newMessages() == messages; });
     QCOMPARE(asText(newMessages()), asText(messages));
     m_seen += messages.size();
 }
 
-void tst_partsbook::act(const QString& action)
+void tst_partsbook_input::act(const QString& action)
 {
     const bool down = action.startsWith('+');
     const QString what = action.mid(1);
@@ -172,7 +169,7 @@ void tst_partsbook::act(const QString& action)
 }
 
 // Returns when the program knows of it, and so of everything that was before.
-void tst_partsbook::putPointerTo(const QString& place)
+void tst_partsbook_input::putPointerTo(const QString& place)
 {
     act('@' + place);
     const QString move = QString("WM_MOUSEMOVE  (%1)").arg(QString(place).replace(",", ", "));
@@ -182,7 +179,7 @@ void tst_partsbook::putPointerTo(const QString& place)
 
 // ------------------------------------------------------------------------------------------------------------- input
 
-void tst_partsbook::inputBecomesMessages_data()
+void tst_partsbook_input::inputBecomesMessages_data()
 {
     QTest::addColumn<Steps>("steps");
     const auto row = [](const char* name, const Steps& steps) { QTest::newRow(name) << steps; };
@@ -196,7 +193,7 @@ void tst_partsbook::inputBecomesMessages_data()
     row("upper left corner",
         {{"@0,0 +Button1 -Button1", {"WM_LBUTTONDOWN  MK_LBUTTON  (0, 0)", "WM_LBUTTONUP  (0, 0)"}}});
     row("a release outside the window", {{"+Button1", {"WM_LBUTTONDOWN  MK_LBUTTON  (300, 200)"}},
-                                         {"@-20,-30 -Button1", {"WM_LBUTTONUP  (-20, -30)"}}});
+                                         {"@660,-30 -Button1", {"WM_LBUTTONUP  (660, -30)"}}});
     row("left double click", {{"+Button1", {"WM_LBUTTONDOWN  MK_LBUTTON  (300, 200)"}},
                               {"-Button1", {"WM_LBUTTONUP  (300, 200)"}},
                               {"+Button1", {"WM_LBUTTONDBLCLK  MK_LBUTTON  (300, 200)"}},
@@ -277,7 +274,7 @@ void tst_partsbook::inputBecomesMessages_data()
     row("a key without a code", {{"+Super_L", {"WM_KEYDOWN  no VK"}}, {"-Super_L", {"WM_KEYUP  no VK"}}});
 }
 
-void tst_partsbook::inputBecomesMessages()
+void tst_partsbook_input::inputBecomesMessages()
 {
     QFETCH(const Steps, steps);
     for (const Step& step : steps) {
@@ -289,16 +286,16 @@ void tst_partsbook::inputBecomesMessages()
     }
 }
 
-void tst_partsbook::eachMoveIsAMessage()
+void tst_partsbook_input::eachMoveIsAMessage()
 {
     const int before = trace().size();
-    for (const QString place : {"310,210", "320,220", "999,5"})
+    for (const QString place : {"310,210", "320,220", "639,5"})
         putPointerTo(place);
-    const QStringList expected{"WM_MOUSEMOVE  (310, 210)", "WM_MOUSEMOVE  (320, 220)", "WM_MOUSEMOVE  (999, 5)"};
+    const QStringList expected{"WM_MOUSEMOVE  (310, 210)", "WM_MOUSEMOVE  (320, 220)", "WM_MOUSEMOVE  (639, 5)"};
     QCOMPARE(asText(trace().mid(before).filter("WM_MOUSEMOVE")), asText(expected));
 }
 
-void tst_partsbook::moveWithAButtonHeld()
+void tst_partsbook_input::moveWithAButtonHeld()
 {
     act("+Button1");
     waitFor({"WM_LBUTTONDOWN  MK_LBUTTON  (300, 200)"});
@@ -308,38 +305,37 @@ void tst_partsbook::moveWithAButtonHeld()
     waitFor({"WM_LBUTTONUP  (330, 230)"});
 }
 
-void tst_partsbook::aNewSizeIsAMessage()
+void tst_partsbook_input::aNewSizeIsAMessage()
 {
-    const int statusBar = 640 - m_viewHeight;
-    m_user.resize(m_window, {900, 560});
-    waitFor({QString("WM_SIZE  900 x %1").arg(560 - statusBar)});
-    m_user.resize(m_window, {1000, 640});
-    waitFor({QString("WM_SIZE  1000 x %1").arg(m_viewHeight)});
+    m_user.resize(m_window, {600, 410});
+    waitFor({"WM_SIZE  600 x 410"});
+    m_user.resize(m_window, {640, 480});
+    waitFor({"WM_SIZE  640 x 480"});
 }
 
-void tst_partsbook::theTimerRuns()
+void tst_partsbook_input::theTimerRuns()
 {
     const int before = trace().size();
     QTRY_COMPARE(trace().mid(before).filter(QRegularExpression("^WM_TIMER  id \\d+$")).size(), 2);
 }
 
-void tst_partsbook::traceThatCannotBeWritten()
+void tst_partsbook_input::traceThatCannotBeWritten()
 {
     QProcess program;
-    program.start(m_binary, {"--trace", m_folder->path()});
+    program.start(m_binary, {"--trace", m_folder->path(), m_parts});
     QVERIFY(program.waitForFinished(5000));
     QCOMPARE(program.readAllStandardError(), "partsbook: cannot write " + m_folder->path().toUtf8() + '\n');
     QCOMPARE(program.exitCode(), 1);
 }
 
-void tst_partsbook::closingTheWindowEndsTheProgram()
+void tst_partsbook_input::closingTheMainWindowEndsTheProgram()
 {
-    m_user.close(m_window);
+    m_user.close(m_user.windowOfProcess(m_program->processId(), "Parts Book"));
     QVERIFY(m_program->waitForFinished(5000));
     QCOMPARE(m_program->readAllStandardError(), QByteArray());
     QCOMPARE(m_program->exitStatus(), QProcess::NormalExit);
     QCOMPARE(m_program->exitCode(), 0);
 }
 
-QTEST_GUILESS_MAIN(tst_partsbook)
-#include "tst_partsbook.moc"
+QTEST_GUILESS_MAIN(tst_partsbook_input)
+#include "tst_partsbook_input.moc"

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "csv.h"
+
+/// A part of the book.
+struct Part
+{
+    enum Source { Bought, Made, FromCustomer };
+
+    CString_X number;
+    CString_X name;
+    CString_X kind;
+    CString_X supplier;
+    int source = Bought;
+    int stock = 0;
+    int minimum = 0; ///< the stock at which more is to be ordered
+    double price = 0;
+    BOOL inUse = TRUE;
+    CString_X remark;
+
+    bool isShort() const { return inUse && stock < minimum; }
+};
+
+bool operator==(const Part& a, const Part& b);
+
+/// What a part may hold, in a file and in a dialog: characters of a text, the largest number.
+namespace partlimit {
+
+constexpr int number = 16;
+constexpr int name = 40;
+constexpr int kind = 20;
+constexpr int supplier = 40;
+constexpr int remark = 60;
+constexpr int stock = 99999;
+constexpr int minimum = 500;
+constexpr double price = 9999.99;
+
+} // namespace partlimit
+
+/// The names of the fields of a part, as the first line of a file has them.
+const CsvFields& partColumns();
+
+/// The fields of a part, in the order of partColumns().
+CsvFields fieldsOf(const Part& part);
+
+/// Two decimals, or more where the price has more.
+CString_X priceText(double price);
+
+/// Fills a part from its fields. Gives what is wrong with them, with the part in no useful state; empty if nothing is.
+CString_X readPart(const CsvFields& fields, Part& part);
+
+/// Whether one of the part's texts has `text` in it.
+bool hasText(const Part& part, const CString_X& text, bool matchCase);

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "part.h"
+
+#include <QString>
+
+/// The parts of a CSV file.
+///
+/// A line that is not changed is saved byte for byte as it was read. That holds for the first line with the names of
+/// the columns, for blank lines and for lines that cannot be read, which are kept in their places. A changed line keeps
+/// its line end, and a new one ends as the first line of the file does.
+class PartsBook
+{
+public:
+    struct BadLine
+    {
+        int line;
+        CString_X problem;
+    };
+
+    /// Takes the parts of a file in UTF-8. False, with the book as it was, if it cannot be read or is no file, or is
+    /// larger than 64 MiB.
+    bool load(const QString& fileName);
+    /// Writes the file that was read. False if that fails: then the file is as it was.
+    bool save();
+    /// Why the last load() or save() failed.
+    const CString_X& error() const { return m_error; }
+
+    const QString& fileName() const { return m_fileName; }
+    bool isModified() const { return m_modified; }
+    /// The lines of the file that could not be read.
+    const std::vector<BadLine>& badLines() const { return m_badLines; }
+
+    int count() const { return static_cast<int>(m_entries.size()); }
+    const Part& part(int row) const { return entry(row).part; }
+    void change(int row, const Part& part);
+    void add(const Part& part);
+    void remove(int row);
+
+    /// The row of the next part with this text behind `row`, then from the first one on; -1 if there is none.
+    int find(const CString_X& text, bool matchCase, int row) const;
+    int countShort() const;
+
+private:
+    struct Entry
+    {
+        QByteArray before; // lines that are no parts
+        QByteArray text;
+        Part part;
+    };
+
+    const Entry& entry(int row) const { return m_entries.at(static_cast<std::size_t>(row)); }
+    Entry& entry(int row) { return m_entries.at(static_cast<std::size_t>(row)); }
+    void take(const CsvRecord& record);
+    void endLastLine();
+    QByteArray contents() const;
+
+    QString m_fileName;
+    CString_X m_error;
+    QByteArray m_mark; // the byte order mark, if the file has one
+    QByteArray m_lineEnd = "\n";
+    std::vector<Entry> m_entries;
+    QByteArray m_rest; // lines behind the last part
+    std::vector<BadLine> m_badLines;
+    bool m_modified = false;
+};

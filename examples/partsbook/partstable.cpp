@@ -1,0 +1,73 @@
+#include "partstable.h"
+
+#include "partsbook.h"
+
+#include <QHeaderView>
+#include <QTableWidget>
+
+namespace {
+
+struct Column
+{
+    int width;
+    Qt::Alignment alignment;
+};
+
+// In the order of the fields.
+const Column columns[]{
+    {110, Qt::AlignLeft}, {270, Qt::AlignLeft}, {125, Qt::AlignLeft}, {150, Qt::AlignLeft},   {80, Qt::AlignLeft},
+    {80, Qt::AlignRight}, {75, Qt::AlignRight}, {80, Qt::AlignRight}, {90, Qt::AlignHCenter}, {120, Qt::AlignLeft},
+};
+constexpr int rowHeight = 26;
+
+const QColor shortColour(0xc0, 0x39, 0x2b);
+const QColor unusedColour(0x9a, 0xa3, 0xaf);
+
+QColor colourOf(const Part& part, const QPalette& palette)
+{
+    if (!part.inUse)
+        return unusedColour;
+    return part.isShort() ? shortColour : palette.color(QPalette::Text);
+}
+
+} // namespace
+
+void setUpPartsTable(QTableWidget& table)
+{
+    table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table.verticalHeader()->setDefaultSectionSize(rowHeight);
+    int column = 0;
+    for (const auto& [width, alignment] : columns) {
+        table.setColumnWidth(column, width);
+        table.horizontalHeaderItem(column++)->setTextAlignment(alignment | Qt::AlignVCenter);
+    }
+}
+
+void showParts(QTableWidget& table, const PartsBook& book)
+{
+    table.setRowCount(book.count());
+    for (int row = 0; row < book.count(); ++row)
+        showPart(table, row, book.part(row));
+}
+
+void showPart(QTableWidget& table, int row, const Part& part)
+{
+    int column = 0;
+    for (const CString_X& field : fieldsOf(part)) {
+        auto* const item = new QTableWidgetItem(XeQString(field));
+        item->setTextAlignment(columns[column].alignment | Qt::AlignVCenter);
+        item->setForeground(colourOf(part, table.palette()));
+        table.setItem(row, column++, item);
+    }
+}
+
+QStringList suppliersOf(const PartsBook& book)
+{
+    QStringList suppliers;
+    for (int row = 0; row < book.count(); ++row)
+        suppliers += XeQString(book.part(row).supplier);
+    suppliers.removeAll(QString());
+    suppliers.sort(Qt::CaseInsensitive);
+    suppliers.removeDuplicates();
+    return suppliers;
+}

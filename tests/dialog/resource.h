@@ -1,0 +1,9 @@
+#define IDD_PART 100
+#define IDC_NAME 1001
+#define IDC_CHECK 1002
+#define IDC_RADIO 1003
+#define IDC_BOX 1004
+#define IDC_SCROLL 1005
+#define IDC_SLIDER 1006
+#define IDS_QUESTION 2001
+#define IDS_BLANK 2002

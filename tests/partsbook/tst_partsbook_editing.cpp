@@ -1,0 +1,274 @@
+// The real program under a user's hands: what keyboard and mouse do to the file, byte for byte.
+
+#include "xuser.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+QByteArray contentOf(const QString& fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
+}
+
+const QByteArray bearing =
+    "BE-6204,Ball bearing 6204-2RS 深沟球轴承,Bearing 轴承,Wafangdian 瓦轴,bought,126,60,3.65,yes,\n";
+
+} // namespace
+
+class tst_partsbook_editing : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void oneFieldAfterARefusal();
+    void everyControl();
+    void deletionOfThePartUnderTheMouse();
+    void unsavedChangesAreSavedOnClosing();
+    void badLinesStay();
+    void aFileThatIsNotThere();
+
+private:
+    void start();
+    /// Waits until the window of this title has the keyboard.
+    void comesUp(const QString& title);
+    void waitForEnd(int exitCode);
+    void openSearch();
+    void openBearing();
+    /// The file becomes what it was, but for the line of the bearing.
+    void becomesOriginalBut(const QByteArray& line);
+
+    XUser m_user;
+    QByteArray m_original = contentOf(qEnvironmentVariable("PARTS"));
+    QScopedPointer<QTemporaryDir> m_folder;
+    QString m_parts;
+    QProcess m_program;
+    WId m_window = 0; // the one that came up last
+};
+
+void tst_partsbook_editing::initTestCase()
+{
+    QVERIFY(m_user.isUsable());
+    QVERIFY2(QFileInfo(qEnvironmentVariable("PARTSBOOK")).isExecutable(), "PARTSBOOK does not name the program");
+    QCOMPARE(m_original.count(bearing), 1);
+}
+
+void tst_partsbook_editing::init()
+{
+    m_folder.reset(new QTemporaryDir);
+    m_parts = m_folder->filePath("parts.csv");
+    QFile file(m_parts);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(m_original), qint64(m_original.size()));
+}
+
+void tst_partsbook_editing::cleanup()
+{
+    m_user.releaseAll();
+    if (m_program.state() != QProcess::NotRunning) {
+        m_program.kill();
+        m_program.waitForFinished();
+    }
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList("parts.csv"));
+}
+
+void tst_partsbook_editing::start()
+{
+    // Qt complains of windows of its own that are gone sooner than it is done with them.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("QT_LOGGING_RULES", "qt.qpa.xcb=false");
+    m_program.setProcessEnvironment(environment);
+    m_program.start(qEnvironmentVariable("PARTSBOOK"), {m_parts});
+    QVERIFY(m_program.waitForStarted());
+}
+
+void tst_partsbook_editing::comesUp(const QString& title)
+{
+    const auto hasCome = [&] {
+        m_window = m_user.windowOfProcess(m_program.processId(), title);
+        return m_window && m_user.hasFocus(m_window);
+    };
+    (void)QTest::qWaitFor(hasCome);
+    QVERIFY2(hasCome(), qPrintable("missing: " + title));
+}
+
+void tst_partsbook_editing::waitForEnd(int exitCode)
+{
+    QVERIFY(m_program.state() == QProcess::NotRunning || m_program.waitForFinished(5000));
+    QCOMPARE(m_program.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(m_program.exitCode(), exitCode);
+    QCOMPARE(m_program.readAllStandardError(), QByteArray());
+}
+
+void tst_partsbook_editing::openSearch()
+{
+    comesUp("Parts Book");
+    m_user.press("Control_L f");
+    comesUp("Find");
+}
+
+// By the search, beside which the main window can be used.
+void tst_partsbook_editing::openBearing()
+{
+    openSearch();
+    m_user.type("be-6204");
+    m_user.press("Return");
+    m_user.press("Escape");
+    comesUp("Parts Book");
+    m_user.press("Return");
+    comesUp("Edit Part");
+}
+
+void tst_partsbook_editing::becomesOriginalBut(const QByteArray& line)
+{
+    const int before = m_original.indexOf(bearing);
+    const int behind = m_original.size() - before - bearing.size();
+    const auto present = [&] { return contentOf(m_parts); };
+    (void)QTest::qWaitFor([&] { return present() != m_original; });
+    QCOMPARE(QString(present().mid(before, present().size() - before - behind)), QString(line));
+    QCOMPARE(present().left(before), m_original.left(before));
+    QCOMPARE(present().right(behind), m_original.right(behind));
+}
+
+void tst_partsbook_editing::oneFieldAfterARefusal()
+{
+    start();
+    openBearing();
+    m_user.press("Alt_L s");
+    m_user.type("100000");
+    m_user.press("Return");
+    comesUp("警告");
+    m_user.press("Return");
+    comesUp("Edit Part");
+    m_user.type("250"); // in place of what was refused, which is selected
+    m_user.press("Return");
+    comesUp("Parts Book");
+    QCOMPARE(contentOf(m_parts), m_original);
+    m_user.press("Control_L s");
+    becomesOriginalBut(QByteArray(bearing).replace(",126,", ",250,"));
+    m_user.close(m_window);
+    waitForEnd(0);
+}
+
+void tst_partsbook_editing::everyControl()
+{
+    QVERIFY(m_user.provideKey(0x1000000 | 0x8F74)); // 轴
+    start();
+    openBearing();
+    m_user.press("Control_L a");
+    m_user.type("be-9");
+    m_user.press("Alt_L a");
+    m_user.press("End");
+    m_user.typeKey(0x1000000 | 0x8F74);
+    m_user.press("Alt_L k");
+    m_user.press("Down");
+    m_user.press("Alt_L s");
+    m_user.type("7");
+    m_user.press("Alt_L m");
+    m_user.press("End");
+    m_user.press("Alt_L p");
+    m_user.type("0.5");
+    m_user.press("Alt_L r");
+    m_user.type("left, right");
+    m_user.press("Tab");
+    m_user.press("space"); // in use
+    m_user.press("Tab");
+    m_user.press("Home"); // the first supplier
+    m_user.press("Tab");
+    m_user.press("Down");
+    m_user.press("Down"); // the last of the sources
+    m_user.press("Return");
+    comesUp("Parts Book");
+    m_user.press("Control_L s");
+    becomesOriginalBut("be-9,Ball bearing 6204-2RS 深沟球轴承轴,Seal 密封件,Dongtai 东泰密封,"
+                       "customer,7,500,0.50,no,\"left, right\"\n");
+}
+
+// Which of the rows that is depends on the font.
+void tst_partsbook_editing::deletionOfThePartUnderTheMouse()
+{
+    start();
+    openSearch();
+    m_user.press("Escape");
+    comesUp("Parts Book");
+    const QPoint place = m_user.windowOrigin(m_window) + QPoint(200, 400);
+    const unsigned long before = m_user.pixelAt(place);
+    m_user.movePointer(place);
+    m_user.clickButton(1);
+    QTRY_VERIFY(m_user.pixelAt(place) != before); // selected
+    m_user.press("Delete");
+    comesUp("疑问");
+    m_user.press("space"); // the first button: yes
+    comesUp("Parts Book");
+    m_user.press("Control_L s");
+    QTRY_VERIFY(contentOf(m_parts) != m_original);
+    const QByteArrayList left = contentOf(m_parts).split('\n');
+    QByteArrayList lines = m_original.split('\n');
+    int row = 0;
+    while (row < left.size() && left.at(row) == lines.at(row))
+        ++row;
+    QVERIFY(row > 6 && row < 20);
+    lines.removeAt(row);
+    QCOMPARE(left, lines);
+}
+
+void tst_partsbook_editing::unsavedChangesAreSavedOnClosing()
+{
+    start();
+    openBearing();
+    m_user.press("Alt_L p");
+    m_user.type("4");
+    m_user.press("Return");
+    comesUp("Parts Book");
+    const WId book = m_window;
+    m_user.close(book);
+    comesUp("疑问");
+    m_user.press("Escape"); // neither: the window stays
+    comesUp("Parts Book");
+    QCOMPARE(contentOf(m_parts), m_original);
+    m_user.close(book);
+    comesUp("疑问");
+    m_user.press("Return"); // yes
+    waitForEnd(0);
+    becomesOriginalBut(QByteArray(bearing).replace(",3.65,", ",4.00,"));
+}
+
+void tst_partsbook_editing::badLinesStay()
+{
+    m_original = "number,name\r\n\xFF\xFE\r\n" + QByteArray(bearing).replace('\n', "\r\n") + "\"open";
+    init();
+    start();
+    comesUp("警告");
+    m_user.press("Return");
+    comesUp("Parts Book");
+    m_user.press("Return");
+    comesUp("Edit Part");
+    m_user.press("Alt_L s");
+    m_user.type("7");
+    m_user.press("Return");
+    comesUp("Parts Book");
+    m_user.press("Control_L s");
+    QTRY_COMPARE(contentOf(m_parts), QByteArray(m_original).replace(",126,", ",7,"));
+    m_original = contentOf(qEnvironmentVariable("PARTS"));
+}
+
+void tst_partsbook_editing::aFileThatIsNotThere()
+{
+    const QString present = m_parts;
+    m_parts = m_folder->filePath("missing.csv");
+    start();
+    comesUp("严重错误");
+    m_user.press("Return");
+    waitForEnd(1);
+    QCOMPARE(contentOf(present), m_original);
+}
+
+QTEST_GUILESS_MAIN(tst_partsbook_editing)
+#include "tst_partsbook_editing.moc"

@@ -1,0 +1,423 @@
+// The main window: its commands, its questions, and what it gives the library as the host's main window.
+
+#include "leavenothing.h"
+#include "mainframe.h"
+#include "modaldriver.h"
+#include "resource.h"
+
+#include <QTemporaryDir>
+#include <xeprocess.h>
+#include <xeresource.h>
+
+namespace {
+
+const QByteArray heading = "number,name,kind,supplier,source,stock,minimum,price,in use,remark\n";
+const QByteArray screw = "FA-1,Screw 螺钉,Fastener,华丰,bought,10,5,0.06,yes,\n";
+const QByteArray bearing = "BE-2,Bearing,Bearing,瓦轴,made,3,5,12.50,yes,\n";
+const QByteArray motor = "EL-3,Motor,Electrical,Kessler,customer,0,0,0.00,no,heavy\n";
+
+// What is done with a box: its button with this text is pressed. Gives the text of the box.
+class Answer
+{
+public:
+    explicit Answer(const QString& button)
+        : m_driver([this, button](QMessageBox* box) {
+              m_text = box->text();
+              for (QAbstractButton* one : box->buttons()) {
+                  if (one->text().remove('&') == button)
+                      one->click();
+              }
+          })
+    {}
+    QString text() const { return m_driver.hasActed() ? m_text : "no box"; }
+
+private:
+    QString m_text;
+    ModalDriver<QMessageBox> m_driver;
+};
+
+} // namespace
+
+class tst_partsbook_frame : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void isTheMainWindowOfTheHost();
+    void runsNoCommand();
+    void setsTheCursor_data();
+    void setsTheCursor();
+    void eachNumberHasItsTextOrControl();
+
+    void showsTheParts();
+    void badLinesAreReported();
+    void aFileThatCannotBeRead();
+    void commandsThatHaveNothingToDo();
+
+    void newPart();
+    void editPart();
+    void deleteAfterYes();
+    void noDeletionAfterNo();
+    void findBesideTheWindow();
+    void findAgain();
+
+    void saves();
+    void aFileThatCannotBeWritten();
+    void statusGoesAway();
+    void closesWithoutAQuestion();
+    void closesAfterAQuestion_data();
+    void closesAfterAQuestion();
+
+private:
+    QWidget* window() const { return m_frame->GetSafeHwnd(); }
+    QTableWidget* table() const { return window()->findChild<QTableWidget*>(); }
+    QAction* command(unsigned id) const { return window()->findChild<QAction*>(ToStringId(id)); }
+    QString cell(int row, int column) const { return table()->item(row, column)->text(); }
+    QString status() const { return window()->findChild<QStatusBar*>()->findChild<QLabel*>()->text(); }
+    QString path() const { return m_folder->filePath("parts.csv"); }
+    QByteArray content() const;
+    void write(const QByteArray& text);
+    bool open(const QByteArray& text);
+    void updateCommands() { m_frame->OnEnterIdle(); }
+    void deleteRow(int row, const QString& answer);
+
+    QScopedPointer<QTemporaryDir> m_folder;
+    QScopedPointer<CMainFrame> m_frame;
+};
+
+void tst_partsbook_frame::init()
+{
+    m_folder.reset(new QTemporaryDir);
+    m_frame.reset(new CMainFrame);
+    QCOMPARE(m_frame->Create(nullptr), 1);
+    m_frame->ShowWindow(SW_SHOW);
+}
+
+void tst_partsbook_frame::cleanup()
+{
+    m_frame->DestroyWindow();
+    updateCommands(); // nothing to be updated any more
+    m_frame.reset();
+    QCOMPARE(LeaveNothing::leftovers(), QString());
+}
+
+QByteArray tst_partsbook_frame::content() const
+{
+    QFile file(path());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
+}
+
+void tst_partsbook_frame::write(const QByteArray& text)
+{
+    QFile file(path());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(text);
+}
+
+bool tst_partsbook_frame::open(const QByteArray& text)
+{
+    write(text);
+    const bool opened = m_frame->OpenBook(path());
+    updateCommands();
+    return opened;
+}
+
+void tst_partsbook_frame::deleteRow(int row, const QString& answer)
+{
+    table()->setCurrentCell(row, 0);
+    const Answer given(answer);
+    command(ID_PART_DELETE)->trigger();
+    updateCommands();
+    QVERIFY(given.text() != "no box");
+}
+
+// --------------------------------------------------------------------------------------------------- the main window
+
+void tst_partsbook_frame::isTheMainWindowOfTheHost()
+{
+    QCOMPARE(TavoGetMainFrame(), window());
+    QCOMPARE(CWnd_X::FromHandlePermanent(window()), static_cast<CWnd_X*>(m_frame.data()));
+    QCOMPARE(window()->metaObject()->className(), "CTavoMainFrame");
+}
+
+void tst_partsbook_frame::runsNoCommand()
+{
+    const auto isActive = reinterpret_cast<bool (*)()>(window()->property("IsTavoCmdActive").toLongLong());
+    QVERIFY(isActive);
+    QCOMPARE(isActive(), false);
+}
+
+void tst_partsbook_frame::setsTheCursor_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<Qt::CursorShape>("shape");
+
+    QTest::newRow("arrow") << 256 << Qt::ArrowCursor;
+    QTest::newRow("text") << 257 << Qt::IBeamCursor;
+    QTest::newRow("cross") << 258 << Qt::CrossCursor;
+    QTest::newRow("wait") << 259 << Qt::WaitCursor;
+    QTest::newRow("up and down") << 260 << Qt::SizeVerCursor;
+    QTest::newRow("left and right") << 261 << Qt::SizeHorCursor;
+    QTest::newRow("rising diagonal") << 262 << Qt::SizeBDiagCursor;
+    QTest::newRow("falling diagonal") << 263 << Qt::SizeFDiagCursor;
+    QTest::newRow("all directions") << 264 << Qt::SizeAllCursor;
+    QTest::newRow("hand") << 268 << Qt::PointingHandCursor;
+    QTest::newRow("unknown code") << 265 << Qt::ArrowCursor;
+    QTest::newRow("negative code") << -1 << Qt::ArrowCursor;
+}
+
+void tst_partsbook_frame::setsTheCursor()
+{
+    QFETCH(const int, code);
+    const auto setCursor = reinterpret_cast<int (*)(QWidget*, int)>(window()->property("TavoSetCursor").toLongLong());
+    QVERIFY(setCursor);
+    window()->setCursor(Qt::ForbiddenCursor);
+    QCOMPARE(setCursor(nullptr, code), code);
+    QTEST(window()->cursor().shape(), "shape");
+}
+
+void tst_partsbook_frame::eachNumberHasItsTextOrControl()
+{
+    for (const unsigned id : GetResourceIDMap().keys()) {
+        const QString name = ToStringId(id);
+        if (name.startsWith("IDS_"))
+            QVERIFY2(!GetResourceStringById(id).isEmpty(), qPrintable(name));
+        else if (name.startsWith("ID_"))
+            QVERIFY2(command(id), qPrintable(name));
+    }
+}
+
+// ---------------------------------------------------------------------------------------------------------- the book
+
+void tst_partsbook_frame::showsTheParts()
+{
+    QVERIFY(open(heading + screw + bearing + motor));
+    QCOMPARE(window()->windowTitle(), QString("Parts Book 零件簿 - parts.csv[*]"));
+    QCOMPARE(table()->rowCount(), 3);
+    QCOMPARE(table()->columnCount(), 10);
+    QCOMPARE(table()->currentRow(), 0);
+    QCOMPARE(cell(0, 1), QString("Screw 螺钉"));
+    QCOMPARE(cell(2, 9), QString("heavy"));
+    QCOMPARE(status(), QString("3 parts, 1 of them short    零件 3, 缺货 1"));
+    QVERIFY(table()->item(0, 0)->foreground() != table()->item(1, 0)->foreground()); // short
+    QVERIFY(table()->item(1, 0)->foreground() != table()->item(2, 0)->foreground()); // not in use
+}
+
+void tst_partsbook_frame::badLinesAreReported()
+{
+    QByteArray text = heading + screw + "a,b\n";
+    for (int i = 0; i < 14; ++i)
+        text += "x\n";
+    const Answer answer("确定");
+    QVERIFY(open(text));
+    const QStringList told = answer.text().split('\n');
+    QCOMPARE(told.size(), 2 + 12 + 1);
+    QCOMPARE(told.first(), QString("15 lines of parts.csv could not be read. They stay in the file as they are."));
+    QCOMPARE(told.at(2), QString("Line 3: 2 fields in place of 10."));
+    QCOMPARE(told.last(), QString("... and 3 more."));
+    QCOMPARE(table()->rowCount(), 1);
+}
+
+void tst_partsbook_frame::aFileThatCannotBeRead()
+{
+    const Answer answer("确定");
+    QVERIFY(!m_frame->OpenBook(path()));
+    QCOMPARE(answer.text(), path() + " cannot be read: No such file or directory.");
+}
+
+void tst_partsbook_frame::commandsThatHaveNothingToDo()
+{
+    QVERIFY(open(heading));
+    QVERIFY(!command(ID_PART_EDIT)->isEnabled());
+    QVERIFY(!command(ID_PART_DELETE)->isEnabled());
+    QVERIFY(!command(ID_FILE_SAVE)->isEnabled());
+    QVERIFY(open(heading + screw));
+    QVERIFY(command(ID_PART_EDIT)->isEnabled());
+    QVERIFY(command(ID_PART_DELETE)->isEnabled());
+    QVERIFY(!command(ID_FILE_SAVE)->isEnabled());
+    deleteRow(0, "是");
+    QVERIFY(!command(ID_PART_EDIT)->isEnabled());
+    QVERIFY(command(ID_FILE_SAVE)->isEnabled());
+}
+
+// ---------------------------------------------------------------------------------------------------------- commands
+
+void tst_partsbook_frame::newPart()
+{
+    QVERIFY(open(heading + screw));
+    const ModalDriver<QDialog> driver([](QDialog* dialog) {
+        QCOMPARE(dialog->windowTitle(), QString("New Part 新建零件"));
+        dialog->findChild<QLineEdit*>("IDC_NUMBER")->setText("N-1");
+        dialog->findChild<QListWidget*>()->setCurrentRow(0);
+        dialog->findChild<QPushButton*>("OK")->click();
+    });
+    command(ID_PART_NEW)->trigger();
+    QVERIFY(driver.hasActed());
+    updateCommands();
+    QCOMPARE(table()->rowCount(), 2);
+    QCOMPARE(cell(1, 0), QString("N-1"));
+    QCOMPARE(cell(1, 3), QString("华丰"));
+    QCOMPARE(table()->currentRow(), 1);
+    QVERIFY(window()->isWindowModified());
+}
+
+void tst_partsbook_frame::editPart()
+{
+    QVERIFY(open(heading + screw + bearing));
+    table()->setCurrentCell(1, 3);
+    const ModalDriver<QDialog> driver([](QDialog* dialog) {
+        QCOMPARE(dialog->findChild<QListWidget*>()->count(), 2);
+        dialog->findChild<QLineEdit*>("IDC_STOCK")->setText("7");
+        dialog->findChild<QPushButton*>("OK")->click();
+    });
+    QTest::keyClick(table(), Qt::Key_Return);
+    QVERIFY(driver.hasActed());
+    updateCommands();
+    QCOMPARE(cell(1, 5), QString("7"));
+    QCOMPARE(status(), QString("Changed BE-2 已修改"));
+    QVERIFY(window()->isWindowModified());
+}
+
+void tst_partsbook_frame::deleteAfterYes()
+{
+    QVERIFY(open(heading + screw + bearing));
+    deleteRow(0, "是");
+    QCOMPARE(table()->rowCount(), 1);
+    QCOMPARE(cell(0, 0), QString("BE-2"));
+    QVERIFY(window()->isWindowModified());
+}
+
+void tst_partsbook_frame::noDeletionAfterNo()
+{
+    QVERIFY(open(heading + screw + bearing));
+    deleteRow(0, "否");
+    QCOMPARE(table()->rowCount(), 2);
+    QVERIFY(!window()->isWindowModified());
+}
+
+void tst_partsbook_frame::findBesideTheWindow()
+{
+    QVERIFY(open(heading + screw + bearing + motor));
+    command(ID_EDIT_FIND)->trigger();
+    auto* const dialog = window()->findChild<QDialog*>();
+    QVERIFY(dialog && dialog->isVisible());
+    QVERIFY(!QApplication::activeModalWidget());
+    const auto find = [dialog](const char* text) {
+        dialog->findChild<QLineEdit*>()->setText(text);
+        dialog->findChild<QPushButton*>("OK")->click();
+        return dialog->findChild<QLabel*>("IDC_FIND_RESULT")->text();
+    };
+    QCOMPARE(find("mot"), QString());
+    QCOMPARE(table()->currentRow(), 2);
+    QCOMPARE(status(), QString("Found EL-3 已找到"));
+    QCOMPARE(find("轴"), QString());
+    QCOMPARE(table()->currentRow(), 1);
+    QCOMPARE(find("nothing"), QString("No match 未找到"));
+    QCOMPARE(table()->currentRow(), 1);
+    dialog->findChild<QCheckBox*>()->setChecked(true);
+    QCOMPARE(find("mot"), QString("No match 未找到"));
+    QCOMPARE(find(""), QString());
+    QVERIFY(dialog->isVisible());
+    dialog->findChild<QPushButton*>("Cancel")->click();
+    QVERIFY(!dialog->isVisible());
+    command(ID_EDIT_FIND)->trigger();
+    QVERIFY(dialog->isVisible());
+    QCOMPARE(window()->findChildren<QDialog*>().size(), 1);
+}
+
+void tst_partsbook_frame::findAgain()
+{
+    QVERIFY(open(heading + screw + bearing + motor));
+    command(ID_EDIT_REPEAT)->trigger(); // opens the search, as there is nothing to look for yet
+    auto* const dialog = window()->findChild<QDialog*>();
+    QVERIFY(dialog && dialog->isVisible());
+    dialog->findChild<QLineEdit*>()->setText("r");
+    QTest::keyClick(dialog, Qt::Key_Return);
+    QCOMPARE(table()->currentRow(), 1);
+    QTest::keyClick(dialog, Qt::Key_Escape);
+    QVERIFY(!dialog->isVisible());
+    command(ID_EDIT_REPEAT)->trigger();
+    QCOMPARE(table()->currentRow(), 2);
+    command(ID_EDIT_REPEAT)->trigger();
+    QCOMPARE(table()->currentRow(), 0);
+    QVERIFY(!dialog->isVisible());
+}
+
+// ------------------------------------------------------------------------------------------------- saving and closing
+
+void tst_partsbook_frame::saves()
+{
+    QVERIFY(open(heading + screw + bearing));
+    deleteRow(0, "是");
+    command(ID_FILE_SAVE)->trigger();
+    updateCommands();
+    QCOMPARE(content(), heading + bearing);
+    QCOMPARE(status(), QString("Saved parts.csv 已保存"));
+    QVERIFY(!window()->isWindowModified());
+    QVERIFY(!command(ID_FILE_SAVE)->isEnabled());
+}
+
+void tst_partsbook_frame::aFileThatCannotBeWritten()
+{
+    QVERIFY(open(heading + screw));
+    deleteRow(0, "是");
+    const QString file = path();
+    m_folder.reset(new QTemporaryDir); // the old one has gone
+    const Answer answer("确定");
+    command(ID_FILE_SAVE)->trigger();
+    updateCommands();
+    QVERIFY(answer.text().startsWith(file + " could not be saved: "));
+    QVERIFY(window()->isWindowModified());
+}
+
+void tst_partsbook_frame::statusGoesAway()
+{
+    QVERIFY(open(heading + screw + bearing));
+    deleteRow(0, "是");
+    QCOMPARE(status(), QString("Deleted FA-1 已删除"));
+    QCOMPARE(GetGlobalEventHandler()->timers.size(), std::size_t(1));
+    m_frame->SendMessage(WM_TIMER, 4711);
+    QCOMPARE(status(), QString("Deleted FA-1 已删除"));
+    m_frame->SendMessage(WM_TIMER, 1001);
+    QCOMPARE(status(), QString("1 parts, 1 of them short    零件 1, 缺货 1"));
+    QCOMPARE(GetGlobalEventHandler()->timers.size(), std::size_t(0));
+}
+
+void tst_partsbook_frame::closesWithoutAQuestion()
+{
+    QVERIFY(open(heading + screw));
+    const QPointer<QWidget> closed(window());
+    command(ID_APP_EXIT)->trigger();
+    QVERIFY(!m_frame->GetSafeHwnd());
+    QVERIFY(!closed->isVisible());
+}
+
+void tst_partsbook_frame::closesAfterAQuestion_data()
+{
+    QTest::addColumn<QString>("answer");
+    QTest::addColumn<bool>("closes");
+    QTest::addColumn<QByteArray>("saved");
+
+    QTest::newRow("yes saves and closes") << "Yes" << true << heading + bearing;
+    QTest::newRow("no closes") << "No" << true << heading + screw + bearing;
+    QTest::newRow("cancel does neither") << "取消" << false << heading + screw + bearing;
+}
+
+void tst_partsbook_frame::closesAfterAQuestion()
+{
+    QFETCH(const QString, answer);
+    QFETCH(const bool, closes);
+    QVERIFY(open(heading + screw + bearing));
+    deleteRow(0, "是");
+    const Answer given(answer);
+    QCOMPARE(window()->close(), closes);
+    QCOMPARE(given.text(), QString("The parts have been changed. Save them to parts.csv?\n零件已修改，是否保存？"));
+    QCOMPARE(!m_frame->GetSafeHwnd(), closes);
+    QTEST(content(), "saved");
+}
+
+QTEST_MAIN(tst_partsbook_frame)
+#include "tst_partsbook_frame.moc"

@@ -1,0 +1,214 @@
+// The menu bar of a window, and that passing wrappers leave none behind.
+
+#include "leavenothing.h"
+
+#include <XeMFCEmu.h>
+
+namespace {
+
+// "hidden" or "shown", and the titles in it.
+QString menuText(const QWidget& widget)
+{
+    const auto bars = widget.findChildren<QMenuBar*>();
+    if (bars.size() != 1)
+        return QStringLiteral("%1 bars").arg(bars.size());
+    QStringList words(bars.first()->isHidden() ? QStringLiteral("hidden") : QStringLiteral("shown"));
+    for (const QAction* action : bars.first()->actions())
+        words += action->text();
+    return words.join(QLatin1Char(' '));
+}
+
+void deleteLaterObjects() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+using Maker = QWidget* (*)();
+
+} // namespace
+
+Q_DECLARE_METATYPE(Maker)
+
+class TestWndMenuBar : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(LeaveNothing::leftovers(), QString()); }
+
+    void menusAreAddedAndTakenAway();
+    void menuWithoutQMenu();
+    void menuOutlivesTheBar();
+    void overridesMayCallEachOther();
+    void noMenuBar();
+
+    void temporaryWrappersLeaveNothing_data();
+    void temporaryWrappersLeaveNothing();
+    void permanentWrappersLeaveNothing();
+    void aBarMayEndItsWindow();
+};
+
+void TestWndMenuBar::menusAreAddedAndTakenAway()
+{
+    QWidget widget;
+    CWnd_X window;
+    window.SubclassWindow(&widget);
+    CMenu_X file(&widget);
+    CMenu_X edit(&widget);
+    CMenu_X help(&widget);
+    file.Imp<QMenu>()->setTitle(QStringLiteral("File"));
+    edit.Imp<QMenu>()->setTitle(QStringLiteral("Edit"));
+    help.Imp<QMenu>()->setTitle(QStringLiteral("Help"));
+
+    QCOMPARE(menuText(widget), QStringLiteral("hidden"));
+    QCOMPARE(window.SetMenu(&file), 1);
+    QCOMPARE(menuText(widget), QStringLiteral("shown File"));
+    QCOMPARE(window.SetMenu({&edit, &help}), 1); // behind what is there
+    QCOMPARE(menuText(widget), QStringLiteral("shown File Edit Help"));
+    QCOMPARE(window.SetMenu(nullptr), 1);
+    QCOMPARE(menuText(widget), QStringLiteral("hidden"));
+    QCOMPARE(window.SetMenu(QList<CMenu_X*>()), 1);
+    QCOMPARE(menuText(widget), QStringLiteral("shown"));
+    QCOMPARE(window.SetMenu(NULL), 1);
+    QCOMPARE(window.SetMenu({nullptr, &help, nullptr}), 1);
+    QCOMPARE(menuText(widget), QStringLiteral("shown Help"));
+}
+
+void TestWndMenuBar::menuWithoutQMenu()
+{
+    QWidget widget;
+    CWnd_X window;
+    window.SubclassWindow(&widget);
+    CMenu_X menu;
+    QCOMPARE(window.SetMenu(&menu), 1);
+    QCOMPARE(menuText(widget), QStringLiteral("shown"));
+}
+
+void TestWndMenuBar::menuOutlivesTheBar()
+{
+    QWidget widget;
+    CWnd_X window;
+    window.SubclassWindow(&widget);
+    CMenu_X menu(&widget);
+    window.SetMenu(&menu);
+    window.DestroyWindow();
+    deleteLaterObjects();
+    QVERIFY(menu.Imp<QMenu>());
+    QCOMPARE(menuText(widget), QStringLiteral("0 bars"));
+}
+
+void TestWndMenuBar::overridesMayCallEachOther()
+{
+    class OneByOne : public CWnd_X
+    {
+    public:
+        using CWnd_X::SetMenu;
+        int SetMenu(QList<CMenu_X*> menus) override
+        {
+            int result = 0;
+            for (CMenu_X* menu : qAsConst(menus))
+                result += SetMenu(menu);
+            return result;
+        }
+    };
+    QWidget widget;
+    OneByOne window;
+    window.SubclassWindow(&widget);
+    CMenu_X file(&widget);
+    CMenu_X edit(&widget);
+    file.Imp<QMenu>()->setTitle(QStringLiteral("File"));
+    edit.Imp<QMenu>()->setTitle(QStringLiteral("Edit"));
+    QCOMPARE(window.SetMenu({&file, &edit}), 2);
+    QCOMPARE(menuText(widget), QStringLiteral("shown File Edit"));
+}
+
+void TestWndMenuBar::noMenuBar()
+{
+    class Bare : public CWnd_X
+    {
+    public:
+        int OnCreate(tagCREATESTRUCTW*) override { return 0; }
+    };
+    QWidget widget;
+    Bare window;
+    window.SubclassWindow(&widget);
+    CMenu_X menu(&widget);
+    QCOMPARE(window.SetMenu(&menu), 0);
+    QCOMPARE(window.SetMenu({&menu}), 0);
+    QCOMPARE(window.SetMenu(nullptr), 0);
+    QCOMPARE(menuText(widget), QStringLiteral("0 bars"));
+}
+
+// ------------------------------------------------------------------------------------------------ nothing piles up
+
+void TestWndMenuBar::temporaryWrappersLeaveNothing_data()
+{
+    QTest::addColumn<Maker>("make");
+    QTest::newRow("QLabel") << Maker([]() -> QWidget* { return new QLabel(QStringLiteral("text")); });
+    QTest::newRow("QPushButton") << Maker([]() -> QWidget* { return new QPushButton; });
+    QTest::newRow("QComboBox") << Maker([]() -> QWidget* { return new QComboBox; });
+    QTest::newRow("QScrollArea") << Maker([]() -> QWidget* { return new QScrollArea; });
+    QTest::newRow("QMainWindow") << Maker([]() -> QWidget* { return new QMainWindow; });
+    QTest::newRow("QSplitter") << Maker([]() -> QWidget* { return new QSplitter; });
+}
+
+void TestWndMenuBar::temporaryWrappersLeaveNothing()
+{
+    QFETCH(Maker, make);
+    const std::unique_ptr<QWidget> widget(make());
+    const QSize size = widget->sizeHint();
+    const int children = widget->children().size();
+    for (int i = 0; i < 100; ++i) {
+        QVERIFY(CWnd_X::FromHandle(widget.get())->GetSafeHwnd());
+        ClearTempObjectPool();
+        QCOMPARE(CWnd_X::FromHandlePermanent(widget.get()), nullptr);
+    }
+    deleteLaterObjects();
+    QCOMPARE(widget->children().size(), children);
+    QCOMPARE(widget->dynamicPropertyNames(), QList<QByteArray>());
+    QCOMPARE(widget->sizeHint(), size);
+}
+
+void TestWndMenuBar::permanentWrappersLeaveNothing()
+{
+    QWidget widget;
+    CWnd_X window;
+    window.ModifyStyle(0, WS_HSCROLL | WS_VSCROLL);
+    for (int i = 0; i < 100; ++i) {
+        QCOMPARE(window.SubclassWindow(&widget), 1);
+        deleteLaterObjects();
+        QCOMPARE(widget.children().size(), 3);
+        if (i % 2)
+            window.Detach();
+    }
+    deleteLaterObjects();
+    QVERIFY(widget.children().isEmpty());
+}
+
+// The bars go when the event loop comes round: one of them may be what has ended the window.
+void TestWndMenuBar::aBarMayEndItsWindow()
+{
+    QWidget widget;
+    CWnd_X window;
+    window.ModifyStyle(0, WS_VSCROLL);
+    window.SubclassWindow(&widget);
+    QPointer<QScrollBar> bar = window.GetScrollBarCtrl(SB_VERT);
+    connect(bar, &QScrollBar::valueChanged, bar, [&] { window.DestroyWindow(); });
+    bar->setValue(5);
+    QCOMPARE(window.GetSafeHwnd(), nullptr);
+    QVERIFY(bar && bar->isHidden());
+    deleteLaterObjects();
+    QVERIFY(!bar);
+
+    window.SubclassWindow(&widget);
+    CMenu_X menu(&widget);
+    QAction* const quit = menu.Imp<QMenu>()->addAction(QStringLiteral("Quit"));
+    window.SetMenu(&menu);
+    connect(quit, &QAction::triggered, quit, [&] { window.DestroyWindow(); });
+    auto* const menuBar = widget.findChild<QMenuBar*>();
+    menuBar->addAction(quit);
+    widget.show();
+    menuBar->resize(300, menuBar->sizeHint().height());
+    QTest::mouseClick(menuBar, Qt::LeftButton, Qt::NoModifier, menuBar->actionGeometry(quit).center());
+    QCOMPARE(window.GetSafeHwnd(), nullptr);
+}
+
+QTEST_MAIN(TestWndMenuBar)
+#include "tst_wndmenubar.moc"
