@@ -124,6 +124,29 @@ char* encodeElement(std::uint32_t value, char* out)
     return out + 4;
 }
 
+// Null if an element has no UTF-8 form, else the end of the bytes.
+char* encodeInto(char* out, std::wstring_view text)
+{
+    const wchar_t* element = text.data();
+    const wchar_t* const end = element + text.size();
+    while (element != end) {
+        const auto left = static_cast<std::size_t>(end - element);
+        if (left >= blockSize && isAsciiBlock(element)) {
+            for (std::size_t i = 0; i < blockSize; ++i)
+                out[i] = static_cast<char>(element[i]);
+            out += blockSize;
+            element += blockSize;
+            continue;
+        }
+        for (const wchar_t* const next = element + std::min(left, 2 * blockSize); element != next; ++element) {
+            out = encodeElement(static_cast<std::uint32_t>(*element), out);
+            if (!out)
+                return nullptr;
+        }
+    }
+    return out;
+}
+
 } // namespace
 
 std::optional<std::wstring> decodeUtf8(std::string_view text)
@@ -156,26 +179,23 @@ std::optional<std::wstring> decodeUtf8(std::string_view text)
 
 std::unique_ptr<char[]> encodeUtf8(std::wstring_view text)
 {
-    std::unique_ptr<char[]> bytes(new char[encodedSize(text) + 1]);
-    char* out = bytes.get();
-    const wchar_t* element = text.data();
-    const wchar_t* const end = element + text.size();
-    while (element != end) {
-        const auto left = static_cast<std::size_t>(end - element);
-        if (left >= blockSize && isAsciiBlock(element)) {
-            for (std::size_t i = 0; i < blockSize; ++i)
-                out[i] = static_cast<char>(element[i]);
-            out += blockSize;
-            element += blockSize;
-            continue;
-        }
-        for (const wchar_t* const next = element + std::min(left, 2 * blockSize); element != next; ++element) {
-            out = encodeElement(static_cast<std::uint32_t>(*element), out);
-            if (!out)
-                return nullptr;
-        }
+    // A short text is converted on the stack, where its size needs no counting.
+    constexpr std::size_t shortText = 1024;
+    char stack[4 * shortText];
+    std::unique_ptr<char[]> bytes;
+    char* out = stack;
+    if (text.size() > shortText) {
+        bytes.reset(new char[encodedSize(text) + 1]);
+        out = bytes.get();
     }
-    *out = '\0';
+    char* end = encodeInto(out, text);
+    if (!end)
+        return nullptr;
+    if (!bytes) {
+        bytes.reset(new char[static_cast<std::size_t>(end - stack) + 1]);
+        end = std::copy(stack, end, bytes.get());
+    }
+    *end = '\0';
     return bytes;
 }
 
