@@ -70,7 +70,7 @@ void CDialog_X::EndDialog(int result)
     if (!dialog)
         return;
     m_ended = true;
-    m_result = result == IDCANCEL ? static_cast<int>(QDialog::Rejected) : result;
+    m_result = result;
     // A dialog that was never shown counts as shown, so that Qt's hide() ends the loop.
     dialog->setAttribute(Qt::WA_WState_Hidden, false);
     if (result == IDOK)
