@@ -49,6 +49,10 @@ using UINT = unsigned int;
 using LONG = std::int32_t;
 using ULONG = std::uint32_t;
 using DWORD = std::uint32_t;
+using LONGLONG = long long;
+using ULONGLONG = unsigned long long;
+using HRESULT = LONG; ///< negative means failure
+using LSTATUS = LONG; ///< a result of the registry functions: 0, or one of the error numbers
 using COLORREF = DWORD; ///< 0x00BBGGRR
 
 using INT_PTR = long long;
@@ -70,6 +74,11 @@ using LPCSTR = const char*;
 using TCHAR = wchar_t;
 using WCHAR = wchar_t;
 using LPVOID = void*;
+using LPCVOID = const void*;
+using PVOID = void*;
+using LPBYTE = BYTE*;
+using LPDWORD = DWORD*;
+using LPLONG = LONG*;
 using BSTR = wchar_t*; ///< a terminated text from calloc, without a length in front
 
 #if !defined(FALSE) && !defined(TRUE) // some C headers have them as macros
@@ -171,6 +180,21 @@ struct _SYSTEMTIME
     WORD wMilliseconds;
 };
 
+/// A moment: its halves hold one signed 64-bit count of milliseconds since 1970-01-01 UTC, unlike the published unit.
+struct _FILETIME
+{
+    DWORD dwLowDateTime;
+    DWORD dwHighDateTime;
+};
+
+/// Accepted and ignored everywhere.
+struct _SECURITY_ATTRIBUTES
+{
+    DWORD nLength;
+    LPVOID lpSecurityDescriptor;
+    BOOL bInheritHandle;
+};
+
 struct tagSCROLLINFO
 {
     UINT cbSize;
@@ -200,8 +224,37 @@ using SCROLLINFO = tagSCROLLINFO;
 using LPSCROLLINFO = tagSCROLLINFO*;
 using MEASUREITEMSTRUCT = tagMEASUREITEMSTRUCT;
 using LPMEASUREITEMSTRUCT = tagMEASUREITEMSTRUCT*;
+using FILETIME = _FILETIME;
+using LPFILETIME = _FILETIME*;
+using LPSECURITY_ATTRIBUTES = _SECURITY_ATTRIBUTES*;
+using SECURITY_ATTRIBUTES = _SECURITY_ATTRIBUTES;
 using SYSTEMTIME = _SYSTEMTIME;
 using LPSYSTEMTIME = _SYSTEMTIME*;
+
+// ----------------------------------------------------------------------------------------------- error numbers
+
+// The last error is errno, so numbers of the C library meet these in one field.
+inline constexpr LONG ERROR_SUCCESS = 0;
+inline constexpr LONG NO_ERROR = 0;
+inline constexpr LONG ERROR_FILE_NOT_FOUND = 2;
+inline constexpr LONG ERROR_PATH_NOT_FOUND = 3;
+inline constexpr LONG ERROR_INVALID_HANDLE = 6;
+inline constexpr LONG ERROR_BAD_FORMAT = 11;
+inline constexpr LONG ERROR_INVALID_PARAMETER = 87;
+inline constexpr LONG ERROR_BUFFER_OVERFLOW = 111;
+inline constexpr LONG ERROR_ALREADY_EXISTS = 183;
+inline constexpr LONG ERROR_MORE_DATA = 234;
+inline constexpr LONG ERROR_NO_MORE_ITEMS = 259; ///< never given here: enumerations end with ERROR_PATH_NOT_FOUND
+
+inline constexpr HRESULT S_OK = 0;
+inline constexpr HRESULT S_FALSE = 1;
+inline constexpr HRESULT E_POINTER = static_cast<HRESULT>(0x80004003);
+inline constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005);
+inline constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057);
+inline constexpr HRESULT URL_E_INVALID_SYNTAX = static_cast<HRESULT>(0x80041001);
+
+constexpr bool SUCCEEDED(HRESULT result) { return result >= 0; }
+constexpr bool FAILED(HRESULT result) { return result < 0; }
 
 // ---------------------------------------------------------------------------------------- words and parameters
 

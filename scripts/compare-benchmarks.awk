@@ -11,6 +11,11 @@ function splitName(name) {
     argument = substr(name, length(group "/" role) + 1)
 }
 
+# Processor time, or the time on the clock where the benchmark was registered with UseRealTime().
+function timeOf(name) {
+    return nanoseconds(name ~ /\/real_time/ ? field[2] : field[3], field[4])
+}
+
 function nanoseconds(value, unit) {
     return value * (unit == "ns" ? 1 : unit == "us" ? 1e3 : unit == "ms" ? 1e6 : 1e9)
 }
@@ -37,15 +42,16 @@ FILENAME ~ /limits$/ {
         print name ": " field[9]
         failed = 1
     } else if (sub(/_median$/, "", name)) {
+        spent = timeOf(name)
         splitName(name)
         key = group argument
         if (role == "ours") {
-            ours[key] = nanoseconds(field[3], field[4])
+            ours[key] = spent
             groupOf[key] = group
             keys[++keyCount] = key
         } else if (sub(/^peer:/, "", role)) {
             peers[key] = peers[key] role "\n"
-            time[key, role] = nanoseconds(field[3], field[4])
+            time[key, role] = spent
         }
     }
 }

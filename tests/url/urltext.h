@@ -1,0 +1,30 @@
+#pragma once
+
+#include <xeurl.h>
+
+#include <QtTest>
+
+#include <memory>
+#include <string>
+
+using namespace std::string_literals;
+
+Q_DECLARE_METATYPE(std::wstring)
+
+namespace QTest {
+
+template <>
+inline char* toString(const std::wstring& text)
+{
+    return toString(QString::fromStdWString(text));
+}
+
+} // namespace QTest
+
+/// An HRESULT in the form in which it is known.
+inline QString shown(HRESULT result)
+{
+    return QStringLiteral("0x%1").arg(static_cast<quint32>(result), 8, 16, QLatin1Char('0'));
+}
+
+constexpr std::size_t million = 1000000;
