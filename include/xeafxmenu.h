@@ -21,4 +21,7 @@ class XE_EXPORT CMenu_X : public CObject_X
     /// Makes a QMenu with this Qt parent and attaches it as an owned one.
     virtual bool AttachDefault(QWidget* parent);
     QT_WARNING_POP
+
+    /// Deletes the temporary wrappers of the handle map of menus (CHandleMap_X::DeleteTemp).
+    static void DeleteTempMap();
 };

@@ -72,6 +72,8 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     /// The wrapper of a widget. One without gets a temporary wrapper of the class registered for it, which lives until
     /// the next idle moment outside a host command. Null for null.
     static CWnd_X* FromHandle(QWidget* widget);
+    /// CHandleMap_X::DeleteTemp of the handle map of windows, which FromHandle() does not use.
+    static void DeleteTempMap();
 
     /// Wraps an existing widget, which stays its owner's. 0, with the widget untouched, if it is null or of the wrong
     /// class, or if the window refuses the attachment; otherwise 1.

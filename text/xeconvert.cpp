@@ -1,6 +1,7 @@
 #include "xeconvert.h"
 
 #include "xeafxstr.h"
+#include "xefileapi.h"
 
 #include <QDir>
 #include <QFile>
@@ -65,7 +66,7 @@ wchar_t* _wcstok(wchar_t* text, const wchar_t* delimiters)
 
 wchar_t* _wcsupr(wchar_t* text) { return text; }
 
-int _wunlink(const wchar_t* path) { return QFile::remove(XeQString(path)) ? 1 : 0; }
+int _wunlink(const wchar_t* path) { return DeleteFile(path); }
 
 int _wchmod(const wchar_t* path, int mode)
 {

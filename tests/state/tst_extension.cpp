@@ -1,0 +1,100 @@
+// Extension modules.
+
+#include <XeMFCEmu.h>
+
+#include <QtTest>
+
+namespace {
+
+class CValue : public CNoTrackObject_X
+{
+};
+
+void* handleOf(int number) { return reinterpret_cast<void*>(static_cast<quintptr>(number)); }
+
+} // namespace
+
+class tst_extension : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup() { AfxTlsRelease_X(); }
+
+    void theFirstCallFillsTheRecord();
+    void aLaterCallGivesSlotsToItsModule();
+    void termination();
+    void terminationOfAnEmptyRecord();
+    void library();
+};
+
+void tst_extension::theFirstCallFillsTheRecord()
+{
+    AfxGetModuleState_X()->m_hCurrentResourceHandle = handleOf(9);
+    AFX_EXTENSION_MODULE_X state{};
+    QCOMPARE(AfxInitExtensionModule_X(state, handleOf(5)), 1);
+    QCOMPARE(state.bInitialized, 1);
+    QCOMPARE(state.hModule, handleOf(5));
+    QCOMPARE(state.hResource, handleOf(5));
+    QCOMPARE(state.hClassList, handleOf(9));
+    QCOMPARE(AfxInitExtensionModule_X(state, handleOf(6)), 1);
+    QCOMPARE(state.hModule, handleOf(5));
+    QCOMPARE(state.hResource, handleOf(5));
+    AfxGetModuleState_X()->m_hCurrentResourceHandle = nullptr;
+}
+
+void tst_extension::aLaterCallGivesSlotsToItsModule()
+{
+    CThreadLocal_X<CValue> local;
+    local.GetData();
+    AFX_EXTENSION_MODULE_X state{};
+    AfxInitExtensionModule_X(state, handleOf(5));
+    AfxTermExtensionModule_X(state, FALSE);
+    QVERIFY(local.GetDataNA()); // has no owner
+    AfxInitExtensionModule_X(state, handleOf(5));
+    AfxTermExtensionModule_X(state, FALSE);
+    QVERIFY(!local.GetDataNA());
+}
+
+void tst_extension::termination()
+{
+    CThreadLocal_X<CValue> local;
+    local.GetData();
+    AFX_EXTENSION_MODULE_X state{};
+    AfxInitExtensionModule_X(state, handleOf(5));
+    AfxInitExtensionModule_X(state, handleOf(6)); // the slot is 6's now, the record 5's
+    AfxTermExtensionModule_X(state, TRUE);
+    QVERIFY(local.GetDataNA());
+    state.hModule = handleOf(6);
+    AfxTermExtensionModule_X(state, TRUE);
+    QVERIFY(!local.GetDataNA());
+}
+
+void tst_extension::terminationOfAnEmptyRecord()
+{
+    CThreadLocal_X<CValue> local;
+    local.GetData();
+    AFX_EXTENSION_MODULE_X state{};
+    AfxTermExtensionModule_X(state, TRUE); // a null module would be all
+    QVERIFY(local.GetDataNA());
+}
+
+void tst_extension::library()
+{
+    AFX_EXTENSION_MODULE_X state{TRUE, handleOf(5), handleOf(6), handleOf(7)};
+    const CDynLinkLibrary_X system(state, TRUE);
+    QCOMPARE(system.m_hModule, handleOf(5));
+    QCOMPARE(system.m_bSystem, TRUE);
+    const CDynLinkLibrary_X plain(state);
+    QCOMPARE(plain.m_bSystem, FALSE);
+    const CDynLinkLibrary_X bare(handleOf(8), handleOf(9));
+    QCOMPARE(bare.m_hModule, handleOf(8));
+    QCOMPARE(bare.m_hResource, nullptr);
+    QCOMPARE(bare.m_hClassList, nullptr);
+    QCOMPARE(bare.m_bSystem, FALSE);
+    QVERIFY(bare.IsKindOf(RUNTIME_CLASS_X(CCmdTarget_X)));
+    QVERIFY(!CDynLinkLibrary_X::s_classInfo.CreateObject());
+}
+
+QTEST_APPLESS_MAIN(tst_extension)
+#include "tst_extension.moc"
