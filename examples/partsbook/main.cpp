@@ -7,13 +7,15 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDir>
+#include <xeprocess.h>
 
 #include <cstdio>
 
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    QApplication::setApplicationName("partsbook");
+    QDir().mkpath(XeQString(GetMainDirectory() + L"/Common")); // for the log
 
     QCommandLineParser options;
     options.addHelpOption();

@@ -5,10 +5,15 @@
 #include "hostservices.h"
 #include "partdialog.h"
 #include "partstable.h"
+#include "settings.h"
 #include "text.h"
 
+#include <QFileDialog>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QLabel>
+#include <QScreen>
+#include <xeafxdump.h>
 
 #include <algorithm>
 
@@ -17,6 +22,15 @@ namespace {
 constexpr UINT_PTR statusTimer = 1001;
 constexpr UINT statusTime = 4000; // milliseconds
 constexpr int mostBadLinesShown = 12;
+
+constexpr unsigned recentCommands[settings::mostRecentFiles] = {ID_FILE_MRU_FILE1, ID_FILE_MRU_FILE2, ID_FILE_MRU_FILE3,
+                                                                ID_FILE_MRU_FILE4};
+
+template <class... Arguments>
+void log(unsigned format, const Arguments&... arguments)
+{
+    xeLogPrintf(L"%s", formatText(loadText(format), arguments...).GetString());
+}
 
 CString_X shortName(const PartsBook& book) { return QFileInfo(book.fileName()).fileName(); }
 
@@ -51,12 +65,18 @@ int CMainFrame::OnCreate(tagCREATESTRUCTW* createStruct)
     if (CWnd_X::OnCreate(createStruct))
         return -1;
     ConnectCommands();
+    ShowRecentFiles();
+    RestorePlace();
     return 0;
 }
 
 void CMainFrame::ConnectCommands()
 {
     QWidget* const window = GetSafeHwnd();
+    Connect(ID_FILE_OPEN, SIGNAL(triggered()), this, SLOT(OnFileOpen()), window);
+    Connect(ID_FILE_SAVE_AS, SIGNAL(triggered()), this, SLOT(OnFileSaveAs()), window);
+    for (const unsigned command : recentCommands)
+        Connect(command, SIGNAL(triggered()), this, SLOT(OnFileRecent()), window);
     Connect(ID_FILE_SAVE, SIGNAL(triggered()), this, SLOT(OnFileSave()), window);
     Connect(ID_APP_EXIT, SIGNAL(triggered()), this, SLOT(OnAppExit()), window);
     Connect(ID_PART_NEW, SIGNAL(triggered()), this, SLOT(OnPartNew()), window);
@@ -87,10 +107,23 @@ void CMainFrame::OnAppExit() { GetSafeHwnd()->close(); }
 
 void CMainFrame::OnClose()
 {
-    if (MayClose())
-        DestroyWindow();
-    else
+    if (!MayClose()) {
         SetCurrentEventAccepted(false);
+        return;
+    }
+    settings::setWindowPlace(GetSafeHwnd()->normalGeometry());
+    log(IDS_LOG_CLOSED);
+    DestroyWindow();
+}
+
+// Where it was when it was closed, unless no screen shows that place any more.
+void CMainFrame::RestorePlace()
+{
+    const QRect place = settings::windowPlace();
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    const auto shows = [place](const QScreen* screen) { return screen->availableGeometry().contains(place.center()); };
+    if (place.isValid() && std::any_of(screens.begin(), screens.end(), shows))
+        GetSafeHwnd()->setGeometry(place);
 }
 
 bool CMainFrame::MayClose()
@@ -100,7 +133,7 @@ bool CMainFrame::MayClose()
     const CString_X question = formatText(loadText(IDS_ASK_SAVE), shortName(m_book));
     switch (MessageBox(question, nullptr, MB_YESNOCANCEL | MB_ICONQUESTION)) {
     case IDYES:
-        return SaveBook();
+        return SaveBook(m_book.fileName());
     case IDNO:
         return true;
     default:
@@ -113,11 +146,13 @@ bool CMainFrame::MayClose()
 bool CMainFrame::OpenBook(const QString& fileName)
 {
     if (!m_book.load(fileName)) {
+        log(IDS_LOG_NOT_READ, CString_X(fileName), m_book.error());
         MessageBox(formatText(loadText(IDS_CANNOT_READ), CString_X(fileName), m_book.error()), nullptr,
                    MB_OK | MB_ICONERROR);
         return false;
     }
-    SetWindowText(formatText(loadText(IDS_TITLE), shortName(m_book)));
+    log(IDS_LOG_OPENED, CString_X(fileName), m_book.count());
+    ShowName();
     showParts(Table(), m_book);
     SelectRow(0);
     OnTimer(statusTimer);
@@ -140,15 +175,62 @@ void CMainFrame::ReportBadLines()
     MessageBox(report);
 }
 
-bool CMainFrame::SaveBook()
+bool CMainFrame::SaveBook(const QString& fileName)
 {
-    if (!m_book.save()) {
-        MessageBox(formatText(loadText(IDS_CANNOT_WRITE), CString_X(m_book.fileName()), m_book.error()), nullptr,
+    if (!m_book.saveAs(fileName)) {
+        log(IDS_LOG_NOT_SAVED, CString_X(fileName), m_book.error());
+        MessageBox(formatText(loadText(IDS_CANNOT_WRITE), CString_X(fileName), m_book.error()), nullptr,
                    MB_OK | MB_ICONERROR);
         return false;
     }
+    log(IDS_LOG_SAVED, CString_X(fileName), m_book.count());
+    ShowName();
     ShowStatus(IDS_SAVED, shortName(m_book));
     return true;
+}
+
+void CMainFrame::ShowName()
+{
+    SetWindowText(formatText(loadText(IDS_TITLE), shortName(m_book)));
+    settings::addRecentFile(QFileInfo(m_book.fileName()).absoluteFilePath());
+    ShowRecentFiles();
+}
+
+void CMainFrame::ShowRecentFiles()
+{
+    const std::vector<CString_X> files = settings::recentFiles();
+    for (std::size_t i = 0; i < std::size(recentCommands); ++i) {
+        auto& action = control<QAction>(*this, recentCommands[i]);
+        const QString name = i < files.size() ? XeQString(files[i]) : XeQString();
+        action.setVisible(!name.isEmpty());
+        action.setText(QString(name).replace('&', "&&"));
+        action.setData(name);
+    }
+}
+
+void CMainFrame::OnFileOpen()
+{
+    const QString name =
+        QFileDialog::getOpenFileName(GetSafeHwnd(), XeQString(loadText(IDS_OPEN)), m_book.fileName(),
+                                     XeQString(loadText(IDS_FILE_KINDS)), nullptr, QFileDialog::DontUseNativeDialog);
+    if (!name.isEmpty() && MayClose())
+        OpenBook(name);
+}
+
+void CMainFrame::OnFileSaveAs()
+{
+    const QString name =
+        QFileDialog::getSaveFileName(GetSafeHwnd(), XeQString(loadText(IDS_SAVE_AS)), m_book.fileName(),
+                                     XeQString(loadText(IDS_FILE_KINDS)), nullptr, QFileDialog::DontUseNativeDialog);
+    if (!name.isEmpty())
+        SaveBook(name);
+}
+
+void CMainFrame::OnFileRecent()
+{
+    const QString name = static_cast<const QAction*>(sender())->data().toString();
+    if (MayClose())
+        OpenBook(name);
 }
 
 // -------------------------------------------------------------------------------------------------------- the parts

@@ -41,7 +41,10 @@ class CMainFrame : public CWnd_X
     void SetupUI() override;
 
 private Q_SLOTS:
-    void OnFileSave() { SaveBook(); }
+    void OnFileOpen();
+    void OnFileSave() { SaveBook(m_book.fileName()); }
+    void OnFileSaveAs();
+    void OnFileRecent();
     void OnAppExit();
     void OnPartNew();
     void OnPartEdit();
@@ -53,7 +56,10 @@ private Q_SLOTS:
 
 private:
     void ConnectCommands();
-    bool SaveBook();
+    bool SaveBook(const QString& fileName);
+    void ShowName();
+    void ShowRecentFiles();
+    void RestorePlace();
     bool MayClose();
     void ReportBadLines();
     void ShowPart(int row);

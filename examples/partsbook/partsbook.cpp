@@ -1,16 +1,14 @@
 #include "partsbook.h"
 
+#include "bookarchive.h"
+#include "bookfile.h"
 #include "text.h"
-
-#include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <utility>
 
 namespace {
 
-constexpr qint64 largestFile = 64 << 20;
 constexpr char byteOrderMark[] = "\xEF\xBB\xBF";
 
 bool isHeading(const CsvRecord& record)
@@ -19,20 +17,7 @@ bool isHeading(const CsvRecord& record)
            && partColumns().front().CompareNoCase(record.fields.front()) == 0;
 }
 
-// Why it cannot be read; empty if it can.
-CString_X readFile(const QString& fileName, QByteArray& text)
-{
-    const QFileInfo info(fileName);
-    QFile file(fileName);
-    if (info.exists() && !info.isFile())
-        return loadText(IDS_NO_FILE);
-    if (!file.open(QIODevice::ReadOnly))
-        return file.errorString();
-    if (file.size() > largestFile)
-        return loadText(IDS_TOO_LARGE);
-    text = file.readAll();
-    return file.error() == QFile::NoError ? CString_X() : file.errorString();
-}
+bool isArchive(const QString& fileName) { return fileName.endsWith(QLatin1String(".parts"), Qt::CaseInsensitive); }
 
 } // namespace
 
@@ -40,13 +25,23 @@ CString_X readFile(const QString& fileName, QByteArray& text)
 
 bool PartsBook::load(const QString& fileName)
 {
-    QByteArray text;
-    m_error = readFile(fileName, text);
+    QByteArray content;
+    if (!readWhole(fileName, content, m_error))
+        return false;
+    PartsBook book;
+    if (isArchive(fileName))
+        m_error = book.takeArchive(content);
+    else
+        book.takeCsv(content);
     if (!m_error.IsEmpty())
         return false;
-
-    *this = PartsBook();
+    *this = book;
     m_fileName = fileName;
+    return true;
+}
+
+void PartsBook::takeCsv(QByteArray text)
+{
     if (text.startsWith(byteOrderMark)) {
         m_mark = byteOrderMark;
         text.remove(0, m_mark.size());
@@ -56,7 +51,17 @@ bool PartsBook::load(const QString& fileName)
         m_lineEnd = lineEndOf(records.front().text);
     for (const CsvRecord& record : records)
         take(record);
-    return true;
+}
+
+// The lines are those that a CSV file would have.
+CString_X PartsBook::takeArchive(const QByteArray& archive)
+{
+    std::vector<Part> parts;
+    CString_X problem = readArchive(archive, parts);
+    m_rest = csvLine(partColumns()) + m_lineEnd;
+    for (const Part& part : parts)
+        m_entries.push_back({std::exchange(m_rest, {}), csvLine(fieldsOf(part)) + m_lineEnd, part});
+    return problem;
 }
 
 void PartsBook::take(const CsvRecord& record)
@@ -75,26 +80,29 @@ void PartsBook::take(const CsvRecord& record)
         m_badLines.push_back({record.line, problem});
 }
 
-bool PartsBook::save()
+bool PartsBook::saveAs(const QString& fileName)
 {
-    QSaveFile file(m_fileName);
-    const QByteArray text = contents();
-    // commit() does not notice that what was still in the buffer could not be written; flush() does.
-    const bool saved =
-        file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush() && file.commit();
-    if (saved)
-        m_modified = false;
-    else
-        m_error = file.errorString();
-    return saved;
+    if (!writeWhole(fileName, isArchive(fileName) ? archive() : csv(), m_error))
+        return false;
+    m_fileName = fileName;
+    m_modified = false;
+    return true;
 }
 
-QByteArray PartsBook::contents() const
+QByteArray PartsBook::csv() const
 {
     QByteArray text = m_mark;
     for (const Entry& one : m_entries)
         text += one.before + one.text;
     return text + m_rest;
+}
+
+QByteArray PartsBook::archive() const
+{
+    std::vector<Part> parts;
+    for (const Entry& one : m_entries)
+        parts.push_back(one.part);
+    return archiveOf(parts);
 }
 
 // --------------------------------------------------------------------------------------------------------- the parts

@@ -4,11 +4,11 @@
 
 #include <QString>
 
-/// The parts of a CSV file.
+/// The parts of a file: an archive if its name ends in ".parts", else CSV.
 ///
-/// A line that is not changed is saved byte for byte as it was read. That holds for the first line with the names of
+/// In a CSV file, a line that is not changed is saved byte for byte as it was read. That holds for the first line with the names of
 /// the columns, for blank lines and for lines that cannot be read, which are kept in their places. A changed line keeps
-/// its line end, and a new one ends as the first line of the file does.
+/// its line end, and a new one ends as the first line of the file does. An archive has the parts alone.
 class PartsBook
 {
 public:
@@ -18,11 +18,14 @@ public:
         CString_X problem;
     };
 
-    /// Takes the parts of a file in UTF-8. False, with the book as it was, if it cannot be read or is no file, or is
-    /// larger than 64 MiB.
+    /// Takes the parts of a file. False, with the book as it was, if it cannot be read, is larger than 64 MiB, or is no
+    /// archive though its name says so.
     bool load(const QString& fileName);
     /// Writes the file that was read. False if that fails: then the file is as it was.
-    bool save();
+    bool save() { return saveAs(m_fileName); }
+    /// Writes the book to this file, whose name says in which form, and goes on with it. False if that fails: then file
+    /// and book are as they were.
+    bool saveAs(const QString& fileName);
     /// Why the last load() or save() failed.
     const CString_X& error() const { return m_error; }
 
@@ -51,9 +54,12 @@ private:
 
     const Entry& entry(int row) const { return m_entries.at(static_cast<std::size_t>(row)); }
     Entry& entry(int row) { return m_entries.at(static_cast<std::size_t>(row)); }
+    void takeCsv(QByteArray text);
+    CString_X takeArchive(const QByteArray& archive);
     void take(const CsvRecord& record);
     void endLastLine();
-    QByteArray contents() const;
+    QByteArray csv() const;
+    QByteArray archive() const;
 
     QString m_fileName;
     CString_X m_error;

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QRect>
+#include <xeafxstr.h>
+
+#include <vector>
+
+/// What the program remembers from one run to the next, in the registry.
+namespace settings {
+
+/// The place of the main window on the screen; an invalid rectangle if there is none yet.
+QRect windowPlace();
+void setWindowPlace(const QRect& place);
+
+constexpr int mostRecentFiles = 4;
+
+/// The files that were opened or saved last, the latest first.
+std::vector<CString_X> recentFiles();
+void addRecentFile(const CString_X& fileName);
+
+} // namespace settings

@@ -1,0 +1,147 @@
+// What the program remembers from one run to the next.
+
+#include "mainframe.h"
+#include "settings.h"
+
+#include <QAction>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <xewinreg.h>
+
+namespace {
+
+QStringList recentFiles()
+{
+    QStringList names;
+    for (const CString_X& name : settings::recentFiles())
+        names += XeQString(name);
+    return names;
+}
+
+// As a number of an earlier run comes: by its digits.
+void setDigits(const wchar_t* name, const wchar_t* digits)
+{
+    HKEY key = nullptr;
+    RegOpenKeyW_X(HKEY_CURRENT_USER, L"Software\\Parts Book\\Window", &key);
+    RegSetValueExW_X(key, name, 0, REG_SZ, digits, 0);
+    RegCloseKey_X(key);
+}
+
+} // namespace
+
+class tst_partsbook_settings : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void nothingYet();
+    void placeOfTheWindow();
+    void placeOfAnEarlierRun();
+    void recentFilesInOrder();
+    void fileNamesOfAnyKind();
+    void theWindowComesBack();
+    void aPlaceThatNoScreenShows();
+    void openedFilesAreRecent();
+};
+
+void tst_partsbook_settings::init()
+{
+    HKEY key = nullptr;
+    RegOpenKeyW_X(HKEY_CURRENT_USER, L"Software\\Parts Book", &key);
+    RegDeleteTree_X(key, nullptr);
+    RegCloseKey_X(key);
+}
+
+void tst_partsbook_settings::nothingYet()
+{
+    QVERIFY(!settings::windowPlace().isValid());
+    QVERIFY(settings::recentFiles().empty());
+}
+
+void tst_partsbook_settings::placeOfTheWindow()
+{
+    const QRect place(-5, 20, 300, 400);
+    settings::setWindowPlace(place);
+    QCOMPARE(settings::windowPlace(), place);
+}
+
+void tst_partsbook_settings::placeOfAnEarlierRun()
+{
+    settings::setWindowPlace(QRect(1, 2, 3, 4));
+    setDigits(L"Left", L"4294967291"); // as the file has -5
+    setDigits(L"Top", L"20");
+    QCOMPARE(settings::windowPlace(), QRect(-5, 20, 3, 4));
+    setDigits(L"Width", L"many");
+    QVERIFY(!settings::windowPlace().isValid());
+}
+
+void tst_partsbook_settings::recentFilesInOrder()
+{
+    for (const wchar_t* name : {L"/a", L"/b", L"/c"})
+        settings::addRecentFile(name);
+    QCOMPARE(recentFiles(), QStringList({"/c", "/b", "/a"}));
+    settings::addRecentFile(L"/a");
+    QCOMPARE(recentFiles(), QStringList({"/a", "/c", "/b"}));
+    settings::addRecentFile(L"/d");
+    settings::addRecentFile(L"/e");
+    QCOMPARE(recentFiles(), QStringList({"/e", "/d", "/a", "/c"}));
+}
+
+void tst_partsbook_settings::fileNamesOfAnyKind()
+{
+    const CString_X name = CString_X(L"/零件, \"new\"\\old;%20=1 😀.csv");
+    settings::addRecentFile(name);
+    QCOMPARE(recentFiles(), QStringList({XeQString(name)}));
+}
+
+void tst_partsbook_settings::theWindowComesBack()
+{
+    const QRect place(40, 60, 640, 420);
+    CMainFrame first;
+    first.Create(nullptr);
+    first.GetSafeHwnd()->setGeometry(place);
+    first.ShowWindow(SW_SHOW);
+    first.GetSafeHwnd()->close();
+    QVERIFY(!first.GetSafeHwnd());
+    CMainFrame second;
+    second.Create(nullptr);
+    QCOMPARE(second.GetSafeHwnd()->geometry(), place);
+    second.DestroyWindow();
+}
+
+void tst_partsbook_settings::aPlaceThatNoScreenShows()
+{
+    settings::setWindowPlace(QRect(-9000, -9000, 640, 420));
+    CMainFrame frame;
+    frame.Create(nullptr);
+    QVERIFY(frame.GetSafeHwnd()->x() > -9000);
+    frame.DestroyWindow();
+}
+
+void tst_partsbook_settings::openedFilesAreRecent()
+{
+    const QTemporaryDir folder;
+    PartsBook book;
+    QVERIFY(book.saveAs(folder.filePath("one.csv")));
+    QVERIFY(book.saveAs(folder.filePath("two & more.parts")));
+    CMainFrame frame;
+    frame.Create(nullptr);
+    QVERIFY(frame.OpenBook(folder.filePath("one.csv")));
+    QVERIFY(frame.OpenBook(folder.filePath("two & more.parts")));
+    QCOMPARE(recentFiles(), QStringList({folder.filePath("two & more.parts"), folder.filePath("one.csv")}));
+
+    auto* const latest = frame.GetSafeHwnd()->findChild<QAction*>("ID_FILE_MRU_FILE1");
+    QCOMPARE(latest->text(), folder.filePath("two && more.parts"));
+    auto* const before = frame.GetSafeHwnd()->findChild<QAction*>("ID_FILE_MRU_FILE2");
+    QVERIFY(before->isVisible());
+    QVERIFY(!frame.GetSafeHwnd()->findChild<QAction*>("ID_FILE_MRU_FILE3")->isVisible());
+    before->trigger();
+    QCOMPARE(recentFiles(), QStringList({folder.filePath("one.csv"), folder.filePath("two & more.parts")}));
+    QVERIFY(frame.GetSafeHwnd()->windowTitle().contains("one.csv"));
+    frame.DestroyWindow();
+}
+
+QTEST_MAIN(tst_partsbook_settings)
+#include "tst_partsbook_settings.moc"
