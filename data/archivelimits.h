@@ -6,8 +6,17 @@
 
 namespace xe {
 
-/// How many bytes a loading archive can still deliver at most; 0 for a storing one and without a file. Whoever loads a
-/// collection allocates no more than that holds, whatever count the stream names.
+/// Whether a loading archive has another byte. Whoever loads a collection asks before each element, or before making room
+/// for many, whatever count the stream names.
+inline bool hasMore(CArchive_X& archive)
+{
+    if (archive.available() == 0 && archive.file && archive.IsLoading())
+        archive.fillBuffer(1);
+    return archive.available() > 0;
+}
+
+/// How many bytes a loading archive can still deliver by the length of its file; 0 for a storing one and without a file. A
+/// file that does not tell its length has none.
 inline unsigned long long bytesLeft(CArchive_X& archive)
 {
     if (!archive.file || archive.IsStoring())

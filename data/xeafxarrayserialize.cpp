@@ -4,32 +4,41 @@
 #include "xeafxarc.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
-constexpr unsigned long long believedWithoutData = 0x100000;
+constexpr long long believedWithoutData = 0x100000;
 
-// Sets the array to the number of elements that the archive announces, as far as that can be true, and renews them all.
-// Returns how many of them the rest of the archive can hold, the last perhaps in part.
+// Sets the size of an array and forgets what was in it. The block stays where it is large enough.
 template <class Array>
-long long readSize(Array& array, CArchive_X& archive, unsigned long long leastBytes)
+void startAnew(Array& array, long long size)
 {
-    const unsigned long long count = archive.ReadCount();
-    const unsigned long long held = (xe::bytesLeft(archive) + leastBytes - 1) / leastBytes;
-    array.SetSize(static_cast<long long>(std::min(count, std::max(held, believedWithoutData))), -1);
-    std::fill_n(array.GetData(), array.GetSize(), std::decay_t<decltype(array[0])>());
-    return static_cast<long long>(std::min(count, held));
+    array.SetSize(size, -1);
+    std::fill_n(array.GetData(), size, std::decay_t<decltype(array[0])>());
 }
 
-// Hands the elements over in pieces whose bytes a signed 32-bit number can count.
-template <class Array, class Transfer>
-void transferRaw(Array& array, Transfer transfer)
+// Loads as many elements as the archive announces, but makes room for more than some only as long as data come.
+template <class Array, class LoadRange>
+void load(Array& array, CArchive_X& archive, LoadRange loadRange)
 {
-    auto* next = array.GetData();
-    constexpr long long largestPiece = 0x7FFFFFFF / sizeof *next;
-    for (long long left = array.GetSize(); left > 0;) {
+    const auto count = static_cast<long long>(archive.ReadCount());
+    startAnew(array, std::min(count, believedWithoutData));
+    for (long long size = 0; size < count && (size == 0 || xe::hasMore(archive));) {
+        const long long first = std::exchange(size, std::min(count, std::max(2 * size, believedWithoutData)));
+        array.SetSize(size, -1);
+        loadRange(first, size);
+    }
+}
+
+// Hands elements over in pieces whose bytes a signed 32-bit number can count.
+template <class Element, class Transfer>
+void transferRaw(Element* next, long long left, Transfer transfer)
+{
+    constexpr long long largestPiece = 0x7FFFFFFF / sizeof(Element);
+    while (left > 0) {
         const long long piece = std::min(left, largestPiece);
-        transfer(next, static_cast<unsigned>(piece) * static_cast<unsigned>(sizeof *next));
+        transfer(next, static_cast<unsigned>(piece) * static_cast<unsigned>(sizeof(Element)));
         next += piece;
         left -= piece;
     }
@@ -40,22 +49,13 @@ void serializeRaw(Array& array, CArchive_X& archive)
 {
     if (archive.IsStoring()) {
         archive.WriteCount(static_cast<unsigned long long>(array.GetSize()));
-        transferRaw(array, [&](const void* bytes, unsigned count) { archive.Write(bytes, count); });
+        transferRaw(array.GetData(), array.GetSize(),
+                    [&](const void* bytes, unsigned count) { archive.Write(bytes, count); });
     } else {
-        readSize(array, archive, sizeof array[0]);
-        transferRaw(array, [&](void* bytes, unsigned count) { archive.EnsureRead(bytes, count); });
-    }
-}
-
-template <class Array>
-void serializeEach(Array& array, CArchive_X& archive)
-{
-    if (archive.IsStoring()) {
-        archive.WriteCount(static_cast<unsigned long long>(array.GetSize()));
-        std::for_each_n(array.GetData(), array.GetSize(), [&](auto& element) { archive << element; });
-    } else {
-        const long long held = readSize(array, archive, 1);
-        std::for_each_n(array.GetData(), held, [&](auto& element) { archive >> element; });
+        load(array, archive, [&](long long first, long long last) {
+            transferRaw(array.GetData() + first, last - first,
+                        [&](void* bytes, unsigned count) { archive.EnsureRead(bytes, count); });
+        });
     }
 }
 
@@ -82,11 +82,27 @@ void CDWordArray_X::Serialize(CArchive_X& archive)
 void CObArray_X::Serialize(CArchive_X& archive)
 {
     CObject_X::Serialize(archive);
-    serializeEach(*this, archive);
+    if (archive.IsStoring()) {
+        archive.WriteCount(static_cast<unsigned long long>(size));
+        std::for_each_n(data, size, [&](const CObject_X* object) { archive << object; });
+        return;
+    }
+    // Nothing of an object is in the stream that would bear the count out.
+    const auto count = archive.ReadCount();
+    const auto believed = std::max<unsigned long long>(xe::bytesLeft(archive), believedWithoutData);
+    startAnew(*this, static_cast<long long>(std::min(count, believed)));
 }
 
 void CStringArray_X::Serialize(CArchive_X& archive)
 {
     CObject_X::Serialize(archive);
-    serializeEach(*this, archive);
+    if (archive.IsStoring()) {
+        archive.WriteCount(static_cast<unsigned long long>(size));
+        std::for_each_n(data, size, [&](const CString_X& text) { archive << text; });
+        return;
+    }
+    load(*this, archive, [&](long long first, long long last) {
+        for (; first < last && xe::hasMore(archive); ++first)
+            archive >> data[first];
+    });
 }

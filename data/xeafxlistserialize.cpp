@@ -35,7 +35,7 @@ void CStringList_X::Serialize(CArchive_X& archive)
         for (const CNode_X* node = head; node; node = node->next)
             archive << node->value;
     } else {
-        for (auto rest = archive.ReadCount(); rest > 0 && xe::bytesLeft(archive) > 0; --rest) {
+        for (auto rest = archive.ReadCount(); rest > 0 && xe::hasMore(archive); --rest) {
             CString_X text;
             archive >> text;
             AddTail(text);

@@ -20,7 +20,7 @@ void storePairs(const Map& map, CArchive_X& archive)
 template <class Map>
 void loadPairs(Map& map, CArchive_X& archive)
 {
-    for (auto rest = archive.ReadCount(); rest > 0 && xe::bytesLeft(archive) > 0; --rest) {
+    for (auto rest = archive.ReadCount(); rest > 0 && xe::hasMore(archive); --rest) {
         typename Map::Key key{};
         typename Map::Value value{};
         archive >> key >> value;

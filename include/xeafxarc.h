@@ -14,7 +14,8 @@ class CObject_X;
 
 namespace xe {
 unsigned long long bytesLeft(CArchive_X& archive);
-}
+bool hasMore(CArchive_X& archive);
+} // namespace xe
 
 /// A buffered stream of values over a CFile_X, for one direction.
 ///
@@ -151,6 +152,7 @@ protected:
 
 private:
     friend unsigned long long xe::bytesLeft(CArchive_X& archive);
+    friend bool xe::hasMore(CArchive_X& archive);
 
     std::size_t available() const { return static_cast<std::size_t>(bufferEnd - cursor); }
     template <class T>

@@ -76,8 +76,7 @@ void tst_ArchiveText::boundedLines()
     SlowFile file(stream);
     CArchive_X archive(&file, CArchive_X::load);
     QStringList results;
-    const int count = QTest::currentTestFailed() ? 0 : 20;
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < 20; ++i) {
         std::vector<wchar_t> buffer(static_cast<std::size_t>(std::abs(max)) + 1, L'#');
         wchar_t* const result = archive.ReadString(buffer.data(), static_cast<unsigned>(max));
         QVERIFY(!result || result == buffer.data());

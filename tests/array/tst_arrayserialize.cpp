@@ -62,6 +62,7 @@ private slots:
     void countsWithoutData_data() { arrayClassRows(); }
     void countsWithoutData();
     void oneBehindTheOther();
+    void filesWithoutALength();
 };
 
 void TestArraySerialize::bytes()
@@ -185,7 +186,8 @@ void TestArraySerialize::moreThanIsBelievedWithoutData()
     QCOMPARE(load(copy, bytes.left(6 + 4 * believed)), QByteArray());
     QCOMPARE(copy.GetSize(), static_cast<long long>(believed));
     QCOMPARE(load(copy, bytes.left(6 + 4 * believed + 6)), QByteArray());
-    QCOMPARE(copy.GetSize(), believed + 2LL);
+    QCOMPARE(copy.GetSize(), believed + 3LL);
+    QCOMPARE(copy[believed + 2], 0U);
 }
 
 void TestArraySerialize::loadingReplaces()
@@ -256,6 +258,46 @@ void TestArraySerialize::countsWithoutData()
         load(array, hex("ffff ffff0f00"));
         QCOMPARE(array.GetSize(), believed - 1LL);
     });
+}
+
+// A host's file, such as one that decompresses, may know no more than how to read.
+void TestArraySerialize::filesWithoutALength()
+{
+    class Source : public CFile_X
+    {
+    public:
+        explicit Source(const QByteArray& source) : m_bytes(source) {}
+        unsigned int Read(void* target, unsigned int count) override
+        {
+            const auto got = std::min<unsigned>({count, unsigned(m_bytes.size()), 100000});
+            std::memcpy(target, m_bytes.constData(), got);
+            m_bytes.remove(0, int(got));
+            return got;
+        }
+
+    private:
+        QByteArray m_bytes;
+    };
+    const auto loadFrom = [](const QByteArray& bytes, CObject_X& array) {
+        Source file(bytes);
+        CArchive_X archive(&file, CArchive_X::load);
+        array.Serialize(archive);
+    };
+    CWordArray_X numbers;
+    numbers.SetSize(3 * believed);
+    numbers[3 * believed - 1] = 17;
+    CWordArray_X loadedNumbers;
+    loadFrom(stored(numbers), loadedNumbers);
+    QCOMPARE(loadedNumbers.GetSize(), 3LL * believed);
+    QCOMPARE(loadedNumbers[3 * believed - 1], static_cast<unsigned short>(17));
+
+    CStringArray_X texts;
+    texts.SetSize(2 * believed);
+    texts.SetAt(2 * believed - 1, L"last");
+    CStringArray_X loadedTexts;
+    loadFrom(stored(texts), loadedTexts);
+    QCOMPARE(loadedTexts.GetSize(), 2LL * believed);
+    QCOMPARE(loadedTexts[2 * believed - 1], CString_X(L"last"));
 }
 
 void TestArraySerialize::oneBehindTheOther()

@@ -61,7 +61,7 @@ void TestListClasses::createObject()
     QVERIFY(qobject_cast<CObList_X*>(objects.get()));
     auto* list = qobject_cast<CStringList_X*>(texts.get());
     QVERIFY(list);
-    QCOMPARE(static_cast<Open<CStringList_X>*>(list)->blockSize, 10LL);
+    QCOMPARE(list->*(&Open<CStringList_X>::blockSize), 10LL);
 }
 
 void TestListClasses::fieldsInOrder()

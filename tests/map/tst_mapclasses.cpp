@@ -49,7 +49,7 @@ long long blockSizeOfCreated()
 {
     const std::unique_ptr<CObject_X> object(RUNTIME_CLASS_X(Map)->CreateObject());
     auto* map = qobject_cast<Map*>(object.get());
-    return map ? static_cast<Open<Map>*>(map)->blockSize : 0;
+    return map ? map->*(&Open<Map>::blockSize) : 0;
 }
 
 } // namespace
