@@ -1,5 +1,6 @@
 #pragma once
 
+#include "raises.h"
 #include "xeafxarray.h"
 
 #include <QtTest>
@@ -84,21 +85,6 @@ void fill(Open<Array>& array, std::initializer_list<int> numbers)
     long long index = 0;
     for (const int number : numbers)
         array.data[index++] = elementOf<typename Open<Array>::Element>(number);
-}
-
-// -------------------------------------------------------------------------------------------------------- exceptions
-
-/// Calls the function; true if it raises the exception of bad arguments.
-template <class Function>
-bool raises(Function function)
-{
-    try {
-        function();
-    } catch (CInvalidArgException_X* exception) {
-        exception->Delete();
-        return true;
-    }
-    return false;
 }
 
 /// Changes the array and gives it as numbers, behind "raises: " if the change does that.

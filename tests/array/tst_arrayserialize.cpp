@@ -1,41 +1,9 @@
+#include "archived.h"
 #include "openarray.h"
-
-#include "xeafxarc.h"
-#include "xeafxfile.h"
 
 namespace {
 
 constexpr int believed = 1048576; // elements without data
-
-QByteArray contents(CMemFile_X& file)
-{
-    QByteArray bytes(int(file.GetLength()), '\0');
-    file.Seek(0, CFile_X::begin);
-    file.Read(bytes.data(), unsigned(bytes.size()));
-    return bytes;
-}
-
-QByteArray stored(CObject_X& array)
-{
-    CMemFile_X file;
-    CArchive_X archive(&file, CArchive_X::store);
-    array.Serialize(archive);
-    archive.Close();
-    return contents(file);
-}
-
-/// Loads the array and returns what is left of the bytes.
-QByteArray load(CObject_X& array, QByteArray bytes)
-{
-    CMemFile_X file(reinterpret_cast<unsigned char*>(bytes.data()), unsigned(bytes.size()));
-    CArchive_X archive(&file, CArchive_X::load);
-    array.Serialize(archive);
-    QByteArray rest(bytes.size() + 1, '\0');
-    rest.truncate(int(archive.Read(rest.data(), unsigned(rest.size()))));
-    return rest;
-}
-
-QByteArray hex(const char* digits) { return QByteArray::fromHex(digits); }
 
 } // namespace
 

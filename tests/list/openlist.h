@@ -1,5 +1,6 @@
 #pragma once
 
+#include "raises.h"
 #include "xeafxlist.h"
 
 #include <QSet>
@@ -83,21 +84,6 @@ void fill(Open<List>& list, const char* letters)
     list.RemoveAll();
     for (; *letters; ++letters)
         list.AddTail(elementOf<typename Open<List>::Value>(*letters));
-}
-
-// ---------------------------------------------------------------------------------------------------------- exceptions
-
-/// Calls the function; true if it raises the exception of bad arguments.
-template <class Function>
-bool raises(Function function)
-{
-    try {
-        function();
-    } catch (CInvalidArgException_X* exception) {
-        exception->Delete();
-        return true;
-    }
-    return false;
 }
 
 // ---------------------------------------------------------------------------------------- one test, three list classes

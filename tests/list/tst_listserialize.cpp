@@ -1,6 +1,6 @@
 #include "openlist.h"
 
-#include "tests/list/archived.h"
+#include "archived.h"
 
 /// Lists on an archive, byte by byte.
 class TestListSerialize : public QObject

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "raises.h"
 #include "xeafxmap.h"
 
 #include <QSet>
@@ -117,21 +118,6 @@ QString shown(const Map& map)
         pairs += QStringLiteral("%1=%2").arg(numberOf(key)).arg(numberOf(value));
     }
     return pairs.join(' ');
-}
-
-// ---------------------------------------------------------------------------------------------------------- exceptions
-
-/// Calls the function; true if it raises the exception of bad arguments.
-template <class Function>
-bool raises(Function function)
-{
-    try {
-        function();
-    } catch (CInvalidArgException_X* exception) {
-        exception->Delete();
-        return true;
-    }
-    return false;
 }
 
 // ------------------------------------------------------------------------------------------- one test, all map classes

@@ -1,5 +1,5 @@
+#include "archived.h"
 #include "openmap.h"
-#include "tests/list/archived.h"
 
 /// Maps on an archive, byte by byte.
 class TestMapSerialize : public QObject
