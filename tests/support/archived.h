@@ -1,9 +1,18 @@
+// Objects on an archive in memory.
 #pragma once
 
 #include "xeafxarc.h"
 #include "xeafxfile.h"
 
 #include <QByteArray>
+
+inline QByteArray contents(CMemFile_X& file)
+{
+    QByteArray bytes(int(file.GetLength()), '\0');
+    file.Seek(0, CFile_X::begin);
+    file.Read(bytes.data(), unsigned(bytes.size()));
+    return bytes;
+}
 
 /// What the object stores on an archive.
 inline QByteArray stored(CObject_X& object)
@@ -12,10 +21,7 @@ inline QByteArray stored(CObject_X& object)
     CArchive_X archive(&file, CArchive_X::store);
     object.Serialize(archive);
     archive.Close();
-    QByteArray bytes(int(file.GetLength()), '\0');
-    file.Seek(0, CFile_X::begin);
-    file.Read(bytes.data(), unsigned(bytes.size()));
-    return bytes;
+    return contents(file);
 }
 
 /// Loads the object and returns what is left of the bytes.
