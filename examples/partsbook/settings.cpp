@@ -66,8 +66,8 @@ void Key::set(const wchar_t* name, int number) const
     RegSetValueExW_X(m_key, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number), sizeof number);
 }
 
-constexpr const wchar_t* windowKey = L"Software\\Parts Book\\Window";
-constexpr const wchar_t* filesKey = L"Software\\Parts Book\\Files";
+constexpr const wchar_t* windowKey = L"Software\\PartsBook\\Window";
+constexpr const wchar_t* filesKey = L"Software\\PartsBook\\Files";
 
 CString_X fileName(int place) { return formatText(L"File%d", place); }
 

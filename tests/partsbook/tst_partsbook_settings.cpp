@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QTemporaryDir>
 #include <QtTest>
+#include <xeprocess.h>
 #include <xewinreg.h>
 
 namespace {
@@ -22,7 +23,7 @@ QStringList recentFiles()
 void setDigits(const wchar_t* name, const wchar_t* digits)
 {
     HKEY key = nullptr;
-    RegOpenKeyW_X(HKEY_CURRENT_USER, L"Software\\Parts Book\\Window", &key);
+    RegOpenKeyW_X(HKEY_CURRENT_USER, L"Software\\PartsBook\\Window", &key);
     RegSetValueExW_X(key, name, 0, REG_SZ, digits, 0);
     RegCloseKey_X(key);
 }
@@ -44,12 +45,13 @@ private slots:
     void theWindowComesBack();
     void aPlaceThatNoScreenShows();
     void openedFilesAreRecent();
+    void theLogTellsWhatWasDone();
 };
 
 void tst_partsbook_settings::init()
 {
     HKEY key = nullptr;
-    RegOpenKeyW_X(HKEY_CURRENT_USER, L"Software\\Parts Book", &key);
+    RegOpenKeyW_X(HKEY_CURRENT_USER, L"Software\\PartsBook", &key);
     RegDeleteTree_X(key, nullptr);
     RegCloseKey_X(key);
 }
@@ -141,6 +143,30 @@ void tst_partsbook_settings::openedFilesAreRecent()
     QCOMPARE(recentFiles(), QStringList({folder.filePath("one.csv"), folder.filePath("two & more.parts")}));
     QVERIFY(frame.GetSafeHwnd()->windowTitle().contains("one.csv"));
     frame.DestroyWindow();
+}
+
+void tst_partsbook_settings::theLogTellsWhatWasDone()
+{
+    QDir common(XeQString(GetMainDirectory() + L"/Common"));
+    QVERIFY(common.mkpath("."));
+    const QTemporaryDir folder;
+    const QString name = folder.filePath(QString::fromUtf8("零件.csv"));
+    PartsBook book;
+    QVERIFY(book.saveAs(name));
+    CMainFrame frame;
+    frame.Create(nullptr);
+    frame.ShowWindow(SW_SHOW);
+    QVERIFY(frame.OpenBook(name));
+    frame.GetSafeHwnd()->close();
+
+    QFile log(common.filePath("IKev.log"));
+    QVERIFY(log.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(log.readAll());
+    QVERIFY(common.removeRecursively());
+    const QString time = "\\[\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d \\w+\\] ";
+    const QRegularExpression lines(time + "opened " + QRegularExpression::escape(name) + ", 0 parts\n" + time
+                                   + "closed\n$");
+    QVERIFY2(lines.match(text).hasMatch(), qPrintable(text));
 }
 
 QTEST_MAIN(tst_partsbook_settings)
