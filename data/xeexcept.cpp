@@ -30,11 +30,11 @@ void AfxThrowUserException_X() { throw &_simpleUserException; }
 
 // ------------------------------------------------------------------------------------------------ base of exceptions
 
-int CException_X::GetErrorMessage(wchar_t* buffer, unsigned size, unsigned* help) const
+int CException_X::GetErrorMessage(wchar_t* buffer, unsigned, unsigned* help) const
 {
     if (help)
         *help = 0;
-    if (buffer && size > 0)
+    if (buffer)
         *buffer = L'\0';
     return 0;
 }

@@ -22,7 +22,7 @@ constexpr CauseRow osErrors[] = {
     {Cause::invalidFile, {11, 26, 60, 66, 114, 182, 191, 193}},
     {Cause::removeCurrentDir, {16, 145}},
     {Cause::directoryFull, {62}},
-    {Cause::badSeek, {9, 24, 25, 27, 30, 131, 132}},
+    {Cause::badSeek, {24, 25, 27, 30, 131, 132}},
     {Cause::hardIO, {20, 21, 22, 23, 57, 59, 88, 117, 995, 996, 997}},
     {Cause::sharingViolation, {32}},
     {Cause::lockViolation, {33, 108, 167}},

@@ -59,12 +59,13 @@ SCODE COleException_X::Process(const CObject_X* exception)
 
 int COleException_X::GetErrorMessage(wchar_t* buffer, unsigned size, unsigned* help) const
 {
-    CException_X::GetErrorMessage(buffer, size, help);
+    if (help)
+        *help = 0;
     constexpr DWORD flags = FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM;
     constexpr DWORD systemLanguage = 2048;
     wchar_t* text = nullptr;
     if (!buffer || !FormatMessage_X(flags, nullptr, static_cast<DWORD>(m_sc), systemLanguage, &text, 0, nullptr))
-        return 0;
+        return CException_X::GetErrorMessage(buffer, size, help);
     std::wcsncpy(buffer, text, size);
     LocalFree_X(text);
     return 1;

@@ -60,8 +60,8 @@ private:
 
 // The process's maps, one for a kind of handle. They are made at the first call with a non-zero argument; before that the
 // result is null.
-XE_EXPORT CHandleMap_X* afxMapHWND_X(int create); ///< stays empty
-XE_EXPORT CHandleMap_X* afxMapHMENU_X(int create);
-XE_EXPORT CHandleMap_X* afxMapHDC_X(int create);        ///< two handles; holds permanent wrappers only
-XE_EXPORT CHandleMap_X* afxMapHGDIOBJ_X(int create);    ///< holds permanent wrappers only
-XE_EXPORT CHandleMap_X* afxMapHIMAGELIST_X(int create); ///< holds permanent wrappers only
+XE_EXPORT CHandleMap_X* afxMapHWND_X(int create = 0); ///< stays empty
+XE_EXPORT CHandleMap_X* afxMapHMENU_X(int create = 0);
+XE_EXPORT CHandleMap_X* afxMapHDC_X(int create = 0);        ///< two handles; holds permanent wrappers only
+XE_EXPORT CHandleMap_X* afxMapHGDIOBJ_X(int create = 0);    ///< holds permanent wrappers only
+XE_EXPORT CHandleMap_X* afxMapHIMAGELIST_X(int create = 0); ///< holds permanent wrappers only

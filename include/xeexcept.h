@@ -42,8 +42,8 @@ class XE_EXPORT CException_X :
     CException_X(const CException_X& other) : QException(other), CObject_X(), autoDelete(0) {}
 
     /// Writes the message, at most `size` elements, and returns 1, or 0 when there is none. A message that fills the
-    /// buffer has no terminator; the rest of a longer buffer is cleared. Here: writes an empty text, sets `*help` to 0
-    /// and returns 0. Null pointers are skipped.
+    /// buffer has no terminator; the rest of a longer buffer is cleared. Here: writes an empty text, whatever the size,
+    /// sets `*help` to 0 and returns 0. Null pointers are skipped.
     virtual int GetErrorMessage(wchar_t* buffer, unsigned size, unsigned* help = nullptr) const;
     /// The same; ReportError() calls this one.
     virtual int GetErrorMessage(wchar_t* buffer, unsigned size, unsigned* help = nullptr);

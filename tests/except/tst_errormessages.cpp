@@ -33,7 +33,7 @@ void tst_ErrorMessages::noMessage_data()
     QTest::addColumn<QString>("expected");
     QTest::newRow("one element is cleared") << 4u << "0 '.xxx' help 0";
     QTest::newRow("in the smallest buffer too") << 1u << "0 '.xxx' help 0";
-    QTest::newRow("no room") << 0u << "0 'xxxx' help 0";
+    QTest::newRow("a size of 0 does not matter") << 0u << "0 '.xxx' help 0";
 }
 
 void tst_ErrorMessages::noMessage()
