@@ -27,7 +27,8 @@ inline constexpr int pathCapacity = 2048;
 /// and "/a/b" becomes "/a". Without such a separator nothing changes. 1 if the text changed.
 XE_EXPORT BOOL PathRemoveFileSpec_X(wchar_t* path);
 
-/// Cuts the text behind the same separator: "a/b/c" becomes "a/", "/a/b" becomes "/a/". 1 if the text changed.
+/// Cuts the text behind the same separator: "a/b/c" becomes "a/", "/a/b" becomes "/a/". Without one nothing is left:
+/// callers rely on a root that is empty then. 1 if the text changed.
 XE_EXPORT BOOL PathStripToRoot_X(wchar_t* path);
 
 /// Moves what follows the last separator to the start of the text.
@@ -138,8 +139,7 @@ XE_EXPORT BOOL PathAddExtension_X(wchar_t* path, const wchar_t* extension);
 /// Puts an extension in place of the old one, if any. 0, and nothing is changed, if the result is too long.
 XE_EXPORT BOOL PathRenameExtension_X(wchar_t* path, const wchar_t* extension);
 
-/// Removes brackets with digits between name and extension: "name[1].txt" and "name[].txt" become "name.txt". Brackets
-/// without a name before them stay.
+/// Removes brackets with digits between name and extension: "name[1].txt" and "name[].txt" become "name.txt".
 XE_EXPORT void PathUndecorate_X(wchar_t* path);
 
 /// Splits a path at its last "/", which goes to `directory`, and what follows at its last ".", which goes to

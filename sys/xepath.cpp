@@ -40,7 +40,7 @@ BOOL PathRemoveFileSpec_X(wchar_t* path)
 BOOL PathStripToRoot_X(wchar_t* path)
 {
     wchar_t* const separator = separatorBehindFirstElement(path);
-    return separator && cutAt(separator + 1);
+    return path && cutAt(separator ? separator + 1 : path);
 }
 
 void PathStripPath_X(wchar_t* path) { lstrcpy_X(path, PathFindFileName_X(path)); }

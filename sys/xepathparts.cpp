@@ -27,8 +27,7 @@ std::size_t decorationOf(std::wstring_view path)
         return path.npos;
     path.remove_suffix(1);
     const std::size_t bracket = path.find_last_not_of(L"0123456789");
-    const bool isBehindName = bracket != path.npos && bracket > 0 && !std::wcschr(L"/\\", path[bracket - 1]);
-    return isBehindName && path[bracket] == L'[' ? bracket : path.npos;
+    return bracket != path.npos && path[bracket] == L'[' ? bracket : path.npos;
 }
 
 } // namespace

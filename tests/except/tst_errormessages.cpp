@@ -46,7 +46,7 @@ void tst_ErrorMessages::noMessage()
     QCOMPARE(help, 0u);
     wchar_t buffer[] = L"xxxx";
     QCOMPARE(exception.GetErrorMessage(buffer, size, nullptr), 0);
-    QCOMPARE(buffer[0], size > 0 ? L'\0' : L'x');
+    QCOMPARE(buffer[0], L'\0');
 }
 
 // -------------------------------------------------------------------------------------------------- simple exceptions

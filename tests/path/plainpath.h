@@ -45,7 +45,7 @@ inline Changed removeFileSpec(const Text& text)
 inline Changed stripToRoot(const Text& text)
 {
     const std::size_t slash = innerSlash(text);
-    const Text root = slash == none ? text : text.substr(0, slash + 1);
+    const Text root = slash == none ? Text() : text.substr(0, slash + 1);
     return {root != text, root};
 }
 
@@ -183,8 +183,7 @@ inline Changed undecorate(const Text& text)
     if (!endsWith(name, L"["))
         return {-1, text};
     name.pop_back();
-    const bool isNameless = name.empty() || endsWith(normalised(name), L"/");
-    return {-1, isNameless ? text : name + extension};
+    return {-1, name + extension};
 }
 
 inline std::size_t argumentBlank(const Text& text)

@@ -53,7 +53,7 @@ void tst_PathCombine::combine_data()
     add("a UNC file stands for itself", L"c:\\x", L"\\\\srv\\share\\.\\a", L"\\\\srv\\share\\a");
     add("a backslash leads to the root of the directory", L"c:\\x\\z", L"\\y", L"c:\\/y");
     add("the root of a Linux directory", L"/usr/lib", L"\\y", L"/usr/y");
-    add("a directory without a root keeps its name", L"c:", L"\\y", L"c:/y");
+    add("a directory without a separator has an empty root", L"c:", L"\\y", L"/y");
     add("a backslash alone is the root", L"a/b", L"\\", L"a/");
     add("a Linux file is relative", L"/usr", L"/etc", L"/usr//etc");
 

@@ -41,8 +41,8 @@ void tst_PathComponents::changes_data()
     add("StripToRoot passes over the first element", root, L"/a/b", 1, L"/a/||");
     add("StripToRoot knows a backslash", root, L"c:\\a/b", 1, L"c:\\|/b|");
     add("StripToRoot leaves what ends there", root, L"c:\\", 0, L"c:\\|");
-    add("StripToRoot without a separator changes nothing", root, L"abc", 0, L"abc|");
-    add("StripToRoot leaves a separator at the start", root, L"/abc", 0, L"/abc|");
+    add("StripToRoot without a separator leaves nothing", root, L"abc", 1, L"|bc|");
+    add("StripToRoot passes over a separator at the start", root, L"/abc", 1, L"|abc|");
     add("StripToRoot of an empty text", root, L"", 0, L"|");
     add("StripToRoot counts wide elements as one", root, L"\x1F600\\b", 1, L"\x1F600\\||");
 

