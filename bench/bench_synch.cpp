@@ -25,7 +25,7 @@ public:
     void set() { SetEvent(m_handle); }
     void wait()
     {
-        while (WaitForSingleObject(m_handle, 20) != WAIT_OBJECT_0)
+        while (WaitForSingleObject(m_handle, 1) != WAIT_OBJECT_0)
             continue;
     }
 
