@@ -1,5 +1,7 @@
 #pragma once
 
+#include "widevalue.h"
+
 #include <xeprofile.h>
 
 #include <QtTest>
@@ -8,18 +10,6 @@
 #include <string>
 
 using namespace std::string_literals;
-
-Q_DECLARE_METATYPE(std::wstring)
-
-namespace QTest {
-
-template <>
-inline char* toString(const std::wstring& text)
-{
-    return toString(QString::fromStdWString(text));
-}
-
-} // namespace QTest
 
 /// A profile of these bytes in a folder of its own.
 class ProfileFile

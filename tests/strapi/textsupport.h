@@ -1,23 +1,14 @@
 #pragma once
 
+#include "widevalue.h"
+
 #include <QtTest>
 
 #include <clocale>
 #include <memory>
 #include <string>
 
-Q_DECLARE_METATYPE(std::wstring)
 Q_DECLARE_METATYPE(wchar_t)
-
-namespace QTest {
-
-template <>
-inline char* toString(const std::wstring& text)
-{
-    return toString(QString::fromStdWString(text));
-}
-
-} // namespace QTest
 
 /// The C locale that folds and converts every character.
 inline bool setUtf8Locale() { return std::setlocale(LC_CTYPE, "C.UTF-8") != nullptr; }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "widevalue.h"
+
 #include <xeurl.h>
 
 #include <QtTest>
@@ -8,18 +10,6 @@
 #include <string>
 
 using namespace std::string_literals;
-
-Q_DECLARE_METATYPE(std::wstring)
-
-namespace QTest {
-
-template <>
-inline char* toString(const std::wstring& text)
-{
-    return toString(QString::fromStdWString(text));
-}
-
-} // namespace QTest
 
 /// An HRESULT in the form in which it is known.
 inline QString shown(HRESULT result)
