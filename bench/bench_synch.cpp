@@ -5,6 +5,7 @@
 #include <benchmark/benchmark.h>
 
 #include <atomic>
+#include <ctime>
 #include <pthread.h>
 #include <thread>
 
@@ -12,8 +13,10 @@ namespace {
 
 // ----------------------------------------------------------------------------------------- ping-pong of two threads
 
-/// An auto-reset event. A set that falls between a waiter's look at the state and its sleep wakes nobody, so waits are
-/// bounded.
+constexpr DWORD limit = 5; // milliseconds
+
+/// An auto-reset event. A set that falls between a waiter's look at the state and its sleep wakes nobody, so waits have a
+/// limit.
 class Event
 {
 public:
@@ -25,7 +28,7 @@ public:
     void set() { SetEvent(m_handle); }
     void wait()
     {
-        while (WaitForSingleObject(m_handle, 1) != WAIT_OBJECT_0)
+        while (WaitForSingleObject(m_handle, limit) != WAIT_OBJECT_0)
             continue;
     }
 
@@ -33,7 +36,7 @@ private:
     HANDLE m_handle;
 };
 
-/// The same by hand.
+/// The same by hand, with the same limit: it is the timer that decides how deep the processor sleeps.
 class Condition
 {
 public:
@@ -56,8 +59,14 @@ public:
     void wait()
     {
         pthread_mutex_lock(&m_mutex);
-        while (!m_set)
-            pthread_cond_wait(&m_condition, &m_mutex);
+        while (!m_set) {
+            timespec deadline;
+            clock_gettime(CLOCK_REALTIME, &deadline);
+            deadline.tv_nsec += limit * 1000000L;
+            deadline.tv_sec += deadline.tv_nsec / 1000000000;
+            deadline.tv_nsec %= 1000000000;
+            pthread_cond_timedwait(&m_condition, &m_mutex, &deadline);
+        }
         m_set = false;
         pthread_mutex_unlock(&m_mutex);
     }
