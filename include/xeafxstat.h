@@ -190,14 +190,14 @@ using CProcessLocal_X = CLocal_X<Type, CProcessLocalObject_X>;
 extern XE_EXPORT std::atomic<CThreadSlotData_X*> _afxThreadData;
 extern XE_EXPORT std::atomic<long> _afxTlsRef;
 
-void XE_EXPORT AfxTlsAddRef_X();
+XE_EXPORT void AfxTlsAddRef_X();
 /// The last of as many calls as there were of AfxTlsAddRef_X(), and any call beyond, deletes all values of all threads.
 /// No other thread may use values meanwhile; a CThreadLocalObject_X that is asked afterwards starts anew.
-void XE_EXPORT AfxTlsRelease_X();
+XE_EXPORT void AfxTlsRelease_X();
 
 /// CThreadSlotData_X::AssignInstance and CThreadSlotData_X::DeleteValues, if a slot was ever used.
-void XE_EXPORT AfxInitLocalData_X(void* instance);
-void XE_EXPORT AfxTermLocalData_X(void* instance, BOOL all);
+XE_EXPORT void AfxInitLocalData_X(void* instance);
+XE_EXPORT void AfxTermLocalData_X(void* instance, BOOL all);
 
 // ----------------------------------------------------------------------------------------------- state of the module
 
@@ -244,11 +244,11 @@ public:
 extern XE_EXPORT AFX_MODULE_STATE_X afxModuleState;
 extern XE_EXPORT AFX_MODULE_THREAD_STATE_X gdiThreadState;
 
-AFX_MODULE_STATE_X XE_EXPORT* AfxGetModuleState_X();
-AFX_MODULE_STATE_X XE_EXPORT* AfxGetStaticModuleState_X(); ///< the same object
-AFX_MODULE_THREAD_STATE_X XE_EXPORT* AfxGetModuleThreadState_X();
+XE_EXPORT AFX_MODULE_STATE_X* AfxGetModuleState_X();
+XE_EXPORT AFX_MODULE_STATE_X* AfxGetStaticModuleState_X(); ///< the same object
+XE_EXPORT AFX_MODULE_THREAD_STATE_X* AfxGetModuleThreadState_X();
 
 /// True for every pointer but null: nothing is probed, and size and access are ignored.
-BOOL XE_EXPORT AfxIsValidAddress_X(const void* address, unsigned long size, BOOL write = TRUE);
-BOOL XE_EXPORT AfxIsValidString_X(const wchar_t* text, int length = -1);
-BOOL XE_EXPORT AfxIsValidString_X(const char* text, int length = -1);
+XE_EXPORT BOOL AfxIsValidAddress_X(const void* address, unsigned long size, BOOL write = TRUE);
+XE_EXPORT BOOL AfxIsValidString_X(const wchar_t* text, int length = -1);
+XE_EXPORT BOOL AfxIsValidString_X(const char* text, int length = -1);
