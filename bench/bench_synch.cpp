@@ -5,7 +5,7 @@
 #include <benchmark/benchmark.h>
 
 #include <atomic>
-#include <ctime>
+#include <chrono>
 #include <pthread.h>
 #include <thread>
 
@@ -13,10 +13,8 @@ namespace {
 
 // ----------------------------------------------------------------------------------------- ping-pong of two threads
 
-constexpr DWORD limit = 5; // milliseconds
-
-/// An auto-reset event. A set that falls between a waiter's look at the state and its sleep wakes nobody, so waits have a
-/// limit.
+/// An auto-reset event beside the caller's own condition. A set that falls between a waiter's look at the state and its
+/// sleep wakes nobody; nudge() mends that, and the condition tells a nudge from a set.
 class Event
 {
 public:
@@ -25,18 +23,25 @@ public:
     Event(const Event&) = delete;
     Event& operator=(const Event&) = delete;
 
-    void set() { SetEvent(m_handle); }
+    void set()
+    {
+        m_set = true;
+        SetEvent(m_handle);
+    }
     void wait()
     {
-        while (WaitForSingleObject(m_handle, limit) != WAIT_OBJECT_0)
-            continue;
+        do
+            WaitForSingleObject(m_handle, INFINITE);
+        while (!m_set.exchange(false));
     }
+    void nudge() { SetEvent(m_handle); }
 
 private:
     HANDLE m_handle;
+    std::atomic<bool> m_set = false;
 };
 
-/// The same by hand, with the same limit: it is the timer that decides how deep the processor sleeps.
+/// The same by hand, where no set is lost.
 class Condition
 {
 public:
@@ -59,17 +64,12 @@ public:
     void wait()
     {
         pthread_mutex_lock(&m_mutex);
-        while (!m_set) {
-            timespec deadline;
-            clock_gettime(CLOCK_REALTIME, &deadline);
-            deadline.tv_nsec += limit * 1000000L;
-            deadline.tv_sec += deadline.tv_nsec / 1000000000;
-            deadline.tv_nsec %= 1000000000;
-            pthread_cond_timedwait(&m_condition, &m_mutex, &deadline);
-        }
+        while (!m_set)
+            pthread_cond_wait(&m_condition, &m_mutex);
         m_set = false;
         pthread_mutex_unlock(&m_mutex);
     }
+    void nudge() {}
 
 private:
     pthread_mutex_t m_mutex = PTHREAD_MUTEX_INITIALIZER;
@@ -91,13 +91,28 @@ void pingPong(benchmark::State& state)
             pong.set();
         }
     });
+    std::atomic<long> rounds = 0;
+    std::atomic<bool> isWatched = true;
+    std::thread watchdog([&] {
+        for (long before = -1; isWatched;) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+            if (before == rounds) {
+                ping.nudge();
+                pong.nudge();
+            }
+            before = rounds;
+        }
+    });
     for (auto _ : state) {
         ping.set();
         pong.wait();
+        ++rounds;
     }
     over = true;
     ping.set();
     partner.join();
+    isWatched = false;
+    watchdog.join();
 }
 
 // ------------------------------------------------------------------------------------------------ a mutex nobody wants
