@@ -242,6 +242,12 @@ public:                              \
 /// The run-time class record of a class, for IsKindOf() and IsDerivedFrom().
 #define RUNTIME_CLASS_X(className) (&className::s_classInfo)
 
+// --------------------------------------------------------------------------------------------------- temporary objects
+
+/// Hands `object` to the pool of temporary objects, which deletes it at the next idle moment outside a host command. An
+/// object that is deleted earlier leaves the pool by itself.
+XE_EXPORT void AppendTempObjectPool(QObject* object);
+
 // ---------------------------------------------------------------------------------------------- command target
 
 /// A wrapper that takes messages: it adds the point at which a message map is filled.

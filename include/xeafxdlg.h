@@ -5,6 +5,7 @@
 #include "xeafxstr.h"
 #include "xeafxwin.h"
 #include "xedef.h"
+#include "xeformstyle.h"
 
 #include <QDialog>
 #include <QEvent>
@@ -51,20 +52,6 @@ XE_EXPORT int MessageBox_X(QWidget* owner, const wchar_t* text, const wchar_t* c
 XE_EXPORT int AfxMessageBox_X(const wchar_t* text, unsigned style = MB_OK, unsigned help = 0);
 /// The same with the text of a resource id (empty for an unknown one), over the widget with the focus.
 XE_EXPORT int AfxMessageBox_X(unsigned id, unsigned style = MB_OK, unsigned help = 0);
-
-/// Puts up a message box from the event queue of a wrapped window, when whatever is now on the stack has unwound.
-class XE_EXPORT XeMsgBoxEvent : public QEvent
-{
-public:
-    static constexpr QEvent::Type EventType = static_cast<QEvent::Type>(QEvent::User + 129);
-
-    XeMsgBoxEvent(CString_X message, CString_X title);
-    ~XeMsgBoxEvent() override;
-
-    CString_X text;
-    CString_X caption;
-    unsigned style = 0; ///< not read: the box is shown with style 0
-};
 
 struct AFX_CMDHANDLERINFO_X;
 
@@ -128,6 +115,8 @@ class XE_EXPORT CDialog_X : public CWnd_X
     void EndDialog(int result);
 
     bool AttachDefault(QWidget* parent) override;
+    /// As a window's, with OnInitDialog() between the building and the message map.
+    bool OnAttach() override;
     /// Escape ends a top-level dialog by reject(); a dialog that is part of another window passes it on.
     int PreTranslateMessage(tagMSG* message) override;
     /// A key that a dialog inside another window does not take goes up to its parent.

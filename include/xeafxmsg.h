@@ -3,6 +3,7 @@
 /// message-map macros.
 #pragma once
 
+#include "xeafxstr.h"
 #include "xedef.h"
 
 #include <QEvent>
@@ -206,6 +207,20 @@ public:
     WPARAM wParam;
     LPARAM lParam;
     LRESULT result = 0; ///< written when a handler has consumed the event
+};
+
+/// Puts up a message box from the event queue of a wrapped window, when whatever is now on the stack has unwound.
+class XE_EXPORT XeMsgBoxEvent : public QEvent
+{
+public:
+    static constexpr QEvent::Type EventType = static_cast<QEvent::Type>(QEvent::User + 129);
+
+    XeMsgBoxEvent(CString_X message, CString_X title);
+    ~XeMsgBoxEvent() override;
+
+    CString_X text;
+    CString_X caption;
+    unsigned style = 0; ///< not read: the box is shown with style 0
 };
 
 /// Qt::KeyboardModifiers as MK_ flags: Shift 4, Control 8, Alt 32; others are dropped.

@@ -22,7 +22,10 @@ class CMenu_X;
 class CWnd_X;
 class QAbstractButton;
 class QMenuBar;
-class XeDispatchFrame;
+
+namespace xe {
+class DispatchFrame;
+}
 
 /// Allows a member that takes a window's widget to take its wrapper as well.
 template <class Window>
@@ -284,6 +287,8 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     bool PostEvent(QEvent* event, int priority = Qt::NormalEventPriority, bool unique = false);
 
     bool eventFilter(QObject* target, QEvent* event) override;
+    /// Brings the window to life: OnCreate(), the slots, OnMessageMap(). Combo boxes in the window no longer cut the texts
+    /// of their lists short.
     bool OnAttach() override;
     void OnDetach() override;
     void OnMessageMap() override;
@@ -423,8 +428,16 @@ Q_SIGNALS:
     void timeOut(unsigned long id);
     void updateCmdUi();
 
+protected:
+    // OnAttach() in its two steps, for a class that has something to do between them.
+
+    /// Builds the window: OnCreate(). False if that refuses the attachment.
+    bool CreateContents();
+    /// Connects the slots, fills the message map and looks after the combo boxes. False if the widget has gone meanwhile.
+    bool ConnectContents();
+
 private:
-    friend class XeDispatchFrame;
+    friend class xe::DispatchFrame;
 
     struct PendingEvent
     {
@@ -438,29 +451,15 @@ private:
 
     bool filterMessage(QObject* target, QEvent* event);
     bool filterWithoutMessage(QObject* target, QEvent* event);
-    bool callEntry(const XeDispatchFrame& frame, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
-    bool offerCursorToAncestors(const XeDispatchFrame& frame, WPARAM wParam, LPARAM lParam, LRESULT& result);
+    bool callEntry(const xe::DispatchFrame& frame, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+    bool offerCursorToAncestors(const xe::DispatchFrame& frame, WPARAM wParam, LPARAM lParam, LRESULT& result);
     void forgetPending(QEvent* event);
 
-    XeDispatchFrame* m_dispatch = nullptr; // the innermost event or message in progress
-    QVector<PendingEvent> m_pendingEvents; // posted as unique and not yet delivered
+    xe::DispatchFrame* m_dispatch = nullptr; // the innermost event or message in progress
+    QVector<PendingEvent> m_pendingEvents;   // posted as unique and not yet delivered
     std::map<UINT, AFX_MSGMAP_ENTRY_X> m_messageMap;
     DWORD m_style = 0;
     QPointer<QScrollBar> m_horizontalBar; // children of the widget
     QPointer<QScrollBar> m_verticalBar;
     QPointer<QMenuBar> m_menuBar;
 };
-
-// ------------------------------------------------------------------------------------------------ styles of forms
-
-/// Applies the Windows style of a form, and of each of its direct children, after the form is built: generated form code
-/// calls it. The style is the dynamic property "mfcStyle", a text of style names.
-XE_EXPORT void setupStyle(QWidget* form);
-
-/// Applies the window styles (WS_) in `style`. The names are looked for as parts of the text: "WS_MAXIMIZEBOX" counts as
-/// "WS_MAXIMIZE" too, "WS_CHILDWINDOW" as "WS_CHILD" and "WS_POPUPWINDOW" as "WS_POPUP"; forms rely on it.
-XE_EXPORT void setupWindowStyleData(const QString& style, QWidget* widget);
-
-/// Applies the dialog styles in `style`: "DS_MODALFRAME" makes the window application-modal, "DS_CENTER" moves it to the
-/// centre of its Qt parent or of the screen.
-XE_EXPORT void setupDialogStyleData(const QString& style, QWidget* widget);

@@ -51,8 +51,8 @@ using ULONG = std::uint32_t;
 using DWORD = std::uint32_t;
 using LONGLONG = long long;
 using ULONGLONG = unsigned long long;
-using HRESULT = LONG; ///< negative means failure
-using LSTATUS = LONG; ///< a result of the registry functions: 0, or one of the error numbers
+using HRESULT = LONG;   ///< negative means failure
+using LSTATUS = LONG;   ///< a result of the registry functions: 0, or one of the error numbers
 using COLORREF = DWORD; ///< 0x00BBGGRR
 
 using INT_PTR = long long;

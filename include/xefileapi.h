@@ -179,6 +179,23 @@ struct _SHFILEOPSTRUCT_X
 /// becomes 0.
 XE_EXPORT int SHFileOperation_X(_SHFILEOPSTRUCT_X* operation);
 
+// ------------------------------------------------------------------------------------------ functions of the C runtime
+
+/// Removes a file. Returns 1 on success and 0 on failure, unlike the published function (0 and -1).
+XE_EXPORT int _wunlink(const wchar_t* path);
+
+/// Gives a file exactly one permission of its owner: mode 128 to write, 256 to read, 64 to execute. Returns 0, or -1 on
+/// failure and, with nothing done, for any other mode.
+XE_EXPORT int _wchmod(const wchar_t* path, int mode);
+
+/// Removes an empty folder, and after it each parent folder that this leaves empty. Returns 0, or -1 when the folder is
+/// missing, not empty (hidden entries count), the root or the current folder.
+XE_EXPORT int _wrmdir(const wchar_t* path);
+
+/// Makes one folder; its parent must be there. A bare name is made in the current folder, slashes at the end are
+/// dropped. Returns 0, or -1 on failure and for a name that holds one of `\ / : * ? " < > |`.
+XE_EXPORT int _wmkdir(const wchar_t* path);
+
 // -------------------------------------------------------------------------------------------------------- file times
 // A FILETIME counts milliseconds since 1970-01-01 UTC, unlike the published one.
 

@@ -3,6 +3,7 @@
 /// state of keyboard and mouse. GUI thread only.
 #pragma once
 
+#include "xeafx.h"
 #include "xedef.h"
 
 #include <QList>
@@ -91,10 +92,7 @@ XE_EXPORT void ConnectIdleSlot(QObject* object);
 /// The reverse. False if it was not connected.
 XE_EXPORT bool DisconnectIdleSlot(QObject* object);
 
-/// Hands `object` to the pool of temporary objects, which deletes it at the next idle moment outside a host command. An
-/// object that is deleted earlier leaves the pool by itself.
-XE_EXPORT void AppendTempObjectPool(QObject* object);
-/// Deletes the temporary objects at once, whatever the host is doing.
+/// Deletes the temporary objects (::AppendTempObjectPool()) at once, whatever the host is doing.
 XE_EXPORT void ClearTempObjectPool();
 
 /// Sets a keyboard hook (`id` WH_KEYBOARD) and gives its handle, the address of `proc`. The newest hook is called first;

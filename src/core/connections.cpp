@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace xe {
+
 QVector<IncomingConnection> incomingConnections(const QObject* receiver)
 {
     QVector<IncomingConnection> result;
@@ -28,3 +30,5 @@ bool isConnected(const QObject* sender, const QMetaMethod& signal, const QObject
         return c.sender == sender && c.signal == signal && c.method == method;
     });
 }
+
+} // namespace xe

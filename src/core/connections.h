@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QVector>
 
+namespace xe {
+
 /// A connection of a signal to a meta-method of some object.
 struct IncomingConnection
 {
@@ -22,3 +24,5 @@ QVector<IncomingConnection> incomingConnections(const QObject* receiver);
 /// True if `signal` of `sender` is connected to the meta-method `method` of `receiver`. Takes time by the connections of
 /// the receiver, where Qt::UniqueConnection takes time by those of the signal.
 bool isConnected(const QObject* sender, const QMetaMethod& signal, const QObject* receiver, const QMetaMethod& method);
+
+} // namespace xe

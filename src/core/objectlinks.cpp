@@ -1,29 +1,43 @@
-#include "win/logicalparent.h"
+#include "core/objectlinks.h"
 
-#include <QApplication>
 #include <QVariant>
-#include <QWidget>
 
 namespace xe {
 
 namespace {
 
+constexpr char ownerProperty[] = "owner";
 constexpr char parentProperty[] = "parent";
+
+// An address is kept as a 64-bit number, 0 for null.
+void writeAddress(QObject& object, const char* property, const QObject* value)
+{
+    object.setProperty(property, static_cast<qlonglong>(reinterpret_cast<qintptr>(value)));
+}
+
+void* readAddress(const QObject& object, const char* property)
+{
+    return reinterpret_cast<void*>(static_cast<qintptr>(object.property(property).toLongLong()));
+}
 
 } // namespace
 
-QWidget* logicalParent(const QWidget& window)
+void* linkedOwner(const QObject& imp) { return readAddress(imp, ownerProperty); }
+
+void* linkedParent(const QObject& imp) { return readAddress(imp, parentProperty); }
+
+void link(QObject& imp, const QObject& owner, const QObject* parent)
 {
-    auto* const parent = reinterpret_cast<QWidget*>(window.property(parentProperty).toLongLong());
-    if (!parent || parent == window.parentWidget())
-        return parent;
-    // Nothing keeps a parent alive that is not the Qt parent.
-    return QApplication::allWidgets().contains(parent) ? parent : nullptr;
+    writeAddress(imp, ownerProperty, &owner);
+    writeAddress(imp, parentProperty, parent);
 }
 
-void setLogicalParent(QWidget& window, QWidget* parent)
+void unlink(QObject& imp)
 {
-    window.setProperty(parentProperty, static_cast<qlonglong>(reinterpret_cast<qintptr>(parent)));
+    imp.setProperty(ownerProperty, QVariant());
+    imp.setProperty(parentProperty, QVariant());
 }
+
+void setLinkedParent(QObject& imp, const QObject* parent) { writeAddress(imp, parentProperty, parent); }
 
 } // namespace xe

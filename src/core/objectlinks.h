@@ -1,12 +1,20 @@
-// The logical parent of a window, kept beside its Qt parent as an address.
+// What an imp object knows of its wrapper: two dynamic properties that hold addresses.
 #pragma once
 
-class QWidget;
+#include <QObject>
 
 namespace xe {
 
-/// Null if there is none, and when it is no longer a living widget.
-QWidget* logicalParent(const QWidget& window);
-void setLogicalParent(QWidget& window, QWidget* parent);
+/// The wrapper's address; null for an object without a wrapper.
+void* linkedOwner(const QObject& imp);
+
+/// The logical parent's address, whatever has become of it.
+void* linkedParent(const QObject& imp);
+
+/// Writes the links of an imp object that is being attached.
+void link(QObject& imp, const QObject& owner, const QObject* parent);
+/// Takes both links away.
+void unlink(QObject& imp);
+void setLinkedParent(QObject& imp, const QObject* parent);
 
 } // namespace xe

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <QtGlobal>
+
 #include <cstdint>
 #include <cstring>
+
+namespace xe {
 
 /// The address of the code that a virtual call of `method` on `object` would run, read from the object's table as the
 /// Itanium C++ ABI lays it out; null where the machine's ABI keeps member pointers differently.
@@ -29,3 +33,5 @@ const void* virtualTarget(const Class* object, Method Class::*method)
     return nullptr;
 #endif
 }
+
+} // namespace xe

@@ -1,23 +1,8 @@
 #include "xeafx.h"
 
 #include "core/connections.h"
-#include "xeafxdump.h"
-#include "xehook.h"
+#include "core/objectlinks.h"
 #include "xeresource.h"
-
-#include <QVariant>
-
-namespace {
-
-constexpr char ownerProperty[] = "owner";
-constexpr char parentProperty[] = "parent";
-
-QVariant addressValue(const QObject* object)
-{
-    return QVariant::fromValue(static_cast<qlonglong>(reinterpret_cast<qintptr>(object)));
-}
-
-} // namespace
 
 CRuntimeClass_X CObject_X::s_classInfo(&CObject_X::staticMetaObject, CObject_X::GetImpMetaObject(),
                                        &QObject::staticMetaObject, &CObject_X::CreateObject,
@@ -51,8 +36,7 @@ bool CObject_X::Attach(QObject* imp, QObject* parent, bool external)
     Detach();
     setFlag(ExternalImp, external);
     SetImpQObject(imp);
-    imp->setProperty(ownerProperty, addressValue(this));
-    imp->setProperty(parentProperty, addressValue(parent));
+    xe::link(*imp, *this, parent);
     imp->installEventFilter(this);
     connect(imp, SIGNAL(destroyed(QObject*)), this, SLOT(OnImpDestroy()), Qt::UniqueConnection);
     if (OnAttach())
@@ -67,8 +51,7 @@ void CObject_X::Detach()
         return;
     disconnect(m_imp, nullptr, this, nullptr);
     m_imp->removeEventFilter(this);
-    m_imp->setProperty(ownerProperty, QVariant());
-    m_imp->setProperty(parentProperty, QVariant());
+    xe::unlink(*m_imp);
     QObject* imp = SetImpQObject(nullptr);
     if (IsExternalImpObj())
         setFlag(ExternalImp, false);
@@ -91,9 +74,7 @@ void CObject_X::OnImpDestroy()
 
 CObject_X* CObject_X::GetOwner(const QObject* imp)
 {
-    if (!imp)
-        return nullptr;
-    return reinterpret_cast<CObject_X*>(static_cast<qintptr>(imp->property(ownerProperty).toLongLong()));
+    return imp ? static_cast<CObject_X*>(xe::linkedOwner(*imp)) : nullptr;
 }
 
 CObject_X* CObject_X::FromImpMetaObject(const QMetaObject* impMeta)
@@ -128,8 +109,8 @@ void CObject_X::ConnectSlotsFrom(QObject* from, bool keep)
 {
     if (!from)
         return;
-    const QVector<IncomingConnection> connections = incomingConnections(from);
-    for (const IncomingConnection& old : connections) {
+    const QVector<xe::IncomingConnection> connections = xe::incomingConnections(from);
+    for (const xe::IncomingConnection& old : connections) {
         QMetaMethod slot;
         if (!FindSlotMethod(QString::fromUtf8(old.method.name()), slot)
             || !QMetaObject::checkConnectArgs(old.signal, slot))
@@ -159,8 +140,3 @@ QMetaObject::Connection CObject_X::Connect(unsigned id, const char* signal, cons
 }
 
 void CObject_X::Serialize(CArchive_X&) {}
-
-void CObject_X::Dump(CDumpContext_X& context) const
-{
-    context << "a " << GetClassName() << " at " << static_cast<const void*>(this) << "\n";
-}

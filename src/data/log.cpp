@@ -1,7 +1,7 @@
 #include "xeafxdump.h"
 
 #include "xeafxstr.h"
-#include "xeprocess.h"
+#include "xedirectories.h"
 
 #include <QDateTime>
 #include <QFile>

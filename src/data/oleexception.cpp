@@ -1,7 +1,8 @@
 #include "xeexcept.h"
 
-#include "xeprocess.h"
-#include "xestrapi.h"
+#include "xebstr.h"
+#include "xeformatmessage.h"
+#include "xememory.h"
 
 #include <cwchar>
 

@@ -1,5 +1,6 @@
 #include "xeafxdump.h"
 
+#include "xeafx.h"
 #include "xeafxfile.h"
 #include "xeafxstr.h"
 #include "xeexcept.h"
@@ -141,4 +142,11 @@ void CDumpContext_X::HexDump(const wchar_t* prefix, unsigned char* bytes, int co
         if ((i + 1) % width == 0 || i + 1 == count)
             *this << L"\n";
     }
+}
+
+// ------------------------------------------------------------------------------------------------ an object's own dump
+
+void CObject_X::Dump(CDumpContext_X& context) const
+{
+    context << "a " << GetClassName() << " at " << static_cast<const void*>(this) << "\n";
 }

@@ -1,7 +1,5 @@
 #include "xeexcept.h"
 
-#include "xeafxdlg.h"
-
 #include <cwchar>
 
 IMPLEMENT_DYNAMIC_X(CException_X, CObject_X)
@@ -42,18 +40,6 @@ int CException_X::GetErrorMessage(wchar_t* buffer, unsigned, unsigned* help) con
 int CException_X::GetErrorMessage(wchar_t* buffer, unsigned size, unsigned* help)
 {
     return std::as_const(*this).GetErrorMessage(buffer, size, help);
-}
-
-int CException_X::ReportError(unsigned type, unsigned messageId)
-{
-    constexpr unsigned noErrorAvailable = 61472;
-    constexpr unsigned size = 512;
-    wchar_t text[size + 1]; // a text that fills its buffer has no terminator
-    unsigned help = 0;
-    if (!GetErrorMessage(text, size, &help))
-        return AfxMessageBox_X(messageId ? messageId : noErrorAvailable, type, help);
-    text[size] = L'\0';
-    return AfxMessageBox_X(text, type, help);
 }
 
 void CException_X::Delete()

@@ -1,14 +1,12 @@
 #include "xeafxdlg.h"
 
-#include "xeprocess.h"
+#include "xehost.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
-
-#include <utility>
 
 namespace {
 
@@ -133,10 +131,7 @@ int AfxMessageBox_X(unsigned id, unsigned style, unsigned)
     return MessageBox_X(QApplication::focusWidget(), text, nullptr, style);
 }
 
-XeMsgBoxEvent::XeMsgBoxEvent(CString_X message, CString_X title)
-    : QEvent(EventType),
-      text(std::move(message)),
-      caption(std::move(title))
-{}
-
-XeMsgBoxEvent::~XeMsgBoxEvent() = default;
+int CWnd_X::MessageBox(const wchar_t* text, const wchar_t* caption, UINT style)
+{
+    return GetSafeHwnd() ? MessageBox_X(GetSafeHwnd(), text, caption, style) : 0;
+}

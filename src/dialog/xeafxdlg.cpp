@@ -45,6 +45,8 @@ int CDialog_X::Create(const wchar_t* templateName, CWnd_X* parent)
 
 bool CDialog_X::AttachDefault(QWidget* parent) { return Attach(new QDialog(parent), parent, false); }
 
+bool CDialog_X::OnAttach() { return CreateContents() && OnInitDialog() && ConnectContents(); }
+
 int CDialog_X::DoModal()
 {
     m_ended = false;

@@ -1,7 +1,9 @@
+#include "xeformstyle.h"
+
 #include "win/centering.h"
-#include "xeafxwin.h"
 
 #include <QVariant>
+#include <QWidget>
 
 namespace {
 

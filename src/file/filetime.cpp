@@ -1,4 +1,4 @@
-#include "filetime.h"
+#include "file/filetime.h"
 #include "xefileapi.h"
 
 LONG CompareFileTime_X(const FILETIME* a, const FILETIME* b)

@@ -3,7 +3,6 @@
 #include "text/utf8.h"
 #include "xeafxstr.h"
 #include "xeconvert.h"
-#include "xestrapi.h"
 
 #include <QDir>
 #include <QUrl>

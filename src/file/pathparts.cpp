@@ -1,7 +1,7 @@
 #include "xepath.h"
 
 #include "xeconvert.h"
-#include "xestrapi.h"
+#include "xestr.h"
 
 #include <cwchar>
 #include <string>

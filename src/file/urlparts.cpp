@@ -1,6 +1,6 @@
 #include "xeurl.h"
 
-#include "sys/ascii.h"
+#include "text/ascii.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "xefileapi.h"
 
-#include "filetime.h"
+#include "file/filetime.h"
 #include "xeafxfile.h"
 #include "xeconvert.h"
 

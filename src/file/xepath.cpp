@@ -1,6 +1,6 @@
 #include "xepath.h"
 
-#include "xestrapi.h"
+#include "xestr.h"
 
 #include <algorithm>
 #include <cwchar>

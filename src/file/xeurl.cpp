@@ -1,7 +1,7 @@
 #include "xeurl.h"
 
 #include "xepath.h"
-#include "xestrapi.h"
+#include "xestr.h"
 
 #include <algorithm>
 #include <cwchar>

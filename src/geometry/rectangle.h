@@ -1,11 +1,15 @@
-// Between a Win32 rectangle, whose right and bottom are exclusive, and a QRect, which names its last pixel.
+// Between Win32 points and rectangles, whose right and bottom are one past the last pixel, and Qt's, which name it.
 #pragma once
 
 #include "xedef.h"
 
+#include <QPoint>
 #include <QRect>
 
 namespace xe {
+
+inline QPoint toQPoint(const tagPOINT& point) { return {point.x, point.y}; }
+inline tagPOINT toWinPoint(const QPoint& point) { return {point.x(), point.y()}; }
 
 /// The sum and the difference of two coordinates, cut to 32 bits.
 constexpr LONG sum(LONG a, LONG b) { return static_cast<LONG>(static_cast<ULONG>(a) + static_cast<ULONG>(b)); }

@@ -1,8 +1,23 @@
-#include "xestrapi.h"
+#include "xecolor.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
+
+struct SysColor
+{
+    int index;
+    COLORREF colour;
+};
+
+constexpr SysColor sysColors[] = {
+    {COLOR_MENU, 0xF0F0F0},       {COLOR_WINDOW, 0xFFFFFF},       {COLOR_MENUTEXT, 0x000000},
+    {COLOR_WINDOWTEXT, 0x000000}, {COLOR_HIGHLIGHT, 0xD77800},    {COLOR_HIGHLIGHTTEXT, 0xFFFFFF},
+    {COLOR_BTNFACE, 0xF0F0F0},    {COLOR_BTNSHADOW, 0xA0A0A0},    {COLOR_GRAYTEXT, 0x6D6D6D},
+    {COLOR_BTNTEXT, 0x000000},    {COLOR_BTNHIGHLIGHT, 0xFFFFFF}, {COLOR_INFOTEXT, 0x000000},
+    {COLOR_INFOBK, 0xE1FFFF},
+};
 
 constexpr int range = 240; // the largest hue, luminance and saturation
 constexpr int greyHue = 160;
@@ -105,4 +120,11 @@ COLORREF ColorAdjustLuma_X(COLORREF color, int n, BOOL scale)
     const UINT luminance = scale ? static_cast<WORD>(hls.luminance + n / 1000)
                                  : static_cast<UINT>(static_cast<int>(n / 4.17 + hls.luminance));
     return ColorHLSToRGB_X(hls.hue, static_cast<WORD>(std::min<UINT>(luminance, range)), hls.saturation);
+}
+
+COLORREF GetSysColor_X(int index)
+{
+    const auto found = std::find_if(std::begin(sysColors), std::end(sysColors),
+                                    [index](const SysColor& entry) { return entry.index == index; });
+    return found != std::end(sysColors) ? found->colour : 0;
 }

@@ -1,6 +1,6 @@
-#include "xestrapi.h"
+#include "xerect.h"
 
-#include "sys/rectangle.h"
+#include "geometry/rectangle.h"
 
 #include <QRegion>
 

@@ -1,5 +1,5 @@
-#include "deadline.h"
-#include "handlerecord.h"
+#include "kernel/deadline.h"
+#include "kernel/handlerecord.h"
 
 #include <cerrno>
 

@@ -1,4 +1,4 @@
-#include "handlerecord.h"
+#include "kernel/handlerecord.h"
 
 #include <cerrno>
 

@@ -1,4 +1,4 @@
-#include "deadline.h"
+#include "kernel/deadline.h"
 
 #include <atomic>
 #include <cerrno>

@@ -1,17 +1,13 @@
-#include "xeprocess.h"
+#include "xedirectories.h"
 
-#include "sys/executablepath.h"
-#include "sys/namelist.h"
+#include "kernel/executablepath.h"
+#include "text/namelist.h"
 #include "text/widetext.h"
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QSysInfo>
 
-#include <array>
 #include <cwchar>
-
-#include <unistd.h>
 
 namespace {
 
@@ -19,26 +15,7 @@ constexpr DWORD longestDirectory = 2047;
 
 CString_X beforeLastSlash(const CString_X& path) { return path.Left(path.ReverseFind(L'/')); }
 
-BOOL writeName(const QString& name, wchar_t* buffer, DWORD* size)
-{
-    const std::wstring wide = buffer ? xe::toWide(name) : std::wstring();
-    if (buffer) {
-        std::wmemset(buffer, L'\0', std::wcslen(buffer));
-        wide.copy(buffer, wide.size());
-    }
-    if (size)
-        *size = static_cast<DWORD>(wide.size());
-    return !wide.empty();
-}
-
 } // namespace
-
-QString xe::executablePath()
-{
-    std::array<char, 1024> path;
-    const ssize_t size = readlink("/proc/self/exe", path.data(), path.size());
-    return size > 0 ? QString::fromUtf8(path.data(), static_cast<int>(size)) : QString();
-}
 
 CString_X GetApplicationDirectory() { return beforeLastSlash(xe::executablePath()); }
 
@@ -87,7 +64,3 @@ DWORD GetDllDirectory_X(DWORD capacity, wchar_t* buffer)
 {
     return xe::writeNameList(QCoreApplication::libraryPaths(), buffer, capacity);
 }
-
-BOOL GetComputerName_X(wchar_t* buffer, DWORD* size) { return writeName(QSysInfo::machineHostName(), buffer, size); }
-
-BOOL GetUserName_X(wchar_t* buffer, DWORD* size) { return writeName(QString::fromUtf8(qgetenv("USER")), buffer, size); }

@@ -1,6 +1,8 @@
-#include "xeprocess.h"
+#include "xeformatmessage.h"
+#include "xememory.h"
 
 #include "text/widetext.h"
+#include "xeafxstr.h"
 
 namespace {
 

@@ -1,4 +1,6 @@
-#include "xeprocess.h"
+#include "xememory.h"
+
+#include <QTextCodec>
 
 #include <algorithm>
 #include <cstdlib>
@@ -30,3 +32,18 @@ BOOL GlobalUnlock_X(HGLOBAL) { return TRUE; }
 HLOCAL LocalAlloc_X(UINT flags, std::size_t size) { return GlobalAlloc_X(flags, size); }
 HLOCAL LocalReAlloc_X(HLOCAL block, std::size_t size, UINT flags) { return GlobalReAlloc_X(block, size, flags); }
 HLOCAL LocalFree_X(HLOCAL block) { return GlobalFree_X(block); }
+
+BOOL IsTextUnicode_X(const void* bytes, int length, int* result)
+{
+    const QTextCodec* const utf16 = QTextCodec::codecForName("UTF-16LE");
+    const bool isText = bytes && length > 0 && !utf16->toUnicode(static_cast<const char*>(bytes), length).isEmpty();
+    if (result)
+        *result = isText;
+    return isText;
+}
+
+BOOL IsBadReadPtr_X(const void* address, std::size_t size) { return !address || size == 0; }
+
+BOOL IsBadWritePtr_X(const void* address, std::size_t) { return !address; }
+
+BOOL IsBadStringPtr_X(const wchar_t* text, std::size_t length) { return !text && length != 0; }

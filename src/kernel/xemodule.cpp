@@ -1,6 +1,6 @@
-#include "xeprocess.h"
+#include "xemodule.h"
 
-#include "sys/executablepath.h"
+#include "kernel/executablepath.h"
 #include "text/utf8.h"
 #include "text/widetext.h"
 

@@ -1,15 +1,15 @@
-#include "xeprocess.h"
+#include "xesysinfo.h"
 
+#include "text/widetext.h"
 #include "xeconvert.h"
 
 #include <QDateTime>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QTextCodec>
+#include <QSysInfo>
 
-#include <algorithm>
-#include <iterator>
+#include <cwchar>
 
 #include <ctime>
 #include <sys/vfs.h>
@@ -17,19 +17,17 @@
 
 namespace {
 
-struct SysColor
+BOOL writeName(const QString& name, wchar_t* buffer, DWORD* size)
 {
-    int index;
-    COLORREF colour;
-};
-
-constexpr SysColor sysColors[] = {
-    {COLOR_MENU, 0xF0F0F0},       {COLOR_WINDOW, 0xFFFFFF},       {COLOR_MENUTEXT, 0x000000},
-    {COLOR_WINDOWTEXT, 0x000000}, {COLOR_HIGHLIGHT, 0xD77800},    {COLOR_HIGHLIGHTTEXT, 0xFFFFFF},
-    {COLOR_BTNFACE, 0xF0F0F0},    {COLOR_BTNSHADOW, 0xA0A0A0},    {COLOR_GRAYTEXT, 0x6D6D6D},
-    {COLOR_BTNTEXT, 0x000000},    {COLOR_BTNHIGHLIGHT, 0xFFFFFF}, {COLOR_INFOTEXT, 0x000000},
-    {COLOR_INFOBK, 0xE1FFFF},
-};
+    const std::wstring wide = buffer ? xe::toWide(name) : std::wstring();
+    if (buffer) {
+        std::wmemset(buffer, L'\0', std::wcslen(buffer));
+        wide.copy(buffer, wide.size());
+    }
+    if (size)
+        *size = static_cast<DWORD>(wide.size());
+    return !wide.empty();
+}
 
 QSize screenSize()
 {
@@ -38,6 +36,10 @@ QSize screenSize()
 }
 
 } // namespace
+
+BOOL GetComputerName_X(wchar_t* buffer, DWORD* size) { return writeName(QSysInfo::machineHostName(), buffer, size); }
+
+BOOL GetUserName_X(wchar_t* buffer, DWORD* size) { return writeName(QString::fromUtf8(qgetenv("USER")), buffer, size); }
 
 unsigned long long GetTickCount()
 {
@@ -62,13 +64,6 @@ void GetLocalTime(SYSTEMTIME* time)
     time->wMinute = static_cast<WORD>(clock.minute());
     time->wSecond = static_cast<WORD>(clock.second());
     time->wMilliseconds = static_cast<WORD>(clock.msec());
-}
-
-COLORREF GetSysColor_X(int index)
-{
-    const auto found = std::find_if(std::begin(sysColors), std::end(sysColors),
-                                    [index](const SysColor& entry) { return entry.index == index; });
-    return found != std::end(sysColors) ? found->colour : 0;
 }
 
 int GetSystemMetrics_X(int index)
@@ -147,18 +142,3 @@ BOOL GetFirmwareType_X(FIRMWARE_TYPE* type)
     *type = QFileInfo(QStringLiteral("/sys/firmware/efi")).isDir() ? FirmwareTypeUefi : FirmwareTypeBios;
     return TRUE;
 }
-
-BOOL IsTextUnicode_X(const void* bytes, int length, int* result)
-{
-    const QTextCodec* const utf16 = QTextCodec::codecForName("UTF-16LE");
-    const bool isText = bytes && length > 0 && !utf16->toUnicode(static_cast<const char*>(bytes), length).isEmpty();
-    if (result)
-        *result = isText;
-    return isText;
-}
-
-BOOL IsBadReadPtr_X(const void* address, std::size_t size) { return !address || size == 0; }
-
-BOOL IsBadWritePtr_X(const void* address, std::size_t) { return !address; }
-
-BOOL IsBadStringPtr_X(const wchar_t* text, std::size_t length) { return !text && length != 0; }

@@ -13,6 +13,8 @@
 
 namespace {
 
+using xe::PointerPosition;
+
 struct Parameters
 {
     UINT message;
@@ -67,7 +69,7 @@ Parameters translateKey(const QKeyEvent& event)
     const bool alt = event.modifiers() & Qt::AltModifier;
     return {alt ? (release ? WM_SYSKEYUP : WM_SYSKEYDOWN) : (release ? WM_KEYUP : WM_KEYDOWN),
             static_cast<WPARAM>(static_cast<long>(qt_key_to_ansi_vk(event.key()))), // all ones for a key without a VK
-            keyFlags(event.modifiers()) | (release ? 0x80000001 : 1)};
+            xe::keyFlags(event.modifiers()) | (release ? 0x80000001 : 1)};
 }
 
 Parameters translateWheel(const QWheelEvent& event)
@@ -89,7 +91,7 @@ Parameters translateFrameRelease(const QObject* target, const QMouseEvent& event
     if (event.button() != Qt::LeftButton || !target->isWidgetType())
         return {XE_WM_NONE};
     const QPoint cursor = pointer.get();
-    return {WM_NCLBUTTONUP, static_cast<WPARAM>(frameHitCode(*static_cast<const QWidget*>(target), cursor)),
+    return {WM_NCLBUTTONUP, static_cast<WPARAM>(xe::frameHitCode(*static_cast<const QWidget*>(target), cursor)),
             packed(cursor.x(), cursor.y())};
 }
 
@@ -145,6 +147,8 @@ Parameters parametersOf(const QObject* target, const QEvent* event, PointerPosit
 
 } // namespace
 
+namespace xe {
+
 LPARAM keyFlags(Qt::KeyboardModifiers modifiers) { return static_cast<LPARAM>(qt_kb_flag_2_flag(modifiers)) << 16; }
 
 int frameHitCode(const QWidget& widget, QPoint cursor)
@@ -178,6 +182,8 @@ void stampMessage(tagMSG& message, PointerPosition& pointer)
     message.pt = {position.x(), position.y()};
 }
 
+} // namespace xe
+
 int qt_kb_flag_2_flag(unsigned modifiers)
 {
     return (modifiers & Qt::ShiftModifier ? MK_SHIFT : 0) | (modifiers & Qt::ControlModifier ? MK_CONTROL : 0)
@@ -196,10 +202,10 @@ int mfc_flag_2_qt_mouse_flag(unsigned) { return 0; }
 
 int xeQEventToMsg(QObject* target, QEvent* event, tagMSG* out)
 {
-    if (!target || !event || !out || !hasMessage(event->type()))
+    if (!target || !event || !out || !xe::hasMessage(event->type()))
         return 0;
     PointerPosition pointer;
-    *out = translateEvent(target, event, pointer);
-    stampMessage(*out, pointer);
+    *out = xe::translateEvent(target, event, pointer);
+    xe::stampMessage(*out, pointer);
     return 1;
 }

@@ -9,6 +9,8 @@
 
 class QWidget;
 
+namespace xe {
+
 /// Where the pointer is, asked for once at most: on an X server each question is a round trip.
 class PointerPosition
 {
@@ -65,3 +67,5 @@ void stampMessage(tagMSG& message, PointerPosition& pointer);
 
 /// The hit code of a press on a window's frame, with the pointer at `cursor` on the screen.
 int frameHitCode(const QWidget& widget, QPoint cursor);
+
+} // namespace xe

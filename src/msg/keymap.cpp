@@ -185,7 +185,7 @@ int ansi_vk_to_qt_key(int vk)
     return found == keyMap.end() ? -1 : found->first;
 }
 
-const std::vector<unsigned long>* keysymsOf(int vk)
+const std::vector<unsigned long>* xe::keysymsOf(int vk)
 {
     const auto found = g_keyMap.find(vk);
     return found == g_keyMap.end() ? nullptr : &found->second;

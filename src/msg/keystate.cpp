@@ -45,7 +45,7 @@ int GetMouseStateByX11(int button)
 
 int GetKeyStateByX11(int vk)
 {
-    const std::vector<unsigned long>* const keysyms = keysymsOf(vk);
+    const std::vector<unsigned long>* const keysyms = xe::keysymsOf(vk);
     const DisplayPointer display = keysyms ? openDisplay() : nullptr;
     if (!display)
         return 0;

@@ -21,7 +21,7 @@ std::unique_ptr<QEvent> keyEvent(QEvent::Type type, int key, const QString& text
 
 } // namespace
 
-std::unique_ptr<QEvent> qtEventForMessage(const QWidget* target, UINT message, WPARAM wParam, LPARAM lParam)
+std::unique_ptr<QEvent> xe::qtEventForMessage(const QWidget* target, UINT message, WPARAM wParam, LPARAM lParam)
 {
     // Unsigned on purpose: negative coordinates do not survive.
     const QPoint position(static_cast<int>(lParam & 0xFFFF), static_cast<int>((lParam >> 16) & 0xFFFF));
@@ -65,6 +65,6 @@ std::unique_ptr<QEvent> qtEventForMessage(const QWidget* target, UINT message, W
 
 QEvent* xeMsgToQEvent(const QWidget* target, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    std::unique_ptr<QEvent> event = qtEventForMessage(target, message, wParam, lParam);
+    std::unique_ptr<QEvent> event = xe::qtEventForMessage(target, message, wParam, lParam);
     return event ? event.release() : new XeWinMsgEvent(message, wParam, lParam);
 }

@@ -2,7 +2,7 @@
 
 #include "core/connections.h"
 #include "msg/eventtranslation.h"
-#include "xeprocess.h"
+#include "xehost.h"
 
 #include <QAbstractEventDispatcher>
 #include <QAction>
@@ -145,7 +145,7 @@ void QGlobalEventHandler::RemoveWinMsgFn(WinMsgFn function) { remove(m_messageFu
 bool QGlobalEventHandler::eventFilter(QObject* object, QEvent* event)
 {
     if (!object || !event || isWithoutInterest(event->type()) || !isHostClass(*object) || IsEmptyHookChain()
-        || !hasMessage(event->type()))
+        || !xe::hasMessage(event->type()))
         return false;
 
     const QPointer<QObject> living(object);
@@ -163,14 +163,14 @@ bool QGlobalEventHandler::eventFilter(QObject* object, QEvent* event)
 
 bool QGlobalEventHandler::offerToChains(const QPointer<QObject>& object, QEvent* event)
 {
-    PointerPosition pointer;
-    tagMSG message = translateEvent(object, event, pointer);
+    xe::PointerPosition pointer;
+    tagMSG message = xe::translateEvent(object, event, pointer);
     const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
     if (isKey && !IsRepeatFilterKeyEvent(static_cast<QKeyEvent*>(event)) && callHooks(message))
         return true;
     if (!object || isEmpty(m_messageFunctions))
         return false;
-    stampMessage(message, pointer);
+    xe::stampMessage(message, pointer);
     return callMessageFunctions(object, message);
 }
 
@@ -225,7 +225,7 @@ void ConnectIdleSlot(QObject* object)
         return;
     // Qt::UniqueConnection would search all windows of the process.
     const IdleConnection idle(*object);
-    if (idle.isPossible() && !isConnected(idle.dispatcher, idle.signal, object, idle.slot))
+    if (idle.isPossible() && !xe::isConnected(idle.dispatcher, idle.signal, object, idle.slot))
         QObject::connect(idle.dispatcher, idle.signal, object, idle.slot);
 }
 

@@ -1,11 +1,8 @@
-#include "xeprocess.h"
-
-#include "sys/hostcursor.h"
+#include "xehost.h"
 
 #include <QApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QVariant>
 #include <QWidget>
 
 QWidget* TavoGetMainFrame()
@@ -25,16 +22,4 @@ QWidget* TavoGetViewWindow()
     const QWidget* const frame = TavoGetMainFrame();
     const auto* const area = frame ? frame->findChild<QMdiArea*>() : nullptr;
     return area ? area->activeSubWindow() : nullptr;
-}
-
-xe::SetHostCursor xe::hostCursorFunction()
-{
-    const QWidget* const frame = TavoGetMainFrame();
-    return frame ? reinterpret_cast<SetHostCursor>(frame->property("TavoSetCursor").toLongLong()) : nullptr;
-}
-
-void TavoSetCurosr(QWidget* window, int cursor)
-{
-    if (const xe::SetHostCursor setCursor = xe::hostCursorFunction())
-        setCursor(window, cursor);
 }

@@ -1,4 +1,4 @@
-#include "win/callingmodule.h"
+#include "res/callingmodule.h"
 
 #include "xeresource.h"
 

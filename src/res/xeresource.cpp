@@ -1,7 +1,7 @@
 #include "xeresource.h"
 
+#include "res/callingmodule.h"
 #include "text/widetext.h"
-#include "win/callingmodule.h"
 #include "xeafxstr.h"
 
 #include <QBitmap>
@@ -100,6 +100,15 @@ QString GetResourceStringById(unsigned int id)
 {
     const QString name = GetResourceIDMap().value(id);
     return name.isEmpty() ? QString() : GetStringResourceTable().value(name);
+}
+
+BOOL CString_X::LoadString(unsigned int id)
+{
+    const QString text = GetResourceStringById(id);
+    if (text.isEmpty())
+        return FALSE;
+    *this = text;
+    return TRUE;
 }
 
 int LoadString_X(void*, unsigned int id, wchar_t* buffer, int capacity)

@@ -1,7 +1,7 @@
 #include "xewinreg.h"
 
-#include "sys/inifile.h"
-#include "sys/xeregistry.h"
+#include "settings/inifile.h"
+#include "settings/registrystore.h"
 #include "text/widetext.h"
 #include "xeafxstr.h"
 #include "xeconvert.h"

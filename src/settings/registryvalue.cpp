@@ -1,6 +1,6 @@
 #include "xewinreg.h"
 
-#include "sys/xeregistry.h"
+#include "settings/registrystore.h"
 #include "text/widetext.h"
 #include "xeafxstr.h"
 #include "xeconvert.h"

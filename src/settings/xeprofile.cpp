@@ -1,7 +1,7 @@
 #include "xeprofile.h"
 
-#include "sys/inifile.h"
-#include "sys/namelist.h"
+#include "settings/inifile.h"
+#include "text/namelist.h"
 #include "text/widetext.h"
 #include "xeafxstr.h"
 

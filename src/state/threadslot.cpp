@@ -1,6 +1,6 @@
 #include "xeafxstat.h"
 #include "xeexcept.h"
-#include "xeprocess.h"
+#include "xememory.h"
 
 #include <algorithm>
 #include <limits>

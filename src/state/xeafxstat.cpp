@@ -1,9 +1,9 @@
 #include "xeafxstat.h"
 
-#include "xeafxcoll.h"
 #include "xeafxhandle.h"
+#include "xeafxlist.h"
 #include "xeexcept.h"
-#include "xeprocess.h"
+#include "xememory.h"
 
 // ------------------------------------------------------------------------------------------------------------ objects
 

@@ -1,6 +1,6 @@
-#include "xestrapi.h"
+#include "xestr.h"
 
-#include "sys/ascii.h"
+#include "text/ascii.h"
 
 #include <QString>
 

@@ -3,7 +3,6 @@
 #include "text/formatter.h"
 #include "text/utf8.h"
 #include "text/widetext.h"
-#include "xeresource.h"
 
 #include <QDebug>
 
@@ -305,16 +304,7 @@ CString_X CString_X::ToUnixReturn() const { return replaced(*this, L"\r\n", L"\n
 CString_X CString_X::ToWinSeperator() const { return replaced(*this, L'/', L'\\'); }
 CString_X CString_X::ToUnixSeperator() const { return replaced(*this, L'\\', L'/'); }
 
-// -------------------------------------------------------------------------------------------- resources and formatting
-
-BOOL CString_X::LoadString(unsigned int id)
-{
-    const QString text = GetResourceStringById(id);
-    if (text.isEmpty())
-        return FALSE;
-    *this = text;
-    return TRUE;
-}
+// -------------------------------------------------------------------------------------------- formatting
 
 void CString_X::FormatV(const wchar_t* format, std::va_list arguments)
 {

@@ -1,4 +1,4 @@
-#include "xestrapi.h"
+#include "xebstr.h"
 
 #include "xeconvert.h"
 

@@ -1,6 +1,7 @@
-#include "xestrapi.h"
+#include "xechar.h"
+#include "xestr.h"
 
-#include "sys/ascii.h"
+#include "text/ascii.h"
 
 #include <QChar>
 

@@ -1,7 +1,6 @@
-#include "xewinuser.h"
+#include "win/controltext.h"
 
 #include "text/widetext.h"
-#include "win/controltext.h"
 #include "xeafxwin.h"
 #include "xeconvert.h"
 #include "xeresource.h"

@@ -1,6 +1,6 @@
 #include "xewinuser.h"
 
-#include "sys/hostcursor.h"
+#include "msg/hostcursor.h"
 
 #include <QApplication>
 #include <QCursor>

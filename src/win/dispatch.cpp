@@ -1,8 +1,8 @@
 #include "core/overrides.h"
-#include "msg/dispatchframe.h"
 #include "msg/eventtranslation.h"
-#include "msg/signatures.h"
-#include "xeafxdlg.h"
+#include "win/dispatchframe.h"
+#include "win/signatures.h"
+#include "xeafxwin.h"
 #include "xehook.h"
 
 #include <QPointer>
@@ -15,9 +15,9 @@ bool looksAtMessages(const CWnd_X& window)
 {
     static const void* const base = [] {
         const CWnd_X plain;
-        return virtualTarget(&plain, &CWnd_X::PreTranslateMessage);
+        return xe::virtualTarget(&plain, &CWnd_X::PreTranslateMessage);
     }();
-    return !base || virtualTarget(&window, &CWnd_X::PreTranslateMessage) != base;
+    return !base || xe::virtualTarget(&window, &CWnd_X::PreTranslateMessage) != base;
 }
 
 } // namespace
@@ -49,15 +49,15 @@ bool CWnd_X::eventFilter(QObject* target, QEvent* event)
 {
     if (!event)
         return false;
-    return target && hasMessage(event->type()) ? filterMessage(target, event) : filterWithoutMessage(target, event);
+    return target && xe::hasMessage(event->type()) ? filterMessage(target, event) : filterWithoutMessage(target, event);
 }
 
 bool CWnd_X::filterWithoutMessage(QObject* target, QEvent* event)
 {
     if (event->type() == XeMsgBoxEvent::EventType) {
-        const XeDispatchFrame frame(*this, event);
+        const xe::DispatchFrame frame(*this, event);
         const auto* box = static_cast<const XeMsgBoxEvent*>(event);
-        MessageBox_X(qobject_cast<QWidget*>(target), box->text.c_str(), box->caption.c_str(), 0);
+        MessageBox(box->text, box->caption, 0);
         event->setAccepted(true);
         return true;
     }
@@ -68,13 +68,13 @@ bool CWnd_X::filterWithoutMessage(QObject* target, QEvent* event)
 
 bool CWnd_X::filterMessage(QObject* target, QEvent* event)
 {
-    const XeDispatchFrame frame(*this, event);
+    const xe::DispatchFrame frame(*this, event);
     const QPointer<QObject> living(target);
 
-    PointerPosition pointer;
-    tagMSG message = translateEvent(target, event, pointer);
+    xe::PointerPosition pointer;
+    tagMSG message = xe::translateEvent(target, event, pointer);
     if (looksAtMessages(*this))
-        stampMessage(message, pointer);
+        xe::stampMessage(message, pointer);
 
     const bool acceptedBefore = event->isAccepted();
     event->setAccepted(true);
@@ -101,7 +101,7 @@ bool CWnd_X::filterMessage(QObject* target, QEvent* event)
 
 int CWnd_X::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
 {
-    const XeDispatchFrame frame(*this);
+    const xe::DispatchFrame frame(*this);
     LRESULT value = 0;
     const bool claimed = (message == WM_SETCURSOR && offerCursorToAncestors(frame, wParam, lParam, value))
                          || (frame.isAlive() && callEntry(frame, message, wParam, lParam, value));
@@ -110,16 +110,16 @@ int CWnd_X::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result
     return claimed;
 }
 
-bool CWnd_X::callEntry(const XeDispatchFrame& frame, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
+bool CWnd_X::callEntry(const xe::DispatchFrame& frame, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
 {
     const auto found = m_messageMap.find(message);
     if (found == m_messageMap.end())
         return false;
     const AFX_MSGMAP_ENTRY_X entry = found->second; // the handler may replace it
-    return callHandlers(*this, frame, entry, wParam, lParam, result);
+    return xe::callHandlers(*this, frame, entry, wParam, lParam, result);
 }
 
-bool CWnd_X::offerCursorToAncestors(const XeDispatchFrame& frame, WPARAM wParam, LPARAM lParam, LRESULT& result)
+bool CWnd_X::offerCursorToAncestors(const xe::DispatchFrame& frame, WPARAM wParam, LPARAM lParam, LRESULT& result)
 {
     QWidget* const widget = GetSafeHwnd();
     if (!widget || wParam != reinterpret_cast<WPARAM>(widget))

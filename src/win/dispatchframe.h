@@ -2,15 +2,17 @@
 
 #include "xeafxwin.h"
 
+namespace xe {
+
 /// An event or message in progress on a wrapper. It lives on the stack; frames of one wrapper nest.
 ///
 /// A handler may delete its wrapper. The wrapper's destructor then tells every frame, so whoever dispatched can ask
 /// isAlive() before touching the wrapper again.
-class XeDispatchFrame
+class DispatchFrame
 {
 public:
     /// An event from Qt, which the end of the frame takes off the wrapper's list of pending events.
-    XeDispatchFrame(CWnd_X& window, QEvent* event)
+    DispatchFrame(CWnd_X& window, QEvent* event)
         : m_window(&window),
           m_event(event),
           m_outer(window.m_dispatch),
@@ -20,7 +22,7 @@ public:
     }
 
     /// A message within whatever event is in progress.
-    explicit XeDispatchFrame(CWnd_X& window)
+    explicit DispatchFrame(CWnd_X& window)
         : m_window(&window),
           m_event(window.m_dispatch ? window.m_dispatch->m_event : nullptr),
           m_outer(window.m_dispatch),
@@ -29,7 +31,7 @@ public:
         window.m_dispatch = this;
     }
 
-    ~XeDispatchFrame()
+    ~DispatchFrame()
     {
         if (!m_window)
             return;
@@ -38,21 +40,23 @@ public:
             m_window->forgetPending(m_event);
     }
 
-    Q_DISABLE_COPY_MOVE(XeDispatchFrame)
+    Q_DISABLE_COPY_MOVE(DispatchFrame)
 
     bool isAlive() const { return m_window; }
     QEvent* event() const { return m_event; }
 
     /// The wrapper is going: no frame from `innermost` outward may touch it any more.
-    static void abandon(XeDispatchFrame* innermost)
+    static void abandon(DispatchFrame* innermost)
     {
-        for (XeDispatchFrame* frame = innermost; frame; frame = frame->m_outer)
+        for (DispatchFrame* frame = innermost; frame; frame = frame->m_outer)
             frame->m_window = nullptr;
     }
 
 private:
     CWnd_X* m_window;
     QEvent* m_event;
-    XeDispatchFrame* m_outer;
+    DispatchFrame* m_outer;
     bool m_ownsEvent;
 };
+
+} // namespace xe

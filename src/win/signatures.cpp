@@ -1,6 +1,6 @@
-#include "msg/signatures.h"
+#include "win/signatures.h"
 
-#include "msg/dispatchframe.h"
+#include "win/dispatchframe.h"
 
 #include <QPointer>
 
@@ -11,6 +11,8 @@
 // the registers that the arguments travel in, not to the letter: one code serves UINT, int and BOOL, or any pointer.
 
 namespace {
+
+using xe::DispatchFrame;
 
 // ---- What an argument is made of. `second` differs where the second handler takes a CWnd_X* for a QWidget*.
 
@@ -110,7 +112,7 @@ using One = Gives<1>;
 
 // ---- The call.
 
-using Caller = bool (*)(CWnd_X&, const XeDispatchFrame&, const AFX_MSGMAP_ENTRY_X&, WPARAM, LPARAM, LRESULT&);
+using Caller = bool (*)(CWnd_X&, const DispatchFrame&, const AFX_MSGMAP_ENTRY_X&, WPARAM, LPARAM, LRESULT&);
 
 // A handler may belong to another base of the window's class than CWnd_X, and its entry carries the way to it: the
 // sanitizer's idea of the object's type does not hold here.
@@ -137,7 +139,7 @@ LRESULT initialResult()
 
 // One handler; a second one in the entry is not called.
 template <class Result, class... Args>
-bool single(CWnd_X& window, const XeDispatchFrame&, const AFX_MSGMAP_ENTRY_X& entry, [[maybe_unused]] WPARAM p,
+bool single(CWnd_X& window, const DispatchFrame&, const AFX_MSGMAP_ENTRY_X& entry, [[maybe_unused]] WPARAM p,
             [[maybe_unused]] LPARAM l, LRESULT& result)
 {
     LRESULT value = initialResult<Result>();
@@ -159,7 +161,7 @@ QWidget* windowOf([[maybe_unused]] WPARAM p, [[maybe_unused]] LPARAM l)
 
 // Two handlers, the second with CWnd_X* for windows. What the last one called says counts.
 template <class Result, class... Args>
-bool both(CWnd_X& window, const XeDispatchFrame& frame, const AFX_MSGMAP_ENTRY_X& entry, WPARAM p, LPARAM l,
+bool both(CWnd_X& window, const DispatchFrame& frame, const AFX_MSGMAP_ENTRY_X& entry, WPARAM p, LPARAM l,
           LRESULT& result)
 {
     QWidget* named = nullptr;
@@ -271,8 +273,8 @@ constexpr std::array<Caller, codeCount> callers = callersByCode();
 
 } // namespace
 
-bool callHandlers(CWnd_X& window, const XeDispatchFrame& frame, const AFX_MSGMAP_ENTRY_X& entry, WPARAM wParam,
-                  LPARAM lParam, LRESULT& result)
+bool xe::callHandlers(CWnd_X& window, const DispatchFrame& frame, const AFX_MSGMAP_ENTRY_X& entry, WPARAM wParam,
+                      LPARAM lParam, LRESULT& result)
 {
     const Caller call = entry.signature < codeCount ? callers[entry.signature] : nullptr;
     if (call)

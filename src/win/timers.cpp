@@ -1,6 +1,6 @@
 #include "xeafxmsg.h"
 #include "xehook.h"
-#include "xeprocess.h"
+#include "xehost.h"
 #include "xewinuser.h"
 
 #include <QCoreApplication>

@@ -1,10 +1,9 @@
+#include "geometry/rectangle.h"
 #include "win/centering.h"
 #include "win/controltext.h"
-#include "win/winrect.h"
-#include "xeafxdlg.h"
 #include "xeafxwin.h"
-#include "xeprocess.h"
 #include "xeresource.h"
+#include "xesysinfo.h"
 
 #include <QAbstractButton>
 
@@ -225,11 +224,6 @@ void CWnd_X::CheckDlgButton(QAbstractButton* button, UINT value)
 }
 
 UINT CWnd_X::IsDlgButtonChecked(QAbstractButton* button) const { return button && button->isChecked(); }
-
-int CWnd_X::MessageBox(const wchar_t* text, const wchar_t* caption, UINT style)
-{
-    return GetSafeHwnd() ? MessageBox_X(GetSafeHwnd(), text, caption, style) : 0;
-}
 
 UINT_PTR CWnd_X::SetTimer(UINT_PTR id, UINT milliseconds, TIMERPROC proc)
 {

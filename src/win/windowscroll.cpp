@@ -1,5 +1,5 @@
 #include "xeafxwin.h"
-#include "xeprocess.h"
+#include "xesysinfo.h"
 
 namespace {
 

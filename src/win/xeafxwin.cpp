@@ -1,13 +1,10 @@
 #include "xeafxwin.h"
 
-#include "msg/dispatchframe.h"
-#include "xeafxdlg.h"
-#include "xeafxmenu.h"
-#include "xeprocess.h"
+#include "win/dispatchframe.h"
+#include "xehost.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QMenu>
 #include <QMenuBar>
 
 IMPLEMENT_DYNCREATE_X(CWnd_X, CCmdTarget_X)
@@ -16,7 +13,7 @@ CWnd_X::CWnd_X() = default;
 
 CWnd_X::~CWnd_X()
 {
-    XeDispatchFrame::abandon(m_dispatch);
+    xe::DispatchFrame::abandon(m_dispatch);
     deleteBars();
 }
 
@@ -61,16 +58,18 @@ int CWnd_X::SubclassDlgItem(const char* name, CWnd_X* parent)
     return parent ? SubclassWindow(parent->GetChildWidget(name)) : 0;
 }
 
-bool CWnd_X::OnAttach()
+bool CWnd_X::OnAttach() { return CreateContents() && ConnectContents(); }
+
+bool CWnd_X::CreateContents()
 {
     m_pendingEvents.clear(); // whatever was queued was for another widget
     tagCREATESTRUCTW createStruct{};
     createStruct.style = static_cast<LONG>(m_style);
-    if (OnCreate(&createStruct))
-        return false;
-    auto* const dialog = qobject_cast<CDialog_X*>(this);
-    if (dialog && !dialog->OnInitDialog())
-        return false;
+    return !OnCreate(&createStruct);
+}
+
+bool CWnd_X::ConnectContents()
+{
     QWidget* const widget = GetSafeHwnd();
     if (!widget)
         return false;
@@ -163,27 +162,3 @@ void CWnd_X::SetupUI() {}
 void CWnd_X::PostNcDestroy() {}
 void CWnd_X::PreSubclassWindow() {}
 void CWnd_X::DoDataExchange(CDataExchange_X*) {}
-
-int CWnd_X::SetMenu(CMenu_X* menu)
-{
-    if (!m_menuBar)
-        return 0;
-    if (!menu) {
-        m_menuBar->clear();
-        m_menuBar->hide();
-        return 1;
-    }
-    return CWnd_X::SetMenu(QList<CMenu_X*>{menu}); // an override of the other form may call this one
-}
-
-int CWnd_X::SetMenu(QList<CMenu_X*> menus)
-{
-    if (!m_menuBar)
-        return 0;
-    for (const CMenu_X* menu : qAsConst(menus)) {
-        if (QMenu* const imp = menu ? menu->Imp<QMenu>() : nullptr)
-            m_menuBar->addMenu(imp);
-    }
-    m_menuBar->show();
-    return 1;
-}

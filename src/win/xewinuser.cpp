@@ -1,8 +1,8 @@
 #include "xewinuser.h"
 
+#include "core/objectlinks.h"
+#include "geometry/rectangle.h"
 #include "text/widetext.h"
-#include "win/logicalparent.h"
-#include "win/winrect.h"
 #include "xeafxwin.h"
 
 #include <QApplication>
@@ -220,11 +220,22 @@ BOOL SetWindowPos_X(HWND window, HWND after, int x, int y, int width, int height
 
 // -------------------------------------------------------------------------------------------------------- relationship
 
+namespace {
+
+// Null if there is none, and when it is no longer a living widget: nothing keeps a parent alive that is not the Qt parent.
+QWidget* logicalParent(const QWidget& window)
+{
+    auto* const parent = static_cast<QWidget*>(xe::linkedParent(window));
+    return !parent || parent == window.parentWidget() || QApplication::allWidgets().contains(parent) ? parent : nullptr;
+}
+
+} // namespace
+
 HWND GetParent_X(HWND window)
 {
     if (!window)
         return nullptr;
-    QWidget* const logical = xe::logicalParent(*window);
+    QWidget* const logical = logicalParent(*window);
     return logical ? logical : window->parentWidget();
 }
 
@@ -233,7 +244,7 @@ HWND SetParent_X(HWND window, HWND parent)
     if (!window)
         return nullptr;
     QWidget* const before = GetParent_X(window);
-    xe::setLogicalParent(*window, parent);
+    xe::setLinkedParent(*window, parent);
     window->setParent(parent);
     return before;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sys/handlerecord.h"
+#include "kernel/handlerecord.h"
 
 #include <xesynchapi.h>
 

@@ -1,6 +1,6 @@
 #include "synchsupport.h"
 
-#include "sys/deadline.h"
+#include "kernel/deadline.h"
 
 // What all handles have in common: limits of waits, and calls with the wrong handle.
 

@@ -1,7 +1,7 @@
 // Windows on a real screen, with a window manager's frames around them.
 
 #include "leavenothing.h"
-#include "tests/x11/realwindow.h"
+#include "tests/win/realinput/realwindow.h"
 
 #include <XeMFCEmu.h>
 

@@ -1,0 +1,31 @@
+/// @file xemodule.h
+/// Loading shared libraries and looking into them.
+///
+/// A file name goes to the caller's buffer as 32-bit elements, cut to the capacity. Bytes from the system that are no
+/// valid UTF-8 come as U+FFFD.
+#pragma once
+
+#include "xedef.h"
+
+using HMODULE = void*;
+using FARPROC = void*; ///< the address of a function or an object; the caller casts it
+
+/// Loads a shared library by the C library's search alone: no suffix is added and SetDllDirectory_X plays no part. Its
+/// symbols serve the libraries that are loaded later. Null on failure and for a null or empty path. FreeLibrary_X lets
+/// go of the library.
+XE_EXPORT HMODULE LoadLibrary_X(const wchar_t* path);
+
+/// Lets go of a module. Returns 1 for any module, also for null.
+XE_EXPORT BOOL FreeLibrary_X(HMODULE module);
+
+/// Loads a module, lets go of it and returns its handle. Nothing holds the module, so the handle of one that nobody
+/// else has loaded is *no longer valid*: it tells that the library is there and no more. A null path gives null, not
+/// the process.
+XE_EXPORT HMODULE GetModuleHandle_X(const wchar_t* path);
+
+/// The address of a symbol, or null. A null module stands for everything that the process has loaded for all to see.
+XE_EXPORT FARPROC GetProcAddress_X(HMODULE module, const char* name);
+
+/// Clears the buffer and writes the file name of a module, of the executable for null, cut to the capacity and without
+/// a terminator when it fills the buffer. Returns 1, not the length; 0 when the name is not known.
+XE_EXPORT DWORD GetModuleFileName_X(HMODULE module, wchar_t* buffer, DWORD capacity);

@@ -1,0 +1,30 @@
+// The menu bar of a window, once it has a menu.
+
+#include "xeafxmenu.h"
+#include "xeafxwin.h"
+
+#include <QMenuBar>
+
+int CWnd_X::SetMenu(CMenu_X* menu)
+{
+    if (!m_menuBar)
+        return 0;
+    if (!menu) {
+        m_menuBar->clear();
+        m_menuBar->hide();
+        return 1;
+    }
+    return CWnd_X::SetMenu(QList<CMenu_X*>{menu}); // an override of the other form may call this one
+}
+
+int CWnd_X::SetMenu(QList<CMenu_X*> menus)
+{
+    if (!m_menuBar)
+        return 0;
+    for (const CMenu_X* menu : qAsConst(menus)) {
+        if (QMenu* const imp = menu ? menu->Imp<QMenu>() : nullptr)
+            m_menuBar->addMenu(imp);
+    }
+    m_menuBar->show();
+    return 1;
+}
