@@ -1,9 +1,10 @@
 /// @file xestr.h
 /// Copying, searching, comparing and reading wide texts.
 ///
-/// Wide texts are terminated texts of 32-bit elements, counts are elements. A null pointer gives null or 0 and changes
-/// nothing, unless a function says otherwise. Who hands a buffer in promises its size. "ASCII folding" equals "A" to
-/// "Z" with "a" to "z" and knows no other letter; folding "by the C locale" is that of `towlower`.
+/// Wide texts are terminated texts of 32-bit elements; counts, lengths and offsets count elements. A null pointer gives
+/// null or 0 and changes nothing, unless a function says otherwise. The caller promises that a buffer has room for what
+/// is written, the terminator included. "ASCII folding" takes "A" to "Z" for "a" to "z" and knows no other letter;
+/// folding "by the C locale" is that of `towlower`.
 #pragma once
 
 #include "xedef.h"
@@ -28,7 +29,7 @@ XE_EXPORT wchar_t* lstrcat_X(wchar_t* dest, const wchar_t* text);
 /// `dest`.
 XE_EXPORT wchar_t* StrCatBuff_X(wchar_t* dest, const wchar_t* text, int capacity);
 
-/// Appends at most `count` - 1 elements. Returns `dest`.
+/// Appends at most `count` - 1 elements and terminates. Returns `dest`.
 XE_EXPORT wchar_t* StrNCat_X(wchar_t* dest, const wchar_t* text, int count);
 
 /// Writes the text at `offset` of a buffer of `capacity` elements, as far as it fits, and terminates. The offset
@@ -53,9 +54,9 @@ XE_EXPORT wchar_t* StrChrI_X(const wchar_t* text, wchar_t character);
 XE_EXPORT wchar_t* StrChrN_X(const wchar_t* text, wchar_t character, UINT count);
 XE_EXPORT wchar_t* StrChrNI_X(const wchar_t* text, wchar_t character, UINT count);
 
-/// The last place before `end` (before the terminator if `end` is null) that does not hold the character in its low 16
-/// bits; null if there is none. That is the reverse of the published function: it asks ChrCmpI_X, whose sense is
-/// reversed, and callers rely on the pair.
+/// The last place before `end` (before the terminator if `end` is null) that does *not* hold the character in its low
+/// 16 bits; null if there is none. The published function finds the last place that does: this one reads the answer of
+/// ChrCmpI_X in its published sense, 0 for a match, while ChrCmpI_X gives 1 for one.
 XE_EXPORT wchar_t* StrRChrI_X(const wchar_t* text, const wchar_t* end, wchar_t character);
 
 /// The length of the leading run without an element of `set`, by ASCII folding.
@@ -99,9 +100,9 @@ XE_EXPORT int StrCmpIC_X(const wchar_t* left, const wchar_t* right);
 XE_EXPORT BOOL StrIsIntlEqual_X(BOOL caseSensitive, const wchar_t* left, const wchar_t* right, int count);
 
 /// Walks both texts at once until it can tell -1 or 1: one text ends before the other, a digit meets another character
-/// (the digit is smaller), or numbers of different value meet, as StrToIntEx_X reads them. Unlike the published
-/// function two equal characters that are no digits end the walk with 1 and different ones let it go on, since it asks
-/// ChrCmpI_X; callers rely on it. 0 if both texts end together.
+/// (the digit is smaller), or numbers of different value meet, as StrToIntEx_X reads them. Unlike in the published
+/// function two equal characters that are no digits end the walk with 1 and different ones let it go on, since a 1 from
+/// ChrCmpI_X, which stands for a match, is taken for a difference. 0 if both texts end together.
 XE_EXPORT int StrCmpLogical_X(const wchar_t* left, const wchar_t* right);
 
 inline constexpr int CSTR_LESS_THAN = 1;
@@ -109,7 +110,8 @@ inline constexpr int CSTR_EQUAL = 2;
 inline constexpr int CSTR_GREATER_THAN = 3;
 
 /// Compares as QString does; a negative length stands for a terminated text. CSTR_GREATER_THAN if `left` comes after
-/// `right`, otherwise CSTR_EQUAL: unlike the published function it never gives CSTR_LESS_THAN, and callers rely on it.
+/// `right`, otherwise CSTR_EQUAL: unlike the published function it never gives CSTR_LESS_THAN, so CSTR_EQUAL does not
+/// tell that the texts are equal. 0 for null.
 XE_EXPORT int CompareStringOrdinal_X(const wchar_t* left, int leftLength, const wchar_t* right, int rightLength,
                                      BOOL ignoreCase);
 
@@ -131,14 +133,14 @@ XE_EXPORT BOOL StrToIntEx_X(const wchar_t* text, DWORD flags, int* number);
 XE_EXPORT BOOL StrToInt64Ex_X(const wchar_t* text, DWORD flags, long long* number);
 
 /// `number` * `numerator` / `denominator` with a product of 64 bits, truncated towards 0, where the published function
-/// rounds; callers rely on it. -1 for a result above 0x7FFFFFFF and for a denominator of 0. A result below -0x80000000
-/// keeps its low 32 bits.
+/// rounds. -1 for a result above 0x7FFFFFFF and for a denominator of 0. A result below -0x80000000 keeps its low 32
+/// bits.
 XE_EXPORT int MulDiv_X(int number, int numerator, int denominator);
 
 // --------------------------------------------------------------------------------------------------- single characters
 
 /// 1 if the low 16 bits of both are equal, otherwise 0. Unlike the published function it tells upper case from lower
-/// case and gives 1, not 0, for a match; StrRChrI_X and StrCmpLogical_X build on it.
+/// case and gives 1, not 0, for a match.
 XE_EXPORT BOOL ChrCmpI_X(wchar_t left, wchar_t right);
 
 /// 1 for white space of the C locale, otherwise 0.
