@@ -1,5 +1,7 @@
 /// @file xecolor.h
 /// Colours of the system, and conversions of colours.
+///
+/// A colour is 0x00BBGGRR: red in the lowest byte. The highest byte is not looked at and is 0 in results.
 #pragma once
 
 #include "xedef.h"
@@ -30,14 +32,14 @@ XE_EXPORT COLORREF GetSysColor_X(int index);
 
 // ------------------------------------------------------------------------------------------ hue, luminance, saturation
 
-/// The hue, luminance and saturation of a colour, each from 0 to 240. A grey has hue 160 and saturation 0. A null
-/// result is left out.
+/// Writes the hue, luminance and saturation of a colour, each from 0 to 240. A grey has hue 160 and saturation 0. Null
+/// outputs are left out.
 XE_EXPORT void ColorRGBToHLS_X(COLORREF color, WORD* hue, WORD* luminance, WORD* saturation);
 
 /// The colour of a hue, luminance and saturation from 0 to 240. Beyond that the hue is taken around the circle, and
 /// each channel keeps its low 8 bits.
 XE_EXPORT COLORREF ColorHLSToRGB_X(WORD hue, WORD luminance, WORD saturation);
 
-/// The colour with its luminance raised by `n` / 1000 of the 240 steps if `scale`, by `n` / 4.17 steps if not. A
-/// luminance above 240 becomes 240; so does one below 0, since a luminance has 16 bits without a sign.
+/// The colour with its luminance raised by `n` / 1000 of its 240 steps if `scale`, by `n` / 4.17 steps if not. A
+/// luminance above 240 becomes 240; so does one below 0, since it is held without a sign.
 XE_EXPORT COLORREF ColorAdjustLuma_X(COLORREF color, int n, BOOL scale);
