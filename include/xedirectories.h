@@ -1,9 +1,9 @@
 /// @file xedirectories.h
-/// Folders of the program and of the process.
+/// Folders of the program, of the process and of the system.
 ///
-/// Texts go to the caller's buffers as 32-bit elements, and capacities count elements. Many functions write *without a
-/// terminator*, unlike the published ones: callers clear their buffer first. A null buffer or a capacity of 0 gives 0.
-/// Bytes from the system that are no valid UTF-8 come as U+FFFD.
+/// Texts go to the caller's buffers as 32-bit elements; capacities and results count elements. Where a function writes
+/// *without a terminator*, unlike the published one, clear the buffer before the call. A null buffer or a capacity of 0
+/// gives 0. Bytes from the system that are no valid UTF-8 come as U+FFFD.
 #pragma once
 
 #include "xeafxstr.h"
@@ -17,18 +17,19 @@ XE_EXPORT CString_X GetApplicationDirectory();
 /// folders too and becomes a "/".
 XE_EXPORT CString_X GetMainDirectory();
 
-/// Clears the buffer and writes the current folder, cut to leave room for the terminator. Returns the length; 0 for a
-/// capacity above 2047.
+/// Clears the buffer and writes the current folder, cut to leave room for the terminator. Returns the length written;
+/// 0, with nothing written, for a capacity above 2047.
 XE_EXPORT DWORD GetCurrentDirectory_X(DWORD capacity, wchar_t* buffer);
 
-/// 1, or 0 when the folder cannot be entered.
+/// Makes a folder the current one of the process. 1, or 0 when it cannot be entered, and for null.
 XE_EXPORT BOOL SetCurrentDirectory_X(const wchar_t* path);
 
-/// Writes the *current* folder without a terminator, since there is no system folder. Returns the length of the text
-/// that is then in the buffer, so callers clear it first; 0 for a capacity above 2047, with nothing written.
+/// Writes the *current* folder, cut to the capacity and without a terminator: there is no system folder. Returns the
+/// length of the text that is then in the buffer, which counts what stood behind the folder's name before; 0, with
+/// nothing written, for a capacity above 2047.
 XE_EXPORT UINT GetSystemDirectory_X(wchar_t* buffer, UINT capacity);
 
-/// Clears the buffer and writes "/". Returns 1.
+/// Clears the buffer and writes "/". Returns 1, its length.
 XE_EXPORT UINT GetWindowsDirectory_X(wchar_t* buffer, UINT capacity);
 
 /// Adds a folder to those in which Qt looks for its plug-ins; LoadLibrary_X does not look there. 1, or 0 for null.

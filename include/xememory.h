@@ -1,5 +1,7 @@
 /// @file xememory.h
 /// Memory blocks, and tests of addresses.
+///
+/// Global and local blocks are the same here, all of them fixed: a handle is the block's address.
 #pragma once
 
 #include "xedef.h"
@@ -8,11 +10,10 @@
 
 // -------------------------------------------------------------------------------------------------------------- blocks
 
-// A handle is the block's address; every block is cleared, and flags are ignored.
-
 using HGLOBAL = void*;
 using HLOCAL = void*;
 
+// Ignored: every block is fixed and cleared.
 inline constexpr UINT GMEM_FIXED = 0;
 inline constexpr UINT GMEM_MOVEABLE = 0x02;
 inline constexpr UINT GMEM_ZEROINIT = 0x40;
@@ -24,7 +25,8 @@ inline constexpr UINT LMEM_ZEROINIT = 0x40;
 inline constexpr UINT LPTR = LMEM_FIXED | LMEM_ZEROINIT;
 inline constexpr UINT LHND = LMEM_MOVEABLE | LMEM_ZEROINIT;
 
-/// A block of `size` bytes, also for a size of 0. Null when there is no memory.
+/// A new block of `size` bytes, all 0, which the caller frees; a size of 0 gives a block too. Null when there is no
+/// memory.
 XE_EXPORT HGLOBAL GlobalAlloc_X(UINT flags, std::size_t size);
 XE_EXPORT HLOCAL LocalAlloc_X(UINT flags, std::size_t size);
 
@@ -43,11 +45,12 @@ XE_EXPORT BOOL GlobalUnlock_X(HGLOBAL block);          ///< 1: there are no lock
 
 // -------------------------------------------------------------------------------------------------- tests of addresses
 
-/// 1, in `result` too, when the bytes give any text as UTF-16: two bytes do, unless they are a byte order mark. Nothing
-/// else is tested, unlike by the published function. A null `result` is skipped.
+/// 1, in `*result` too, when `length` bytes give any text as UTF-16: two bytes do, unless they are a byte order mark.
+/// Nothing else is tested, and `*result` is not read, unlike by the published function. 0 for null and for a length
+/// below 1; a null `result` is skipped.
 XE_EXPORT BOOL IsTextUnicode_X(const void* bytes, int length, int* result);
 
-// Only null is found to be bad, no other address.
+// 1 or 0. Only null is found to be bad, no other address.
 XE_EXPORT BOOL IsBadReadPtr_X(const void* address, std::size_t size);      ///< a size of 0 is bad as well
 XE_EXPORT BOOL IsBadWritePtr_X(const void* address, std::size_t size = 0); ///< `size` is ignored
 XE_EXPORT BOOL IsBadStringPtr_X(const wchar_t* text, std::size_t length);  ///< with a length of 0 not even null is bad

@@ -6,22 +6,25 @@
 
 // --------------------------------------------------------------------------------------------------------------- names
 
-// The size is output alone, unlike in the published functions: it gets the name's length. The caller hands in a cleared
-// buffer that is large enough (256 elements serve): the text that the buffer holds is cleared and the name is written
-// without a terminator. 1, or 0 when the name is empty. A null buffer gives 0 and stores 0; a null size is skipped.
+/// Writes the host name, and its length to `*size`, which is not read, unlike by the published function: the caller
+/// promises enough room (256 elements serve). The buffer must hold a terminated text, which is cleared first; the name
+/// is written *without a terminator*, so clear the whole buffer before the call. 1, or 0 when the name is empty. A
+/// null buffer gives 0 and stores 0; a null `size` is skipped.
+XE_EXPORT BOOL GetComputerName_X(wchar_t* buffer, DWORD* size);
 
-XE_EXPORT BOOL GetComputerName_X(wchar_t* buffer, DWORD* size); ///< the host name
-XE_EXPORT BOOL GetUserName_X(wchar_t* buffer, DWORD* size);     ///< the environment variable USER
+/// The same with the name in the environment variable USER.
+XE_EXPORT BOOL GetUserName_X(wchar_t* buffer, DWORD* size);
 
 // --------------------------------------------------------------------------------------------------------------- clock
 
 /// Milliseconds of a clock that nobody sets, in 64 bits, so that it never wraps round.
 XE_EXPORT unsigned long long GetTickCount();
 
-/// Sleeps. The time is multiplied by 1000 in 32 bits: from 4294968 ms (71 minutes) on it wraps round.
+/// Puts the thread to sleep; no event is handled meanwhile. The time is multiplied by 1000 in 32 bits: from 4294968 ms
+/// (71 minutes) on it wraps round.
 XE_EXPORT void Sleep_X(DWORD milliseconds);
 
-/// The local date and time. wDayOfWeek is *not* written, unlike by the published function.
+/// Writes the local date and time. wDayOfWeek is left as it is, unlike by the published function. Nothing for null.
 XE_EXPORT void GetLocalTime(SYSTEMTIME* time);
 
 // ----------------------------------------------------------------------------------------------------- sizes and codes
@@ -71,11 +74,12 @@ inline constexpr UINT DRIVE_CDROM = 5;
 inline constexpr UINT DRIVE_RAMDISK = 6;
 
 /// The kind of the file system that holds a path: DRIVE_REMOTE for NFS and SMB, DRIVE_CDROM for ISO 9660, DRIVE_RAMDISK
-/// for ext, FAT and tmpfs, DRIVE_UNKNOWN for any other; DRIVE_NO_ROOT_DIR when the path is null or not there. Local
-/// disks are RAM disks here and DRIVE_FIXED never comes back; callers rely on it. The path goes through the C locale.
+/// for ext, FAT and tmpfs, DRIVE_UNKNOWN for any other; DRIVE_NO_ROOT_DIR when the path is null or not there. Unlike by
+/// the published function a local disk is told as a RAM disk, and DRIVE_FIXED never comes back. The path goes to the
+/// system in the encoding of the C locale.
 XE_EXPORT UINT GetDriveType_X(const wchar_t* path);
 
 enum FIRMWARE_TYPE { FirmwareTypeUnknown, FirmwareTypeBios, FirmwareTypeUefi, FirmwareTypeMax };
 
-/// FirmwareTypeUefi when the machine was started by UEFI, otherwise FirmwareTypeBios. 1, or 0 for a null `type`.
+/// Writes FirmwareTypeUefi when the machine was started by UEFI, otherwise FirmwareTypeBios. 1, or 0 for a null `type`.
 XE_EXPORT BOOL GetFirmwareType_X(FIRMWARE_TYPE* type);
