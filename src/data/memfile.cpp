@@ -1,6 +1,7 @@
 #include "xeafxfile.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 
 IMPLEMENT_DYNAMIC_X(CMemFile_X, CFile_X)

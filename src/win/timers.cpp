@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QTimer>
 #include <QTimerEvent>
+#include <QWidget>
 
 #include <climits>
 
