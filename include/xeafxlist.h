@@ -135,7 +135,7 @@ template <class List, class Value, class Sought>
 inline POSITION XeList<List, Value, Sought>::insert(CNode_X* next, Value value)
 {
     CNode_X* prev = next ? next->prev : tail;
-    CNode_X* node = xe::takeNode(freeList, blocks, blockSize, next, prev, std::move(value));
+    CNode_X* node = xe::detail::takeNode(freeList, blocks, blockSize, next, prev, std::move(value));
     (prev ? prev->next : head) = node;
     (next ? next->prev : tail) = node;
     ++count;

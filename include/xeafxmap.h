@@ -21,7 +21,7 @@
 #include <type_traits>
 #include <utility>
 
-namespace xe {
+namespace xe::detail {
 
 // ---------------------------------------------------------------------------------------------------------- hashes
 
@@ -150,7 +150,7 @@ enum class MapSizes {
     AsGiven,   ///< they are kept, and insertion raises
 };
 
-} // namespace xe
+} // namespace xe::detail
 
 /// What the map classes have in common: a table of buckets, each a chain of associations from blocks.
 ///
@@ -164,8 +164,8 @@ enum class MapSizes {
 /// A null text for a key raises a CInvalidArgException_X*. Want of memory raises std::bad_alloc and leaves the map as it
 /// was. Removing the last key frees table and blocks; as long as one is left, all blocks stay. The buckets are walked in
 /// ascending order, and in each the key that was added last comes first. Maps have no lock.
-template <class Assoc, class Keys = xe::KeyRules<std::remove_const_t<decltype(Assoc::key)>>,
-          xe::MapSizes sizes = xe::MapSizes::Corrected>
+template <class Assoc, class Keys = xe::detail::KeyRules<std::remove_const_t<decltype(Assoc::key)>>,
+          xe::detail::MapSizes sizes = xe::detail::MapSizes::Corrected>
 class XeMap
 {
 public:
@@ -235,7 +235,7 @@ protected:
     long long blockSize;
 
 private:
-    static constexpr bool isCorrected = sizes == xe::MapSizes::Corrected;
+    static constexpr bool isCorrected = sizes == xe::detail::MapSizes::Corrected;
     static constexpr unsigned defaultBucketCount = 17;
 
     static POSITION beforeStart() { return reinterpret_cast<POSITION>(~quintptr(0)); }
@@ -247,13 +247,13 @@ private:
 
 /// A map whose associations begin with key and value, so that they can be handed out as pairs. The value may be changed
 /// in place. A pair lives until its key is removed.
-template <class MapKey, class MapValue, class Keys = xe::KeyRules<MapKey>>
-class XePairMap : public XeMap<xe::PairAssoc<MapKey, MapValue>, Keys>
+template <class MapKey, class MapValue, class Keys = xe::detail::KeyRules<MapKey>>
+class XePairMap : public XeMap<xe::detail::PairAssoc<MapKey, MapValue>, Keys>
 {
-    using Map = XeMap<xe::PairAssoc<MapKey, MapValue>, Keys>;
+    using Map = XeMap<xe::detail::PairAssoc<MapKey, MapValue>, Keys>;
 
 public:
-    using CPair_X = xe::MapPair<MapKey, MapValue>;
+    using CPair_X = xe::detail::MapPair<MapKey, MapValue>;
     using Map::Map;
 
     CPair_X* PLookup(typename Keys::Argument key) { return this->assocOf(key); } ///< null if the key is missing
@@ -274,7 +274,7 @@ private:
 // Pointers and objects are not owned. Loading adds to what is in the map and ends early where the archive does.
 
 /// 16-bit numbers to pointers.
-class XE_EXPORT CMapWordToPtr_X : public CObject_X, public XeMap<xe::ValueFirstAssoc<unsigned short, void*>>
+class XE_EXPORT CMapWordToPtr_X : public CObject_X, public XeMap<xe::detail::ValueFirstAssoc<unsigned short, void*>>
 {
     Q_OBJECT
     DECLARE_DYNAMIC_X(CMapWordToPtr_X)
@@ -282,7 +282,7 @@ class XE_EXPORT CMapWordToPtr_X : public CObject_X, public XeMap<xe::ValueFirstA
 };
 
 /// Pointers to 16-bit numbers.
-class XE_EXPORT CMapPtrToWord_X : public CObject_X, public XeMap<xe::KeyFirstAssoc<void*, unsigned short>>
+class XE_EXPORT CMapPtrToWord_X : public CObject_X, public XeMap<xe::detail::KeyFirstAssoc<void*, unsigned short>>
 {
     Q_OBJECT
     DECLARE_DYNAMIC_X(CMapPtrToWord_X)
@@ -290,7 +290,7 @@ class XE_EXPORT CMapPtrToWord_X : public CObject_X, public XeMap<xe::KeyFirstAss
 };
 
 /// Pointers to pointers.
-class XE_EXPORT CMapPtrToPtr_X : public CObject_X, public XeMap<xe::KeyFirstAssoc<void*, void*>>
+class XE_EXPORT CMapPtrToPtr_X : public CObject_X, public XeMap<xe::detail::KeyFirstAssoc<void*, void*>>
 {
     Q_OBJECT
     DECLARE_DYNAMIC_X(CMapPtrToPtr_X)
@@ -308,7 +308,7 @@ public:
 };
 
 /// 16-bit numbers to objects.
-class XE_EXPORT CMapWordToOb_X : public CObject_X, public XeMap<xe::ValueFirstAssoc<unsigned short, CObject_X*>>
+class XE_EXPORT CMapWordToOb_X : public CObject_X, public XeMap<xe::detail::ValueFirstAssoc<unsigned short, CObject_X*>>
 {
     Q_OBJECT
     DECLARE_DYNCREATE_X(CMapWordToOb_X)
@@ -320,9 +320,9 @@ class XE_EXPORT CMapWordToOb_X : public CObject_X, public XeMap<xe::ValueFirstAs
 
 /// Texts to pointers. Unlike the other maps it takes block and table sizes as they are given: with a block size below 1 or
 /// a table size of 0 nothing is found, and insertion raises.
-class XE_EXPORT CMapStringToPtr_X
-    : public CObject_X,
-      public XeMap<xe::HashedAssoc<CString_X, void*>, xe::KeyRules<CString_X>, xe::MapSizes::AsGiven>
+class XE_EXPORT CMapStringToPtr_X : public CObject_X,
+                                    public XeMap<xe::detail::HashedAssoc<CString_X, void*>,
+                                                 xe::detail::KeyRules<CString_X>, xe::detail::MapSizes::AsGiven>
 {
     Q_OBJECT
     DECLARE_DYNAMIC_X(CMapStringToPtr_X)
@@ -338,7 +338,7 @@ class XE_EXPORT CMapStringToPtr_X
 };
 
 /// Texts to objects.
-class XE_EXPORT CMapStringToOb_X : public CObject_X, public XeMap<xe::HashedAssoc<CString_X, CObject_X*>>
+class XE_EXPORT CMapStringToOb_X : public CObject_X, public XeMap<xe::detail::HashedAssoc<CString_X, CObject_X*>>
 {
     Q_OBJECT
     DECLARE_DYNCREATE_X(CMapStringToOb_X)
@@ -373,14 +373,14 @@ unsigned HashKey_X(ARG_KEY key)
 {
     using Plain = std::remove_cv_t<std::remove_reference_t<ARG_KEY>>;
     if constexpr (std::is_convertible_v<ARG_KEY, const wchar_t*>)
-        return xe::hashOfText(xe::keyText(key));
+        return xe::detail::hashOfText(xe::detail::keyText(key));
     else if constexpr (std::is_pointer_v<Plain>)
-        return xe::hashOfNumber(reinterpret_cast<qintptr>(key));
+        return xe::detail::hashOfNumber(reinterpret_cast<qintptr>(key));
     else
-        return xe::hashOfNumber(static_cast<long long>(key));
+        return xe::detail::hashOfNumber(static_cast<long long>(key));
 }
 
-namespace xe {
+namespace xe::detail {
 
 template <class KEY, class ARG_KEY>
 struct HostKey
@@ -392,7 +392,7 @@ struct HostKey
     static unsigned hash(View key) { return HashKey_X<ARG_KEY>(key); }
 };
 
-} // namespace xe
+} // namespace xe::detail
 
 /// The map for key and value types of the host's. Keys are hashed by HashKey_X() and compared by `==`. It has no run-time
 /// class of its own and is not storable.
@@ -400,9 +400,9 @@ struct HostKey
 ///     CMap_X<unsigned, unsigned, CPoint, CPoint&> corners;
 ///     corners[17] = CPoint(3, 4);
 template <class KEY, class ARG_KEY, class VALUE, class ARG_VALUE>
-class CMap_X : public CObject_X, public XePairMap<KEY, VALUE, xe::HostKey<KEY, ARG_KEY>>
+class CMap_X : public CObject_X, public XePairMap<KEY, VALUE, xe::detail::HostKey<KEY, ARG_KEY>>
 {
-    using Map = XePairMap<KEY, VALUE, xe::HostKey<KEY, ARG_KEY>>;
+    using Map = XePairMap<KEY, VALUE, xe::detail::HostKey<KEY, ARG_KEY>>;
 
 public:
     using Map::Map;
@@ -412,7 +412,7 @@ public:
 
 // ------------------------------------------------------------------------------------------------------ the map body
 
-template <class Assoc, class Keys, xe::MapSizes sizes>
+template <class Assoc, class Keys, xe::detail::MapSizes sizes>
 void XeMap<Assoc, Keys, sizes>::InitHashTable(unsigned size, int allocate)
 {
     dropTable();
@@ -421,7 +421,7 @@ void XeMap<Assoc, Keys, sizes>::InitHashTable(unsigned size, int allocate)
         makeTable();
 }
 
-template <class Assoc, class Keys, xe::MapSizes sizes>
+template <class Assoc, class Keys, xe::detail::MapSizes sizes>
 inline bool XeMap<Assoc, Keys, sizes>::Lookup(KeyArgument key, Value& value) const
 {
     const CAssoc_X* assoc = assocOf(key);
@@ -430,7 +430,7 @@ inline bool XeMap<Assoc, Keys, sizes>::Lookup(KeyArgument key, Value& value) con
     return assoc;
 }
 
-template <class Assoc, class Keys, xe::MapSizes sizes>
+template <class Assoc, class Keys, xe::detail::MapSizes sizes>
 typename XeMap<Assoc, Keys, sizes>::Value& XeMap<Assoc, Keys, sizes>::operator[](KeyArgument key)
 {
     unsigned bucket;
@@ -441,14 +441,14 @@ typename XeMap<Assoc, Keys, sizes>::Value& XeMap<Assoc, Keys, sizes>::operator[]
             makeTable();
             bucket = hash % bucketCount;
         }
-        assoc = xe::takeNode(freeList, blocks, blockSize, Key(key), hash, buckets[bucket]);
+        assoc = xe::detail::takeNode(freeList, blocks, blockSize, Key(key), hash, buckets[bucket]);
         buckets[bucket] = assoc;
         ++count;
     }
     return assoc->value;
 }
 
-template <class Assoc, class Keys, xe::MapSizes sizes>
+template <class Assoc, class Keys, xe::detail::MapSizes sizes>
 bool XeMap<Assoc, Keys, sizes>::RemoveKey(KeyArgument key)
 {
     if (!buckets)
@@ -462,22 +462,22 @@ bool XeMap<Assoc, Keys, sizes>::RemoveKey(KeyArgument key)
     while (*link != assoc)
         link = &(*link)->next;
     *link = assoc->next;
-    xe::giveNodeBack(freeList, assoc);
+    xe::detail::giveNodeBack(freeList, assoc);
     if (--count == 0)
         RemoveAll();
     return true;
 }
 
-template <class Assoc, class Keys, xe::MapSizes sizes>
+template <class Assoc, class Keys, xe::detail::MapSizes sizes>
 void XeMap<Assoc, Keys, sizes>::RemoveAll()
 {
     dropTable();
     count = 0;
     freeList = nullptr;
-    xe::freeBlocks(blocks);
+    xe::detail::freeBlocks(blocks);
 }
 
-template <class Assoc, class Keys, xe::MapSizes sizes>
+template <class Assoc, class Keys, xe::detail::MapSizes sizes>
 void XeMap<Assoc, Keys, sizes>::GetNextAssoc(POSITION& position, Key& key, Value& value) const
 {
     if (!position)
@@ -490,7 +490,7 @@ void XeMap<Assoc, Keys, sizes>::GetNextAssoc(POSITION& position, Key& key, Value
     }
 }
 
-template <class Assoc, class Keys, xe::MapSizes sizes>
+template <class Assoc, class Keys, xe::detail::MapSizes sizes>
 inline bool XeMap<Assoc, Keys, sizes>::matches(const CAssoc_X& assoc, typename Keys::View key, unsigned hash)
 {
     if constexpr (CAssoc_X::storesHash)
@@ -499,7 +499,7 @@ inline bool XeMap<Assoc, Keys, sizes>::matches(const CAssoc_X& assoc, typename K
         return assoc.key == key;
 }
 
-template <class Assoc, class Keys, xe::MapSizes sizes>
+template <class Assoc, class Keys, xe::detail::MapSizes sizes>
 inline Assoc* XeMap<Assoc, Keys, sizes>::GetAssocAt(KeyArgument key, unsigned& bucket, unsigned& hash) const
 {
     const typename Keys::View view = Keys::view(key);
@@ -511,7 +511,7 @@ inline Assoc* XeMap<Assoc, Keys, sizes>::GetAssocAt(KeyArgument key, unsigned& b
     return assoc;
 }
 
-template <class Assoc, class Keys, xe::MapSizes sizes>
+template <class Assoc, class Keys, xe::detail::MapSizes sizes>
 inline Assoc* XeMap<Assoc, Keys, sizes>::assocOf(KeyArgument key) const
 {
     unsigned bucket;
@@ -519,7 +519,7 @@ inline Assoc* XeMap<Assoc, Keys, sizes>::assocOf(KeyArgument key) const
     return GetAssocAt(key, bucket, hash);
 }
 
-template <class Assoc, class Keys, xe::MapSizes sizes>
+template <class Assoc, class Keys, xe::detail::MapSizes sizes>
 Assoc* XeMap<Assoc, Keys, sizes>::assocBehind(const CAssoc_X* assoc) const
 {
     if (assoc->next)
@@ -530,7 +530,7 @@ Assoc* XeMap<Assoc, Keys, sizes>::assocBehind(const CAssoc_X* assoc) const
         return firstFrom(HashKey(assoc->key) % bucketCount + 1);
 }
 
-template <class Assoc, class Keys, xe::MapSizes sizes>
+template <class Assoc, class Keys, xe::detail::MapSizes sizes>
 Assoc* XeMap<Assoc, Keys, sizes>::firstFrom(unsigned bucket) const
 {
     for (; buckets && bucket < bucketCount; ++bucket)
@@ -539,7 +539,7 @@ Assoc* XeMap<Assoc, Keys, sizes>::firstFrom(unsigned bucket) const
     return nullptr;
 }
 
-template <class Assoc, class Keys, xe::MapSizes sizes>
+template <class Assoc, class Keys, xe::detail::MapSizes sizes>
 void XeMap<Assoc, Keys, sizes>::makeTable()
 {
     if (bucketCount == 0)
@@ -547,7 +547,7 @@ void XeMap<Assoc, Keys, sizes>::makeTable()
     buckets = new CAssoc_X*[bucketCount]();
 }
 
-template <class Assoc, class Keys, xe::MapSizes sizes>
+template <class Assoc, class Keys, xe::detail::MapSizes sizes>
 void XeMap<Assoc, Keys, sizes>::dropTable()
 {
     if constexpr (!std::is_trivially_destructible_v<CAssoc_X>)

@@ -35,7 +35,7 @@ struct XE_EXPORT CPlex_X
     void FreeDataChain();
 };
 
-namespace xe {
+namespace xe::detail {
 
 /// Frees the chain, which may be empty, and leaves it so.
 XE_EXPORT void freeBlocks(CPlex_X*& blocks);
@@ -76,4 +76,4 @@ void giveNodeBack(Node*& freeList, Node* node)
     freeList = node;
 }
 
-} // namespace xe
+} // namespace xe::detail

@@ -56,7 +56,7 @@ Value XeList<List, Value, Sought>::remove(CNode_X* node)
     Value value = std::move(node->value);
     (node->prev ? node->prev->next : head) = node->next;
     (node->next ? node->next->prev : tail) = node->prev;
-    xe::giveNodeBack(freeList, node);
+    xe::detail::giveNodeBack(freeList, node);
     if (--count == 0)
         RemoveAll();
     return value;
@@ -70,7 +70,7 @@ void XeList<List, Value, Sought>::RemoveAll()
             std::exchange(node, node->next)->~CNode_X();
     head = tail = freeList = nullptr;
     count = 0;
-    xe::freeBlocks(blocks);
+    xe::detail::freeBlocks(blocks);
 }
 
 template class XeList<CPtrList_X, void*>;

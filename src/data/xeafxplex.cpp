@@ -22,7 +22,7 @@ void CPlex_X::FreeDataChain()
     }
 }
 
-void xe::freeBlocks(CPlex_X*& blocks)
+void xe::detail::freeBlocks(CPlex_X*& blocks)
 {
     if (!blocks)
         return;

@@ -39,9 +39,9 @@ void TestPlex::dataFollowsTheLink()
     QCOMPARE(static_cast<char*>(block->data()) - reinterpret_cast<char*>(block), std::ptrdiff_t(sizeof(void*)));
     std::memset(block->data(), 0xFF, 48); // the whole room is there, and the link is not part of it
     QVERIFY(!block->pNext);
-    xe::freeBlocks(head);
+    xe::detail::freeBlocks(head);
     QVERIFY(!head);
-    xe::freeBlocks(head);
+    xe::detail::freeBlocks(head);
 }
 
 void TestPlex::badSizesRaise_data()
@@ -85,15 +85,15 @@ void TestPlex::freeNodesComeLowestFirst()
 {
     CPlex_X* blocks = nullptr;
     Node* freeList = nullptr;
-    Node* first = xe::takeNode(freeList, blocks, 3, nullptr, 7);
+    Node* first = xe::detail::takeNode(freeList, blocks, 3, nullptr, 7);
     QCOMPARE(static_cast<void*>(first), blocks->data());
     QCOMPARE(first->number, 7);
-    QCOMPARE(xe::takeNode(freeList, blocks, 3, nullptr, 8), first + 1);
-    QCOMPARE(xe::takeNode(freeList, blocks, 3, nullptr, 9), first + 2);
+    QCOMPARE(xe::detail::takeNode(freeList, blocks, 3, nullptr, 8), first + 1);
+    QCOMPARE(xe::detail::takeNode(freeList, blocks, 3, nullptr, 9), first + 2);
     QVERIFY(!freeList);
     QVERIFY(!blocks->pNext);
 
-    Node* inNewBlock = xe::takeNode(freeList, blocks, 1, nullptr, 10);
+    Node* inNewBlock = xe::detail::takeNode(freeList, blocks, 1, nullptr, 10);
     QCOMPARE(static_cast<void*>(inNewBlock), blocks->data());
     QVERIFY(blocks->pNext);
     blocks->FreeDataChain();
@@ -103,13 +103,13 @@ void TestPlex::returnedNodeComesFirst()
 {
     CPlex_X* blocks = nullptr;
     Node* freeList = nullptr;
-    Node* first = xe::takeNode(freeList, blocks, 3, nullptr, 1);
-    Node* second = xe::takeNode(freeList, blocks, 3, nullptr, 2);
-    xe::giveNodeBack(freeList, first);
-    xe::giveNodeBack(freeList, second);
-    QCOMPARE(xe::takeNode(freeList, blocks, 3, nullptr, 3), second);
-    QCOMPARE(xe::takeNode(freeList, blocks, 3, nullptr, 4), first);
-    QCOMPARE(xe::takeNode(freeList, blocks, 3, nullptr, 5), first + 2);
+    Node* first = xe::detail::takeNode(freeList, blocks, 3, nullptr, 1);
+    Node* second = xe::detail::takeNode(freeList, blocks, 3, nullptr, 2);
+    xe::detail::giveNodeBack(freeList, first);
+    xe::detail::giveNodeBack(freeList, second);
+    QCOMPARE(xe::detail::takeNode(freeList, blocks, 3, nullptr, 3), second);
+    QCOMPARE(xe::detail::takeNode(freeList, blocks, 3, nullptr, 4), first);
+    QCOMPARE(xe::detail::takeNode(freeList, blocks, 3, nullptr, 5), first + 2);
     blocks->FreeDataChain();
 }
 
