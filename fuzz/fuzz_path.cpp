@@ -67,7 +67,7 @@ private:
     std::vector<wchar_t> m_elements;
 };
 
-Buffer full(const Text& text) { return Buffer(text, xe::pathCapacity); }
+Buffer full(const Text& text) { return Buffer(text, XE_MAX_PATH); }
 
 void find(const Text& text)
 {
@@ -191,7 +191,7 @@ void compare(const Text& text, const Text& other)
     const int length = PathCommonPrefix_X(first.data(), second.data(), nullptr);
     check(length == PathCommonPrefix_X(second.data(), first.data(), nullptr), "both have the same in common");
     const int written = PathCommonPrefix_X(first.data(), second.data(), out.data());
-    check(written == (length < xe::pathCapacity ? length : 0), "what is common is written");
+    check(written == (length < XE_MAX_PATH ? length : 0), "what is common is written");
     check(out.text() == text.substr(0, static_cast<std::size_t>(written)), "it is the start of the first");
     check(PathIsPrefix_X(first.data(), first.data()) == (text.size() != 2),
           "a path is its own prefix, but no drive is");
@@ -201,12 +201,12 @@ void compare(const Text& text, const Text& other)
 void split(const Text& text)
 {
     Buffer path(text);
-    const std::size_t size = std::min<std::size_t>(text.size() + 1, xe::pathCapacity);
+    const std::size_t size = std::min<std::size_t>(text.size() + 1, XE_MAX_PATH);
     Buffer parts[] = {Buffer({}), Buffer({}, size), Buffer({}, size), Buffer({}, size)};
     _tsplitpath(path.data(), parts[0].data(), parts[1].data(), parts[2].data(), parts[3].data());
     check(parts[0].text().empty(), "there is no drive");
     const Text sum = parts[1].text() + parts[2].text() + parts[3].text();
-    check(sum == (text.size() < xe::pathCapacity ? text : Text()), "the parts add up");
+    check(sum == (text.size() < XE_MAX_PATH ? text : Text()), "the parts add up");
 }
 
 } // namespace

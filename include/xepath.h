@@ -8,18 +8,14 @@
 ///
 /// Texts are terminated texts of 32-bit elements, lengths and places count elements. A function that changes a text
 /// does it in place, one that finds something returns a pointer into its argument. A buffer that a function fills, or
-/// whose text it makes longer, has xe::pathCapacity elements; a result that does not fit there makes the function fail.
+/// whose text it makes longer, has XE_MAX_PATH elements; a result that does not fit there makes the function fail.
 /// A null text gives 0, null or nothing, unless a function says otherwise. A question is answered by 1 or 0.
 #pragma once
 
 #include "xedef.h"
 
-namespace xe {
-
 /// The elements of a path buffer, terminator included, where Windows has MAX_PATH.
-inline constexpr int pathCapacity = 2048;
-
-} // namespace xe
+inline constexpr int XE_MAX_PATH = 2048;
 
 // ------------------------------------------------------------------------------- components: both "/" and "\" separate
 

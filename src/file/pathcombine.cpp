@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr std::size_t longestPath = xe::pathCapacity - 1;
+constexpr std::size_t longestPath = XE_MAX_PATH - 1;
 
 // Of an initial "\", "X:" or "X:\".
 std::size_t rootLength(const wchar_t* path)
@@ -95,8 +95,8 @@ bool standsForItself(const wchar_t* file) { return !PathIsRelative_X(file) && (*
 // Nothing if that is too long.
 std::optional<std::wstring> joined(const wchar_t* directory, const wchar_t* file)
 {
-    wchar_t base[xe::pathCapacity + 1] = {}; // one more, as PathAddBackslash_X terminates no text of full length
-    lstrcpyn_X(base, directory, xe::pathCapacity);
+    wchar_t base[XE_MAX_PATH + 1] = {}; // one more, as PathAddBackslash_X terminates no text of full length
+    lstrcpyn_X(base, directory, XE_MAX_PATH);
     if (*file == L'\\') {
         PathStripToRoot_X(base);
         ++file;
@@ -176,7 +176,7 @@ int PathCommonPrefix_X(const wchar_t* first, const wchar_t* second, wchar_t* out
     const int length = commonLength(first, second);
     if (!out)
         return length;
-    const int written = length < xe::pathCapacity ? length : 0;
+    const int written = length < XE_MAX_PATH ? length : 0;
     lstrcpyn_X(out, first, written + 1);
     return written;
 }

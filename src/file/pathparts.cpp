@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr std::size_t longestPath = xe::pathCapacity - 1;
+constexpr std::size_t longestPath = XE_MAX_PATH - 1;
 
 // The first blank outside double quotes, or the end.
 const wchar_t* endOfProgram(const wchar_t* path)

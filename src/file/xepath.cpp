@@ -75,9 +75,9 @@ wchar_t* PathAddBackslash_X(wchar_t* path)
     if (!path)
         return nullptr;
     const std::wstring result = endsInSlash(path, std::wcslen(path)) ? path : path + std::wstring(L"/");
-    if (result.size() > xe::pathCapacity)
+    if (result.size() > XE_MAX_PATH)
         return nullptr;
-    std::wmemcpy(path, result.c_str(), std::min<std::size_t>(result.size() + 1, xe::pathCapacity));
+    std::wmemcpy(path, result.c_str(), std::min<std::size_t>(result.size() + 1, XE_MAX_PATH));
     return path;
 }
 

@@ -30,7 +30,7 @@ public:
     explicit PathBuffer(const std::wstring& text) : m_elements(exactBlock(filled(text))) {}
 
     wchar_t* data() { return m_elements.get(); }
-    std::wstring elements() const { return {m_elements.get(), xe::pathCapacity}; }
+    std::wstring elements() const { return {m_elements.get(), XE_MAX_PATH}; }
 
     /// Up to the terminator, or all if there is none.
     std::wstring text() const { return elements().substr(0, elements().find(L'\0')); }
@@ -48,7 +48,7 @@ private:
     static std::wstring filled(std::wstring text)
     {
         text += L'\0';
-        text.resize(xe::pathCapacity, L'#');
+        text.resize(XE_MAX_PATH, L'#');
         return text;
     }
 

@@ -6,7 +6,7 @@ using namespace std::string_literals;
 
 namespace {
 
-constexpr std::size_t longest = xe::pathCapacity - 1;
+constexpr std::size_t longest = XE_MAX_PATH - 1;
 
 std::wstring letters(std::size_t count) { return std::wstring(count, L'a'); }
 

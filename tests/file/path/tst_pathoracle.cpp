@@ -17,7 +17,7 @@ class TightBuffer
 public:
     TightBuffer(const Text& text, std::size_t spare)
         : m_length(text.size()),
-          m_size(std::max<std::size_t>(text.size() + 1, std::min<std::size_t>(text.size() + spare, xe::pathCapacity)))
+          m_size(std::max<std::size_t>(text.size() + 1, std::min<std::size_t>(text.size() + spare, XE_MAX_PATH)))
     {
         Text elements = text + L'\0';
         elements.resize(m_size, L'#');
