@@ -17,6 +17,10 @@ class CObject_X;
 class CPtrList_X;
 class CToolTipCtrl_X;
 
+namespace xe {
+struct ThreadLocalObjects;
+}
+
 /// The base of what the state holds: its objects come from LocalAlloc_X, cleared.
 class XE_EXPORT CNoTrackObject_X
 {
@@ -142,7 +146,7 @@ public:
     CNoTrackObject_X* GetDataNA();
 
 private:
-    friend struct ThreadLocalObjects;
+    friend struct xe::ThreadLocalObjects;
     int slot();
 
     std::atomic<int> m_slot{0};

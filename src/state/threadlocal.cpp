@@ -9,6 +9,8 @@ alignas(CThreadSlotData_X) static unsigned char __afxThreadData[sizeof(CThreadSl
 std::atomic<CThreadSlotData_X*> _afxThreadData = nullptr;
 std::atomic<long> _afxTlsRef = 0;
 
+namespace xe {
+
 // The objects that have a slot, so that none keeps the number of one that is gone.
 struct ThreadLocalObjects
 {
@@ -52,6 +54,10 @@ struct ThreadLocalObjects
         return _afxThreadData.exchange(nullptr);
     }
 };
+
+} // namespace xe
+
+using xe::ThreadLocalObjects;
 
 // ------------------------------------------------------------------------------------------------------ an object a thread
 
