@@ -1,8 +1,11 @@
 /// @file xeafxstat.h
 /// Module state, module thread state and values of a thread.
 ///
-/// There is one module state and one module thread state, the same on every thread and for every module. Values of a
-/// thread are real: each thread has its own object behind a CThreadLocal_X.
+/// There is one module state and one module thread state, the same on every thread and for every module, unlike the
+/// published ones. Values of a thread are real: each thread has its own object behind a CThreadLocal_X.
+///
+/// What runs short of memory raises a CMemoryException_X* (AfxThrowMemoryException_X), a bad argument a
+/// CInvalidArgException_X* (AfxThrowInvalidArgException_X).
 #pragma once
 
 #include "xeafxstr.h"
@@ -21,14 +24,18 @@ namespace xe {
 struct ThreadLocalObjects;
 }
 
-/// The base of what the state holds: its objects come from LocalAlloc_X, cleared.
+/// The base of what the state and the slots of a thread hold: objects in memory of LocalAlloc_X, cleared before they
+/// are constructed, and deleted through the virtual destructor.
 class XE_EXPORT CNoTrackObject_X
 {
 public:
     virtual ~CNoTrackObject_X() = 0;
 
-    static void* operator new(std::size_t size); ///< AfxThrowMemoryException_X() without memory
+    /// A cleared block of LocalAlloc_X. Raises a CMemoryException_X* without memory.
+    static void* operator new(std::size_t size);
+    /// In memory of the caller's, which is left as it is.
     static void* operator new(std::size_t, void* place) noexcept { return place; }
+    /// Frees the block by LocalFree_X.
     static void operator delete(void* block) noexcept;
     static void operator delete(void*, void*) noexcept {}
 
@@ -38,20 +45,28 @@ protected:
     CNoTrackObject_X& operator=(const CNoTrackObject_X&) = default;
 };
 
-// ---------------------------------------------------------------------------------------------- values of a thread
+// -------------------------------------------------------------------------------------------------- values of a thread
 
-/// A list through a pointer inside its elements, which it does not own.
+/// A list through a pointer inside its elements, which it does not own. Not for several threads at once.
+///
+///     struct Item { int value; Item* next; };
+///     CSimpleList_X items(offsetof(Item, next));
+///     items.AddHead(&item);
 class XE_EXPORT CSimpleList_X
 {
 public:
     /// `nextOffset` is where in an element the pointer to the next one lies, in bytes.
     explicit CSimpleList_X(std::size_t nextOffset = 0) : m_nextOffset(nextOffset) {}
 
-    void AddHead(void* element); ///< nothing for null
-    bool Remove(void* element);  ///< false if it is not in the list
+    /// Puts an element in front. Nothing for null.
+    void AddHead(void* element);
+    /// Takes an element out, wherever it stands. False if it is not in the list, and for null.
+    bool Remove(void* element);
 
     bool IsEmpty() const { return !m_head; }
+    /// The element added last; null for an empty list.
     void* GetHead() const { return m_head; }
+    /// The element behind another, which must not be null; null behind the last.
     void* GetNext(void* element) const { return next(element); }
 
 private:
@@ -61,49 +76,64 @@ private:
     std::size_t m_nextOffset;
 };
 
-/// The values of one thread, by slot.
+/// The values of one thread, by slot: what a CThreadSlotData_X keeps for each thread that has stored one.
 class XE_EXPORT CThreadData_X : public CNoTrackObject_X
 {
 public:
     CThreadData_X() = default;
+    /// Frees the array and none of the values in it.
     ~CThreadData_X() override;
     CThreadData_X(const CThreadData_X&) = delete;
     CThreadData_X& operator=(const CThreadData_X&) = delete;
 
+    /// The value in a slot, which is not negative; null for one beyond the array.
     void* value(int slot) const { return slot < count ? values[slot] : nullptr; }
+    /// Whether every value is null.
     bool isEmpty() const;
-    void growTo(int newCount); ///< std::bad_alloc as a memory exception; then nothing is changed
+    /// Makes the array at least this long; new values are null. Raises a CMemoryException_X* without memory, with
+    /// nothing changed.
+    void growTo(int newCount);
 
-    CThreadData_X* next = nullptr;
-    int count = 0;
-    void** values = nullptr;
+    CThreadData_X* next = nullptr; ///< the data of another thread
+    int count = 0;                 ///< the length of the array
+    void** values = nullptr;       ///< a block of LocalAlloc_X
 };
 
-/// Slots for values, of which every thread has its own. All functions may be called from any thread.
+/// Slots for values, of which every thread has its own. CThreadLocal_X is the convenient way to one slot.
 ///
-/// Values are CNoTrackObject_X objects and belong to the slot. They are deleted outside the lock, so a value's
-/// destructor may use other slots.
+///     CThreadSlotData_X slots;
+///     const int slot = slots.AllocSlot();
+///     slots.SetValue(slot, new CCounter); // this thread's; derived from CNoTrackObject_X
+///     auto* counter = static_cast<CCounter*>(slots.GetThreadValue(slot));
+///     slots.FreeSlot(slot);               // deletes the counters of all threads
+///
+/// Values are CNoTrackObject_X objects and belong to the slot. They are deleted outside the lock, so that a value's
+/// destructor may use other slots; a thread's end deletes nothing. All functions may be called from any thread.
 class XE_EXPORT CThreadSlotData_X
 {
 public:
-    CThreadSlotData_X();  ///< AfxThrowMemoryException_X() when the system has no more thread keys
-    ~CThreadSlotData_X(); ///< deletes the values of all threads
+    /// Raises a CMemoryException_X* when the system has no more thread keys (TlsAlloc_X).
+    CThreadSlotData_X();
+    /// Deletes the values of all threads, none of which may use the slots meanwhile.
+    ~CThreadSlotData_X();
     CThreadSlotData_X(const CThreadSlotData_X&) = delete;
     CThreadSlotData_X& operator=(const CThreadSlotData_X&) = delete;
 
-    /// A slot that is not in use, from 1 on. AfxThrowMemoryException_X() without memory.
+    /// A slot that is not in use, from 1 on. Raises a CMemoryException_X* without memory.
     int AllocSlot();
     /// Deletes the slot's values on all threads and gives it back; nothing for a number that is no slot in use.
     void FreeSlot(int slot);
 
-    /// The calling thread's value, or null.
+    /// The calling thread's value; null if it has none, and for a number that is no slot.
     void* GetThreadValue(int slot);
-    /// Stores the calling thread's value, without a look at what was there; nothing for a number that was never a slot.
+    /// Stores the calling thread's value. The value that was there is neither looked at nor deleted. Nothing for a
+    /// number that was never a slot. Raises a CMemoryException_X* without memory, with nothing stored.
     void SetValue(int slot, void* value);
 
-    /// Makes `instance` the owner of every slot in use that has none.
+    /// Makes `instance`, a module's handle, the owner of every slot in use that has none.
     void AssignInstance(void* instance);
-    /// Deletes the values in the slots of an instance, in every slot for null, on the calling thread or on all threads.
+    /// Deletes the values in the slots of an owner, in every slot for null: those of the calling thread, or with `all`
+    /// those of all threads. The slots stay in use.
     void DeleteValues(void* instance, BOOL all);
 
 private:
@@ -130,7 +160,10 @@ private:
     CRITICAL_SECTION m_section;
 };
 
-/// One object a thread, made when the thread first asks for it. For static objects; CThreadLocal_X adds the type.
+/// One object a thread, made when the thread first asks for it. CThreadLocal_X adds the type.
+///
+/// It is for static objects: it needs no constructor at run time, and may outlive the slots behind it. The destructor
+/// deletes the objects of all threads; the end of a thread deletes none.
 class XE_EXPORT CThreadLocalObject_X
 {
 public:
@@ -139,10 +172,10 @@ public:
     CThreadLocalObject_X(const CThreadLocalObject_X&) = delete;
     CThreadLocalObject_X& operator=(const CThreadLocalObject_X&) = delete;
 
-    /// The calling thread's object, made by `create` if there is none; that function may use other objects of this kind.
-    /// AfxThrowInvalidArgException_X() for a null function.
+    /// The calling thread's object, made by `create` if there is none; that function may use other objects of this
+    /// kind. Raises a CInvalidArgException_X* for a null function, a CMemoryException_X* without memory.
     CNoTrackObject_X* GetData(CNoTrackObject_X* (*create)());
-    /// The calling thread's object, or null.
+    /// The calling thread's object; null if none was made.
     CNoTrackObject_X* GetDataNA();
 
 private:
@@ -152,7 +185,8 @@ private:
     std::atomic<int> m_slot{0};
 };
 
-/// One object, made at the first call and shared by all threads. There is no lock: the first call comes from one thread.
+/// One object, made at the first call and shared by all threads. CProcessLocal_X adds the type. There is no lock: make
+/// the first call before there are several threads.
 class XE_EXPORT CProcessLocalObject_X
 {
 public:
@@ -161,58 +195,73 @@ public:
     CProcessLocalObject_X(const CProcessLocalObject_X&) = delete;
     CProcessLocalObject_X& operator=(const CProcessLocalObject_X&) = delete;
 
-    /// AfxThrowInvalidArgException_X() for a null function when there is no object yet.
+    /// The object, made by `create` if there is none. Raises a CInvalidArgException_X* for a null function then.
     CNoTrackObject_X* GetData(CNoTrackObject_X* (*create)());
 
 private:
     CNoTrackObject_X* m_object = nullptr;
 };
 
-/// CThreadLocalObject_X or CProcessLocalObject_X for a type with a default constructor.
+/// CThreadLocalObject_X or CProcessLocalObject_X for a type, derived from CNoTrackObject_X, with a default constructor.
+/// It is used as a pointer to that type.
 template <class Type, class Base>
 class CLocal_X : public Base
 {
 public:
+    /// The object, made if there is none; never null.
     Type* GetData() { return static_cast<Type*>(Base::GetData(&CreateObject)); }
     operator Type*() { return GetData(); }
     Type* operator->() { return GetData(); }
 
+    /// A new object, for whoever keeps it.
     static CNoTrackObject_X* CreateObject() { return new Type; }
 };
 
+/// An object of the type for each thread:
+///
+///     struct CCounter : CNoTrackObject_X { int value = 0; };
+///     CThreadLocal_X<CCounter> counter;
+///     ++counter->value; // this thread's
 template <class Type>
 class CThreadLocal_X : public CLocal_X<Type, CThreadLocalObject_X>
 {
 public:
+    /// The calling thread's object; null if none was made.
     Type* GetDataNA() { return static_cast<Type*>(CThreadLocalObject_X::GetDataNA()); }
 };
 
+/// One object of the type for the process.
 template <class Type>
 using CProcessLocal_X = CLocal_X<Type, CProcessLocalObject_X>;
 
 /// The slots behind all CThreadLocalObject_X objects; null until one of them is asked for its object.
 extern XE_EXPORT std::atomic<CThreadSlotData_X*> _afxThreadData;
+/// The calls of AfxTlsAddRef_X() that no AfxTlsRelease_X() has matched; never negative.
 extern XE_EXPORT std::atomic<long> _afxTlsRef;
 
+/// Counts one more user of the values behind all CThreadLocalObject_X objects.
 XE_EXPORT void AfxTlsAddRef_X();
 /// The last of as many calls as there were of AfxTlsAddRef_X(), and any call beyond, deletes all values of all threads.
 /// No other thread may use values meanwhile; a CThreadLocalObject_X that is asked afterwards starts anew.
 XE_EXPORT void AfxTlsRelease_X();
 
-/// CThreadSlotData_X::AssignInstance and CThreadSlotData_X::DeleteValues, if a slot was ever used.
+/// CThreadSlotData_X::AssignInstance for those slots; nothing if none was ever used.
 XE_EXPORT void AfxInitLocalData_X(void* instance);
+/// CThreadSlotData_X::DeleteValues for them, likewise.
 XE_EXPORT void AfxTermLocalData_X(void* instance, BOOL all);
 
-// ----------------------------------------------------------------------------------------------- state of the module
+// ------------------------------------------------------------------------------------------------- state of the module
 
+/// What a module has for itself in the published interface: the fields are the host's to write. The library reads the
+/// resource handle alone, in AfxInitExtensionModule_X.
 class XE_EXPORT AFX_MODULE_STATE_X : public CNoTrackObject_X
 {
 public:
     explicit AFX_MODULE_STATE_X(BOOL dll) : m_bDLL(dll) {}
 
-    BOOL m_bDLL;
+    BOOL m_bDLL; ///< what the constructor was given
     BOOL m_bSystem = FALSE;
-    HINSTANCE m_hCurrentResourceHandle = nullptr;
+    HINSTANCE m_hCurrentResourceHandle = nullptr; ///< copied into the record of an extension module
     HINSTANCE m_hCurrentInstanceHandle = nullptr;
     BOOL m_bInitialized = TRUE;
     CString_X m_strCurrentAppName;
@@ -220,7 +269,9 @@ public:
     int m_dwVersion = 0;
 };
 
-/// The handle maps are made on demand and are for the GUI thread. The destructor deletes all that is here.
+/// What a thread has for itself in the published interface, here one object for the GUI thread: above all the handle
+/// maps, which afxMapHWND_X() and its like (xeafxhandle.h) make on demand. The destructor deletes what is said here to
+/// be owned.
 class XE_EXPORT AFX_MODULE_THREAD_STATE_X : public CNoTrackObject_X
 {
 public:
@@ -231,28 +282,34 @@ public:
 
     void* m_pCurrentWinThread = nullptr;
     void* m_pWndInit = nullptr;
-    CHandleMap_X* m_pmapHWND = nullptr;
-    CHandleMap_X* m_pmapHMENU = nullptr;
-    CHandleMap_X* m_pmapHDC = nullptr;
-    CHandleMap_X* m_pmapHGDIOBJ = nullptr;
-    CHandleMap_X* m_pmapHIMAGELIST = nullptr;
-    CObject_X* m_pmapSocketHandle = nullptr;
-    CObject_X* m_pmapDeadSockets = nullptr;
-    CPtrList_X* m_plistSocketNotifications = nullptr; ///< its elements are blocks of LocalAlloc_X
-    CToolTipCtrl_X* m_pToolTip = nullptr;
-    void* m_pLastInfo = nullptr; ///< a block of LocalAlloc_X
+    CHandleMap_X* m_pmapHWND = nullptr;               ///< owned, as the other maps; of windows
+    CHandleMap_X* m_pmapHMENU = nullptr;              ///< of menus
+    CHandleMap_X* m_pmapHDC = nullptr;                ///< of device contexts
+    CHandleMap_X* m_pmapHGDIOBJ = nullptr;            ///< of pens, brushes, fonts and the like
+    CHandleMap_X* m_pmapHIMAGELIST = nullptr;         ///< of image lists
+    CObject_X* m_pmapSocketHandle = nullptr;          ///< owned
+    CObject_X* m_pmapDeadSockets = nullptr;           ///< owned
+    CPtrList_X* m_plistSocketNotifications = nullptr; ///< owned, with its elements, blocks of LocalAlloc_X
+    CToolTipCtrl_X* m_pToolTip = nullptr;             ///< not owned
+    void* m_pLastInfo = nullptr;                      ///< owned, a block of LocalAlloc_X
     int m_nLastHit = -1;
     int m_nLastStatus = -1;
 };
 
+/// The one module state.
 extern XE_EXPORT AFX_MODULE_STATE_X afxModuleState;
+/// The one module thread state.
 extern XE_EXPORT AFX_MODULE_THREAD_STATE_X gdiThreadState;
 
+/// The one module state, for either name and every caller.
 XE_EXPORT AFX_MODULE_STATE_X* AfxGetModuleState_X();
-XE_EXPORT AFX_MODULE_STATE_X* AfxGetStaticModuleState_X(); ///< the same object
+XE_EXPORT AFX_MODULE_STATE_X* AfxGetStaticModuleState_X();
+/// The one module thread state, on any thread.
 XE_EXPORT AFX_MODULE_THREAD_STATE_X* AfxGetModuleThreadState_X();
 
-/// True for every pointer but null: nothing is probed, and size and access are ignored.
+/// TRUE for every pointer but null: unlike by the published function nothing is probed, and size and access are
+/// ignored.
 XE_EXPORT BOOL AfxIsValidAddress_X(const void* address, unsigned long size, BOOL write = TRUE);
+/// TRUE for every text but null; the length is ignored.
 XE_EXPORT BOOL AfxIsValidString_X(const wchar_t* text, int length = -1);
 XE_EXPORT BOOL AfxIsValidString_X(const char* text, int length = -1);
