@@ -17,7 +17,7 @@ unsigned long long bytesLeft(CArchive_X& archive);
 bool hasMore(CArchive_X& archive);
 } // namespace xe
 
-/// A buffered stream of values over a CFile_X, for one direction.
+/// A buffered stream of values over a CFile_X, for one direction. Open a file, store or load, close the archive:
 ///
 ///     CFile_X file(L"parts.dat", CFile_X::modeWrite);
 ///     CArchive_X archive(&file, CArchive_X::store);
@@ -45,8 +45,8 @@ bool hasMore(CArchive_X& archive);
 /// |                                             | 1 + 2 + 4 + 8 | else FF FFFF FFFFFFFF                             |
 /// |                                             | 4 each        | then the elements, without a terminator           |
 ///
-/// Nothing is reported and nothing raises but want of memory: a value that the stream does not hold whole is read as 0,
-/// and what follows it too; what the file does not take is lost. Only Read() tells how much came.
+/// Nothing is reported and nothing raises but want of memory (std::bad_alloc): a value that the stream does not hold
+/// whole is read as 0, and what follows it too; what the file does not take is lost. Only Read() tells how much came.
 ///
 /// A CMemFile_X that can grow lends its own block, so nothing is copied in between. Nobody else may use a file while an
 /// archive is open on it. No locks.
@@ -54,35 +54,44 @@ class XE_EXPORT CArchive_X
 {
 public:
     enum Mode : unsigned int {
-        store = 0,
-        load = 1,
+        store = 0,            ///< to the file
+        load = 1,             ///< from the file
         bNoFlushOnDelete = 2, ///< the destructor does not write what is still in the buffer
     };
 
-    /// `file` is not owned and must be open; with a null one everything does nothing. A `bufferSize` below 128 stands
-    /// for 128 and drops the given `buffer`; otherwise the archive works in `buffer`, which the caller owns and which
-    /// has that many bytes, or makes one of its own.
+    /// `mode` is a Mode, with or without bNoFlushOnDelete. `file` is not owned and must be open; with a null one
+    /// everything does nothing. A `bufferSize` in bytes below 128 stands for 128 and drops the given `buffer`;
+    /// otherwise the archive works in `buffer`, which the caller owns and which has that many bytes, or makes one of
+    /// its own.
     CArchive_X(CFile_X* file, unsigned int mode, int bufferSize = 4096, void* buffer = nullptr);
-    ~CArchive_X(); ///< Close(), unless `bNoFlushOnDelete` is set
+    /// Close(), unless bNoFlushOnDelete is set.
+    ~CArchive_X();
     Q_DISABLE_COPY_MOVE(CArchive_X)
 
     bool IsLoading() const { return mode & load; }
     bool IsStoring() const { return !IsLoading(); }
-    CFile_X* GetFile() const { return file; } ///< null after Close() and Abort()
+    /// The file; null after Close() and Abort().
+    CFile_X* GetFile() const { return file; }
 
-    void Close(); ///< completes the file, which stays open, and lets go of it. The archive is not to be used afterwards
-    void Abort(); ///< lets go of the file without writing what is in the buffer
+    /// Writes what is in the buffer, or gives back what was read ahead, and lets go of the file, which stays open. From
+    /// then on stores are dropped and loads give 0.
+    void Close();
+    /// Lets go of the file without writing what is in the buffer. Afterwards as Close().
+    void Abort();
 
-    /// Writes what is in the buffer to the file, or gives back to the file what was read ahead. The file itself is not
-    /// flushed.
+    /// Writes what is in the buffer to the file, or gives back to the file what was read ahead, so that its position is
+    /// that of the archive. The file itself is not flushed.
     void Flush();
 
-    /// Returns the number of bytes got: less than `count` at the end of the stream, 0 when storing.
+    /// Reads bytes. Returns their number: less than `count` at the end of the stream, 0 when storing and for null.
     unsigned int Read(void* buffer, unsigned int count);
-    unsigned int EnsureRead(void* buffer, unsigned int count) { return Read(buffer, count); } ///< ensures nothing
-    void Write(const void* buffer, unsigned int count);                                       ///< nothing when loading
+    /// Read() and no more: unlike the published function it does not raise when bytes are missing.
+    unsigned int EnsureRead(void* buffer, unsigned int count) { return Read(buffer, count); }
+    /// Writes bytes. Nothing when loading, and for null.
+    void Write(const void* buffer, unsigned int count);
 
-    void WriteString(const wchar_t* text); ///< the bare elements, without length, line end or terminator
+    /// Writes the bare elements, 4 bytes each, without length, line end or terminator. Nothing for null.
+    void WriteString(const wchar_t* text);
 
     /// Reads a line of bare elements, at most |max| of them, `max` being taken as a signed number, and terminates it:
     /// the caller promises room for one more. A line ends with LF, or with CR and the element behind it, whatever that
@@ -90,65 +99,69 @@ public:
     /// empty line with a positive `max`, and where the stream has ended.
     wchar_t* ReadString(wchar_t* buffer, unsigned int max);
 
-    /// Reads a line of any length without its LF. 0 if the stream has ended. A 0 element ends the text, and the rest of
-    /// up to 128 elements or to the line end is lost.
+    /// Reads a line of any length without its line end. 1, or 0, with an empty `line`, if the stream has ended. A 0
+    /// element ends the text, and the rest of up to 128 elements or to the line end is lost.
     int ReadString(CString_X& line);
 
-    void WriteCount(unsigned long long count); ///< the low 32 bits
+    /// Writes the low 32 bits of a number in the short form of the table above.
+    void WriteCount(unsigned long long count);
+    /// Reads such a number; 0 where the stream has ended.
     unsigned long long ReadCount();
 
-    // ------------------------------------------------------------------------------------------------------ values
-    // Nothing happens in an archive of the other direction.
+    // ---------------------------------------------------------------------------------------------------------- values
+    // `<<` stores a value in the form of the table above, `>>` loads it; both return the archive. Nothing happens in an
+    // archive of the other direction. A value that the stream does not hold whole is loaded as 0.
 
-    CArchive_X& operator<<(unsigned char value) { return put(value); }
-    CArchive_X& operator<<(unsigned short value) { return put(value); }
-    CArchive_X& operator<<(unsigned int value) { return put(value); }
-    CArchive_X& operator<<(float value) { return put(value); }
-    CArchive_X& operator<<(double value) { return put(value); }
-    CArchive_X& operator<<(long long value) { return put(value); }
-    CArchive_X& operator<<(unsigned long long value) { return put(value); }
-    CArchive_X& operator<<(long value) { return put(value); }
-    CArchive_X& operator<<(int value) { return put(value); }
-    CArchive_X& operator<<(short value) { return put(value); }
-    CArchive_X& operator<<(char value) { return put(value); }
-    CArchive_X& operator<<(wchar_t value) { return put(value); }
-    CArchive_X& operator<<(bool value) { return put(value); }
+    CArchive_X& operator<<(unsigned char value) { return put(value); }      ///< 1 byte
+    CArchive_X& operator<<(unsigned short value) { return put(value); }     ///< 2 bytes
+    CArchive_X& operator<<(unsigned int value) { return put(value); }       ///< 4 bytes
+    CArchive_X& operator<<(float value) { return put(value); }              ///< 4 bytes
+    CArchive_X& operator<<(double value) { return put(value); }             ///< 8 bytes
+    CArchive_X& operator<<(long long value) { return put(value); }          ///< 8 bytes
+    CArchive_X& operator<<(unsigned long long value) { return put(value); } ///< 8 bytes
+    CArchive_X& operator<<(long value) { return put(value); }               ///< 8 bytes
+    CArchive_X& operator<<(int value) { return put(value); }                ///< 4 bytes
+    CArchive_X& operator<<(short value) { return put(value); }              ///< 2 bytes
+    CArchive_X& operator<<(char value) { return put(value); }               ///< 1 byte
+    CArchive_X& operator<<(wchar_t value) { return put(value); }            ///< 4 bytes
+    CArchive_X& operator<<(bool value) { return put(value); }               ///< 1 byte
+    /// The mark of wide text, the length and the elements, zeros and all.
     CArchive_X& operator<<(const CString_X& text);
-    // By way of its pointer a text would be stored as a bool: write CString_X(text).
+    /// Does not compile: by way of its pointer a text would be stored as a bool. Write CString_X(text).
     CArchive_X& operator<<(const wchar_t* text) = delete;
     CArchive_X& operator<<(const char* text) = delete;
 
-    CArchive_X& operator>>(unsigned char& value) { return take(value); }
-    CArchive_X& operator>>(unsigned short& value) { return take(value); }
-    CArchive_X& operator>>(unsigned int& value) { return take(value); }
-    CArchive_X& operator>>(float& value) { return take(value); }
-    CArchive_X& operator>>(double& value) { return take(value); }
-    CArchive_X& operator>>(long long& value) { return take(value); }
-    CArchive_X& operator>>(unsigned long long& value) { return take(value); }
-    CArchive_X& operator>>(long& value) { return take(value); }
-    CArchive_X& operator>>(int& value) { return take(value); }
-    CArchive_X& operator>>(short& value) { return take(value); }
-    CArchive_X& operator>>(char& value) { return take(value); }
-    CArchive_X& operator>>(wchar_t& value) { return take(value); }
-    CArchive_X& operator>>(bool& value);
+    CArchive_X& operator>>(unsigned char& value) { return take(value); }      ///< 1 byte
+    CArchive_X& operator>>(unsigned short& value) { return take(value); }     ///< 2 bytes
+    CArchive_X& operator>>(unsigned int& value) { return take(value); }       ///< 4 bytes
+    CArchive_X& operator>>(float& value) { return take(value); }              ///< 4 bytes
+    CArchive_X& operator>>(double& value) { return take(value); }             ///< 8 bytes
+    CArchive_X& operator>>(long long& value) { return take(value); }          ///< 8 bytes
+    CArchive_X& operator>>(unsigned long long& value) { return take(value); } ///< 8 bytes
+    CArchive_X& operator>>(long& value) { return take(value); }               ///< 8 bytes
+    CArchive_X& operator>>(int& value) { return take(value); }                ///< 4 bytes
+    CArchive_X& operator>>(short& value) { return take(value); }              ///< 2 bytes
+    CArchive_X& operator>>(char& value) { return take(value); }               ///< 1 byte
+    CArchive_X& operator>>(wchar_t& value) { return take(value); }            ///< 4 bytes
+    CArchive_X& operator>>(bool& value);                                      ///< any byte but 0 is true
 
     /// The text stays as it is when the stream does not hold all its elements; they are consumed then. A text without
     /// the mark is read as 32-bit elements all the same.
     CArchive_X& operator>>(CString_X& text);
 
 protected:
-    int directBuffer = 0; ///< whether the file lends its own memory
+    int directBuffer = 0; ///< 1 if the file lends its own memory for the buffer
     int blocking = 0;     ///< 2 if only what was asked for may be read from the file
 public:
-    CString_X fileName; ///< the file's path
+    CString_X fileName; ///< the file's path when the archive was made
 protected:
-    CFile_X* file;
-    unsigned int mode;
-    int userBuffer = 1; ///< whether the buffer is not the archive's own
-    int bufferSize;
-    unsigned char* cursor = nullptr;
-    unsigned char* bufferEnd = nullptr; ///< end of what was read, or of the room
-    unsigned char* bufferStart = nullptr;
+    CFile_X* file;                        ///< null after Close() and Abort()
+    unsigned int mode;                    ///< what the constructor was given
+    int userBuffer = 1;                   ///< 0 if the buffer is the archive's own
+    int bufferSize;                       ///< in bytes
+    unsigned char* cursor = nullptr;      ///< where the next byte is read or written
+    unsigned char* bufferEnd = nullptr;   ///< end of what was read, or of the room
+    unsigned char* bufferStart = nullptr; ///< null while the file lends none
 
 private:
     friend unsigned long long xe::bytesLeft(CArchive_X& archive);
@@ -172,18 +185,19 @@ private:
     void writeElements(const wchar_t* elements, std::size_t count);
 };
 
-/// Objects are not stored: these return the archive.
+/// Objects are neither stored nor loaded, unlike in a published archive: these leave everything alone and return the
+/// archive.
 inline CArchive_X& operator<<(CArchive_X& archive, const CObject_X*) { return archive; }
 inline CArchive_X& operator>>(CArchive_X& archive, CObject_X*&) { return archive; }
 inline CArchive_X& operator>>(CArchive_X& archive, const CObject_X*&) { return archive; }
 
-/// Writes the length of a text as in the table above, with the mark if `wide` is true.
+/// Writes the length of a text in elements as in the table above, behind the mark if `wide` is not 0.
 XE_EXPORT void AfxWriteStringLength_X(CArchive_X& archive, unsigned long length, int wide);
 
-/// Reads such a length. `charSize` becomes 4 if the mark is there, else 1.
+/// Reads such a length; 0 where the stream has ended. `charSize` becomes 4 if the mark is there, else 1.
 XE_EXPORT unsigned long AfxReadStringLength_X(CArchive_X& archive, int& charSize);
 
-// ------------------------------------------------------------------------------------------- short and often called
+// ---------------------------------------------------------------------------------------------- short and often called
 
 template <class T>
 CArchive_X& CArchive_X::put(T value)

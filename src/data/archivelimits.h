@@ -1,4 +1,4 @@
-// What a count that stands on an archive is worth.
+// How much a loading archive has still to give, by which its reader judges a count or length that the stream names.
 #pragma once
 
 #include "xeafxarc.h"
