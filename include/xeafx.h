@@ -16,9 +16,13 @@ class CObject_X;
 
 /// The record that stands for a wrapper class at run time: one static instance a class, its member `s_classInfo`.
 ///
-/// It names the meta-object of the wrapper class and the meta-object (or a list of them) that an imp object must inherit
-/// before the class will wrap it. A class whose imp meta differs from that of its base enters itself in
-/// `g_mapCreateMethod`, so CObject_X::FromImpMetaObject() can make the right wrapper for a Qt object met without one.
+/// It names the meta-object of the wrapper class, and the meta-object of the Qt class, or a list of them, that the
+/// class wraps: an imp object must inherit one of these. A class that wraps another Qt class than its base enters
+/// itself in `g_mapCreateMethod`, so CObject_X::FromImpMetaObject() can make the right wrapper for a Qt object met
+/// without one.
+///
+/// The class macros below write the records. Host code names one by RUNTIME_CLASS_X(), for IsKindOf() and
+/// CreateObject().
 class XE_EXPORT CRuntimeClass_X
 {
 public:
@@ -26,7 +30,8 @@ public:
     using MetaList = QList<const QMetaObject*>;
 
     /// Stores the fields and registers `createFunction` under `impMeta`, or under each entry of `impMetaList`, where
-    /// that differs from `baseImpMeta`. Takes ownership of `impMetaList`, which may be null. `objectSize` is stored only.
+    /// that differs from `baseImpMeta`. Takes ownership of `impMetaList`, which may be null. `objectSize` is stored
+    /// only.
     CRuntimeClass_X(const QMetaObject* meta, const QMetaObject* impMeta, const QMetaObject* baseImpMeta,
                     CreateFunction createFunction, MetaList* impMetaList, int objectSize);
     ~CRuntimeClass_X();
@@ -36,15 +41,18 @@ public:
     /// A null first argument gives an empty list.
     static MetaList* CreateMetaList(const QMetaObject* first, ...);
 
-    /// Enters the pair in `g_mapCreateMethod`. False, with nothing changed, for a null function, a null meta-object, and
-    /// for a meta-object that has an entry already: the first registration stands.
+    /// Enters the pair in `g_mapCreateMethod`. False, with nothing changed, for a null function, a null meta-object,
+    /// and for a meta-object that has an entry already: the first registration stands.
     static bool RegisterCreateObjectMethod(const QMetaObject* impMeta, CreateFunction createFunction);
 
+    /// The meta-object of the wrapper class.
     const QMetaObject* GetMetaObject() const { return m_meta; }
+    /// The meta-object of the Qt class that an imp object must inherit, where the class has no list.
     const QMetaObject* GetImpMetaObject() const { return m_impMeta; }
 
-    /// Class name of the wrapper, and of the imp object it asks for.
+    /// The name of the wrapper class, in UTF-8; it lives as long as the program.
     const char* GetClassName() const { return m_meta->className(); }
+    /// The name of that Qt class, likewise.
     const char* GetImpClassName() const { return m_impMeta->className(); }
 
     /// Size of a wrapper object in bytes.
@@ -81,7 +89,8 @@ extern XE_EXPORT std::map<const QMetaObject*, CRuntimeClass_X::CreateFunction>& 
 /// Life of the pair:
 /// - A wrapper never has a Qt parent. Its owner in code deletes it, or the pool of temporary objects does.
 /// - An imp object attached with `external` false is owned: when the wrapper lets go of it, it is deleted by
-///   `deleteLater()`, so it outlives the wrapper until control returns to the event loop. An external one is left alive.
+///   `deleteLater()`, so it outlives the wrapper until control returns to the event loop. An external one is left
+///   alive.
 /// - When the imp object dies first, the wrapper survives with a null imp object, and OnDetach() is not called.
 ///
 /// Every operation on a wrapper without an imp object does nothing or gives 0. GUI thread only.
@@ -117,7 +126,7 @@ public:
         return qobject_cast<T*>(m_imp);
     }
 
-    /// Stores the pointer and nothing else; gives the previous one.
+    /// Stores the pointer and does nothing else that Attach() does; gives the previous one.
     QObject* SetImpQObject(QObject* imp);
 
     /// Marks the wrapper as temporary and hands it to the pool, which deletes it at the next idle moment outside a host
@@ -128,7 +137,8 @@ public:
     /// True while an imp object is attached that the wrapper does not own.
     bool IsExternalImpObj() const { return m_flags & ExternalImp; }
 
-    /// Ties this wrapper to `imp`, after letting go of an imp object it may have. `external` false hands over ownership.
+    /// Ties this wrapper to `imp`, after letting go of an imp object it may have. `external` false hands over
+    /// ownership.
     ///
     /// False for a null `imp`, with nothing changed; for an `imp` of the wrong class, which is left alone when it is
     /// external and **deleted at once** when it is not; and when OnAttach() refuses, which detaches again.
@@ -149,8 +159,11 @@ public:
     static const QMetaObject* GetImpMetaObject() { return &QObject::staticMetaObject; }
     static CRuntimeClass_X::MetaList* GetImpMetaList() { return nullptr; }
 
+    /// True if the object's class is this one or derives from it; false for null. Every class needs Q_OBJECT to be told
+    /// from its base.
     bool IsKindOf(const CRuntimeClass_X* runtimeClass) const;
     bool IsKindOf(const char* className) const;
+    /// The name of the object's class, in UTF-8; it lives as long as the program.
     const char* GetClassName() const { return metaObject()->className(); }
 
     /// Looks for a slot of this name, inherited ones included, from method index 0 upward. The first match is left in
@@ -170,7 +183,8 @@ public:
 
     QT_WARNING_PUSH
     QT_WARNING_DISABLE_GCC("-Woverloaded-virtual") // CWnd_X hides it by its form for a parent window
-    /// Makes a default imp object with this Qt parent and attaches it as an owned one.
+    /// Makes a default imp object with this Qt parent (here a QObject) and attaches it as an owned one; the result is
+    /// that of Attach().
     virtual bool AttachDefault(QObject* parent);
     QT_WARNING_POP
     /// Called at the end of Attach(); false undoes the attachment.
@@ -178,14 +192,19 @@ public:
     /// Called at the end of Detach(), when the imp object is no longer attached.
     virtual void OnDetach();
     /// Moves connections that end at `from` to the wrapper's slots of the same names, as far as the signal's arguments
-    /// fit. Connections to functors are left alone. With `keep` the old connection stays beside the new one.
+    /// fit. Connections to functors are left alone. With `keep` the old connection stays beside the new one. Nothing
+    /// for null.
     virtual void ConnectSlotsFrom(QObject* from, bool keep);
+    /// The record of the object's class.
     virtual CRuntimeClass_X* GetRuntimeClass() const;
+    /// Stores the object to the archive, or loads it, as CArchive_X::IsStoring() tells. Here nothing.
     virtual void Serialize(CArchive_X& archive);
     /// Writes "a ", the class name, " at ", the address and a line feed.
     virtual void Dump(CDumpContext_X& context) const;
 
+    /// A new object of the class, owned by the caller.
     static CObject_X* CreateObject();
+    /// The record of the class.
     static CRuntimeClass_X s_classInfo;
 
 public Q_SLOTS:
@@ -204,7 +223,7 @@ private:
     unsigned m_flags = 0;
 };
 
-// ------------------------------------------------------------------------------------------------ class macros
+// -------------------------------------------------------------------------------------------------------- class macros
 
 /// In the class, beside Q_OBJECT: the run-time class record. Members that follow are public.
 #define DECLARE_DYNAMIC_X(className)                                                              \
@@ -248,7 +267,7 @@ public:                              \
 /// object that is deleted earlier leaves the pool by itself.
 XE_EXPORT void AppendTempObjectPool(QObject* object);
 
-// ---------------------------------------------------------------------------------------------- command target
+// ------------------------------------------------------------------------------------------------------ command target
 
 /// A wrapper that takes messages: it adds the point at which a message map is filled.
 class XE_EXPORT CCmdTarget_X : public CObject_X
