@@ -98,7 +98,7 @@ enum URL_PART : int {
 inline constexpr DWORD URL_PARTFLAG_KEEPSCHEME = 1; ///< "http:80" instead of "80"
 
 /// Copies one part of a URL with its terminator into a buffer of `*size` elements, and sets `*size` to its length. The
-/// query is what follows the first "?" behind the host's "/", up to the end of the text.
+/// query begins with the first "?" behind the host's "/", that sign included, and goes up to the end of the text.
 ///
 /// E_POINTER if it does not fit, with `*size` set to what it needs. S_FALSE for a part that the URL has not, or that is
 /// empty. E_FAIL for a part other than the scheme of a URL that is no "ftp", "http", "gopher", "telnet", "file" or

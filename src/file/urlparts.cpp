@@ -79,7 +79,7 @@ std::optional<Pieces> piecesOf(const wchar_t* place)
         pieces[URL_PART_PORT] = takeRun(place, isPortElement);
     const wchar_t* const query = *place == L'/' ? std::wcschr(place, L'?') : nullptr;
     if (query)
-        pieces[URL_PART_QUERY] = query + 1;
+        pieces[URL_PART_QUERY] = query;
     return pieces;
 }
 
