@@ -25,7 +25,8 @@ class QMenuBar;
 
 namespace xe {
 class DispatchFrame;
-}
+struct EventRow;
+} // namespace xe
 
 /// Allows a member that takes a window's widget to take its wrapper as well.
 template <class Window>
@@ -449,7 +450,7 @@ private:
     int showByStyle();
     void deleteBars();
 
-    bool filterMessage(QObject* target, QEvent* event);
+    bool filterMessage(const xe::EventRow& row, QObject* target, QEvent* event);
     bool filterWithoutMessage(QObject* target, QEvent* event);
     bool callEntry(const xe::DispatchFrame& frame, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     bool offerCursorToAncestors(const xe::DispatchFrame& frame, WPARAM wParam, LPARAM lParam, LRESULT& result);

@@ -17,6 +17,10 @@ class QKeyEvent;
 class QTimer;
 struct tagMSG;
 
+namespace xe {
+struct EventRow;
+}
+
 inline constexpr int WH_KEYBOARD = 2;
 inline constexpr int WH_MOUSE = 7;
 
@@ -66,7 +70,7 @@ private:
     template <class Function>
     void remove(QList<Function>& chain, Function function);
     void dropRemoved();
-    bool offerToChains(const QPointer<QObject>& object, QEvent* event);
+    bool offerToChains(const xe::EventRow& row, const QPointer<QObject>& object, QEvent* event);
     bool callHooks(const tagMSG& message);
     bool callMessageFunctions(const QPointer<QObject>& object, tagMSG& message);
 

@@ -11,23 +11,16 @@
 #include <QWheelEvent>
 #include <QWidget>
 
+namespace xe {
+
 namespace {
-
-using xe::PointerPosition;
-
-struct Parameters
-{
-    UINT message;
-    WPARAM wParam = 0;
-    LPARAM lParam = 0;
-};
 
 // Two 16-bit halves; the sign of a half is not extended beyond bit 31.
 LPARAM packed(int x, int y) { return static_cast<quint32>(y) << 16 | (static_cast<quint32>(x) & 0xFFFF); }
 
 LPARAM packed(QPointF position) { return packed(qRound(position.x()), qRound(position.y())); }
 
-LPARAM address(const QObject* object) { return static_cast<LPARAM>(reinterpret_cast<quintptr>(object)); }
+LPARAM address(const QObject& object) { return static_cast<LPARAM>(reinterpret_cast<quintptr>(&object)); }
 
 UINT byButton(Qt::MouseButton button, UINT left, UINT right, UINT middle)
 {
@@ -57,97 +50,77 @@ UINT mouseMessage(const QMouseEvent& event)
     }
 }
 
-Parameters translateMouse(const QMouseEvent& event)
+} // namespace
+
+MessageParameters translateTimer(const QObject&, const QEvent& event, PointerPosition&)
 {
-    const int flags = qt_kb_flag_2_flag(event.modifiers()) | qt_mouse_flag_2_flag(event.buttons());
-    return {mouseMessage(event), static_cast<WPARAM>(flags), packed(event.localPos())};
+    return {WM_TIMER, static_cast<WPARAM>(static_cast<const QTimerEvent&>(event).timerId())};
 }
 
-Parameters translateKey(const QKeyEvent& event)
+MessageParameters translateMouse(const QObject&, const QEvent& event, PointerPosition&)
 {
-    const bool release = event.type() == QEvent::KeyRelease;
-    const bool alt = event.modifiers() & Qt::AltModifier;
+    const auto& mouse = static_cast<const QMouseEvent&>(event);
+    const int flags = qt_kb_flag_2_flag(mouse.modifiers()) | qt_mouse_flag_2_flag(mouse.buttons());
+    return {mouseMessage(mouse), static_cast<WPARAM>(flags), packed(mouse.localPos())};
+}
+
+MessageParameters translateKey(const QObject&, const QEvent& event, PointerPosition&)
+{
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    const bool release = key.type() == QEvent::KeyRelease;
+    const bool alt = key.modifiers() & Qt::AltModifier;
     return {alt ? (release ? WM_SYSKEYUP : WM_SYSKEYDOWN) : (release ? WM_KEYUP : WM_KEYDOWN),
-            static_cast<WPARAM>(static_cast<long>(qt_key_to_ansi_vk(event.key()))), // all ones for a key without a VK
-            xe::keyFlags(event.modifiers()) | (release ? 0x80000001 : 1)};
+            static_cast<WPARAM>(static_cast<long>(qt_key_to_ansi_vk(key.key()))), // all ones for a key without a VK
+            keyFlags(key.modifiers()) | (release ? 0x80000001 : 1)};
 }
 
-Parameters translateWheel(const QWheelEvent& event)
+MessageParameters translateResize(const QObject&, const QEvent& event, PointerPosition&)
 {
+    const QSize size = static_cast<const QResizeEvent&>(event).size();
+    return {WM_SIZE, 0, packed(size.width(), size.height())};
+}
+
+MessageParameters translateActivation(const QObject& target, const QEvent& event, PointerPosition&)
+{
+    return {WM_ACTIVATE, event.type() == QEvent::WindowActivate ? WA_ACTIVE : WA_INACTIVE, address(target)};
+}
+
+MessageParameters translateWheel(const QObject&, const QEvent& event, PointerPosition&)
+{
+    const auto& wheel = static_cast<const QWheelEvent&>(event);
     QT_WARNING_PUSH
     QT_WARNING_DISABLE_DEPRECATED // angleDelta() is not what an event of the older constructors has as its delta
-        return {WM_MOUSEWHEEL, static_cast<quint32>(event.delta()) << 16, packed(event.position())};
+        return {WM_MOUSEWHEEL, static_cast<quint32>(wheel.delta()) << 16, packed(wheel.position())};
     QT_WARNING_POP
 }
 
-Parameters translateHover(const QHoverEvent& event)
+MessageParameters translateContextMenu(const QObject& target, const QEvent& event, PointerPosition&)
 {
-    return {event.type() == QEvent::HoverEnter ? WM_MOUSEHOVER : WM_MOUSELEAVE,
-            static_cast<WPARAM>(qt_kb_flag_2_flag(event.modifiers())), packed(event.posF())};
+    const auto& menu = static_cast<const QContextMenuEvent&>(event);
+    return {WM_CONTEXTMENU, static_cast<WPARAM>(address(target)), packed(menu.x(), menu.y())};
 }
 
-Parameters translateFrameRelease(const QObject* target, const QMouseEvent& event, PointerPosition& pointer)
+MessageParameters translateHover(const QObject&, const QEvent& event, PointerPosition&)
 {
-    if (event.button() != Qt::LeftButton || !target->isWidgetType())
+    const auto& hover = static_cast<const QHoverEvent&>(event);
+    return {hover.type() == QEvent::HoverEnter ? WM_MOUSEHOVER : WM_MOUSELEAVE,
+            static_cast<WPARAM>(qt_kb_flag_2_flag(hover.modifiers())), packed(hover.posF())};
+}
+
+MessageParameters translateFrameRelease(const QObject& target, const QEvent& event, PointerPosition& pointer)
+{
+    if (static_cast<const QMouseEvent&>(event).button() != Qt::LeftButton || !target.isWidgetType())
         return {XE_WM_NONE};
     const QPoint cursor = pointer.get();
-    return {WM_NCLBUTTONUP, static_cast<WPARAM>(xe::frameHitCode(*static_cast<const QWidget*>(target), cursor)),
+    return {WM_NCLBUTTONUP, static_cast<WPARAM>(frameHitCode(static_cast<const QWidget&>(target), cursor)),
             packed(cursor.x(), cursor.y())};
 }
 
-// A flat table: one line or call an event type.
-Parameters parametersOf(const QObject* target, const QEvent* event, PointerPosition& pointer)
+MessageParameters translateCarrier(const QObject&, const QEvent& event, PointerPosition&)
 {
-    switch (static_cast<int>(event->type())) {
-    case QEvent::Timer:
-        return {WM_TIMER, static_cast<WPARAM>(static_cast<const QTimerEvent*>(event)->timerId())};
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseMove:
-        return translateMouse(*static_cast<const QMouseEvent*>(event));
-    case QEvent::KeyPress:
-    case QEvent::KeyRelease:
-        return translateKey(*static_cast<const QKeyEvent*>(event));
-    case QEvent::Leave:
-        return {WM_MOUSELEAVE};
-    case QEvent::Paint:
-        return {WM_PAINT};
-    case QEvent::Resize: {
-        const QSize size = static_cast<const QResizeEvent*>(event)->size();
-        return {WM_SIZE, 0, packed(size.width(), size.height())};
-    }
-    case QEvent::Close:
-        return {WM_CLOSE};
-    case QEvent::WindowActivate:
-        return {WM_ACTIVATE, WA_ACTIVE, address(target)};
-    case QEvent::WindowDeactivate:
-        return {WM_ACTIVATE, WA_INACTIVE, address(target)};
-    case QEvent::ShowToParent:
-        return {WM_SHOWWINDOW};
-    case QEvent::Wheel:
-        return translateWheel(*static_cast<const QWheelEvent*>(event));
-    case QEvent::ContextMenu: {
-        const auto* menu = static_cast<const QContextMenuEvent*>(event);
-        return {WM_CONTEXTMENU, static_cast<WPARAM>(address(target)), packed(menu->x(), menu->y())};
-    }
-    case QEvent::HoverEnter:
-    case QEvent::HoverLeave:
-        return translateHover(*static_cast<const QHoverEvent*>(event));
-    case QEvent::NonClientAreaMouseButtonRelease:
-        return translateFrameRelease(target, *static_cast<const QMouseEvent*>(event), pointer);
-    case XeWinMsgEvent::EventType: {
-        const auto* message = static_cast<const XeWinMsgEvent*>(event);
-        return {message->message, message->wParam, message->lParam};
-    }
-    default:
-        return {XE_WM_NONE};
-    }
+    const auto& carrier = static_cast<const XeWinMsgEvent&>(event);
+    return {carrier.message, carrier.wParam, carrier.lParam};
 }
-
-} // namespace
-
-namespace xe {
 
 LPARAM keyFlags(Qt::KeyboardModifiers modifiers) { return static_cast<LPARAM>(qt_kb_flag_2_flag(modifiers)) << 16; }
 
@@ -167,12 +140,6 @@ int frameHitCode(const QWidget& widget, QPoint cursor)
     if (rightOfContents && cursor.y() < bottom && cursor.y() > titleBottom)
         code = HTRIGHT;
     return code;
-}
-
-tagMSG translateEvent(QObject* target, const QEvent* event, PointerPosition& pointer)
-{
-    const Parameters parameters = parametersOf(target, event, pointer);
-    return {target, parameters.message, parameters.wParam, parameters.lParam, 0, {0, 0}};
 }
 
 void stampMessage(tagMSG& message, PointerPosition& pointer)
@@ -202,10 +169,11 @@ int mfc_flag_2_qt_mouse_flag(unsigned) { return 0; }
 
 int xeQEventToMsg(QObject* target, QEvent* event, tagMSG* out)
 {
-    if (!target || !event || !out || !xe::hasMessage(event->type()))
+    const xe::EventRow* const row = target && event && out ? xe::eventRow(event->type()) : nullptr;
+    if (!row)
         return 0;
-    PointerPosition pointer;
-    *out = xe::translateEvent(target, event, pointer);
+    xe::PointerPosition pointer;
+    *out = xe::translateEvent(*row, *target, *event, pointer);
     xe::stampMessage(*out, pointer);
     return 1;
 }

@@ -1,3 +1,4 @@
+// Which Qt events have a message, and what it is.
 #pragma once
 
 #include "xeafxmsg.h"
@@ -5,6 +6,9 @@
 #include <QCursor>
 #include <QPoint>
 
+#include <array>
+#include <cstdint>
+#include <iterator>
 #include <optional>
 
 class QWidget;
@@ -26,38 +30,94 @@ private:
     std::optional<QPoint> m_position;
 };
 
-/// True for the event types that have a message. Every event of every wrapped widget passes here.
-constexpr bool hasMessage(QEvent::Type type)
+/// What a translation takes from an event.
+struct MessageParameters
 {
-    switch (static_cast<int>(type)) {
-    case QEvent::Timer:
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseMove:
-    case QEvent::KeyPress:
-    case QEvent::KeyRelease:
-    case QEvent::Leave:
-    case QEvent::Paint:
-    case QEvent::Resize:
-    case QEvent::Close:
-    case QEvent::WindowActivate:
-    case QEvent::WindowDeactivate:
-    case QEvent::ShowToParent:
-    case QEvent::Wheel:
-    case QEvent::ContextMenu:
-    case QEvent::HoverEnter:
-    case QEvent::HoverLeave:
-    case QEvent::NonClientAreaMouseButtonRelease:
-    case XeWinMsgEvent::EventType:
-        return true;
-    default:
-        return false;
-    }
+    UINT message;
+    WPARAM wParam = 0;
+    LPARAM lParam = 0;
+};
+
+using Translator = MessageParameters (*)(const QObject& target, const QEvent& event, PointerPosition& pointer);
+
+template <UINT message>
+MessageParameters translatePlain(const QObject&, const QEvent&, PointerPosition&)
+{
+    return {message};
+}
+MessageParameters translateTimer(const QObject& target, const QEvent& event, PointerPosition& pointer);
+MessageParameters translateMouse(const QObject& target, const QEvent& event, PointerPosition& pointer);
+MessageParameters translateKey(const QObject& target, const QEvent& event, PointerPosition& pointer);
+MessageParameters translateResize(const QObject& target, const QEvent& event, PointerPosition& pointer);
+MessageParameters translateActivation(const QObject& target, const QEvent& event, PointerPosition& pointer);
+MessageParameters translateWheel(const QObject& target, const QEvent& event, PointerPosition& pointer);
+MessageParameters translateContextMenu(const QObject& target, const QEvent& event, PointerPosition& pointer);
+MessageParameters translateHover(const QObject& target, const QEvent& event, PointerPosition& pointer);
+MessageParameters translateFrameRelease(const QObject& target, const QEvent& event, PointerPosition& pointer);
+MessageParameters translateCarrier(const QObject& target, const QEvent& event, PointerPosition& pointer);
+
+/// An event type that has a message.
+struct EventRow
+{
+    int type;
+    bool shownToHooks; ///< whether hooks and message functions may see it
+    Translator translate;
+};
+
+inline constexpr EventRow eventRows[] = {
+    {QEvent::Timer, true, translateTimer},
+    {QEvent::MouseButtonPress, true, translateMouse},
+    {QEvent::MouseButtonRelease, true, translateMouse},
+    {QEvent::MouseButtonDblClick, true, translateMouse},
+    {QEvent::MouseMove, true, translateMouse},
+    {QEvent::KeyPress, true, translateKey},
+    {QEvent::KeyRelease, true, translateKey},
+    {QEvent::Leave, false, translatePlain<WM_MOUSELEAVE>},
+    {QEvent::Paint, false, translatePlain<WM_PAINT>},
+    {QEvent::Resize, false, translateResize},
+    {QEvent::Close, true, translatePlain<WM_CLOSE>},
+    {QEvent::WindowActivate, false, translateActivation},
+    {QEvent::WindowDeactivate, false, translateActivation},
+    {QEvent::ShowToParent, false, translatePlain<WM_SHOWWINDOW>},
+    {QEvent::Wheel, true, translateWheel},
+    {QEvent::ContextMenu, true, translateContextMenu},
+    {QEvent::HoverEnter, false, translateHover},
+    {QEvent::HoverLeave, false, translateHover},
+    {QEvent::NonClientAreaMouseButtonRelease, true, translateFrameRelease},
+    {XeWinMsgEvent::EventType, false, translateCarrier}, // the last
+};
+
+namespace detail {
+
+constexpr int qtTypeCount = 256;
+using RowNumbers = std::array<std::uint8_t, qtTypeCount>;
+
+constexpr RowNumbers rowNumbersByType()
+{
+    RowNumbers numbers{}; // from 1
+    for (std::uint8_t i = 0; i + 1u < std::size(eventRows); ++i)
+        numbers[eventRows[i].type] = i + 1;
+    return numbers;
 }
 
-/// The message of an event whose type has one, without time and pointer position.
-tagMSG translateEvent(QObject* target, const QEvent* event, PointerPosition& pointer);
+inline constexpr RowNumbers rowNumbers = rowNumbersByType();
+
+} // namespace detail
+
+/// The row of an event type, null for one without a message. Every event of every wrapped widget passes here.
+constexpr const EventRow* eventRow(int type)
+{
+    if (type >= 0 && type < detail::qtTypeCount)
+        return detail::rowNumbers[type] ? &eventRows[detail::rowNumbers[type] - 1] : nullptr;
+    return type == XeWinMsgEvent::EventType ? &eventRows[std::size(eventRows) - 1] : nullptr;
+}
+
+/// The message of an event whose type has a row, without time and pointer position.
+inline tagMSG translateEvent(const EventRow& row, QObject& target, const QEvent& event, PointerPosition& pointer)
+{
+    const MessageParameters parameters = row.translate(target, event, pointer);
+    return {&target, parameters.message, parameters.wParam, parameters.lParam, 0, {0, 0}};
+}
 
 /// The modifiers as key messages carry them: MK_ flags in bits 16 to 21, where Windows has the scan code.
 LPARAM keyFlags(Qt::KeyboardModifiers modifiers);

@@ -28,27 +28,6 @@ bool isHostClass(const QObject& object)
            || !std::strcmp(name, "XeQtCommandBar");
 }
 
-// Types that have a message, but one of no interest to a hook, and the library's own.
-bool isWithoutInterest(QEvent::Type type)
-{
-    switch (static_cast<int>(type)) {
-    case QEvent::Leave:
-    case QEvent::Paint:
-    case QEvent::Resize:
-    case QEvent::WindowActivate:
-    case QEvent::WindowDeactivate:
-    case QEvent::ShowToParent:
-    case QEvent::WindowBlocked:
-    case QEvent::WindowUnblocked:
-    case QEvent::HoverEnter:
-    case QEvent::HoverLeave:
-    case XeWinMsgEvent::EventType:
-        return true;
-    default:
-        return false;
-    }
-}
-
 bool isHostCommandActive()
 {
     const QWidget* const frame = TavoGetMainFrame();
@@ -144,8 +123,8 @@ void QGlobalEventHandler::RemoveWinMsgFn(WinMsgFn function) { remove(m_messageFu
 
 bool QGlobalEventHandler::eventFilter(QObject* object, QEvent* event)
 {
-    if (!object || !event || isWithoutInterest(event->type()) || !isHostClass(*object) || IsEmptyHookChain()
-        || !xe::hasMessage(event->type()))
+    const xe::EventRow* const row = event ? xe::eventRow(event->type()) : nullptr;
+    if (!object || !row || !row->shownToHooks || !isHostClass(*object) || IsEmptyHookChain())
         return false;
 
     const QPointer<QObject> living(object);
@@ -154,17 +133,17 @@ bool QGlobalEventHandler::eventFilter(QObject* object, QEvent* event)
         --m_walks;
         dropRemoved();
     });
-    const bool stopped = offerToChains(living, event);
+    const bool stopped = offerToChains(*row, living, event);
     if (living)
         return stopped;
     event->setAccepted(true); // Qt must go on neither with an object that is gone nor from it to its parents
     return true;
 }
 
-bool QGlobalEventHandler::offerToChains(const QPointer<QObject>& object, QEvent* event)
+bool QGlobalEventHandler::offerToChains(const xe::EventRow& row, const QPointer<QObject>& object, QEvent* event)
 {
     xe::PointerPosition pointer;
-    tagMSG message = xe::translateEvent(object, event, pointer);
+    tagMSG message = xe::translateEvent(row, *object, *event, pointer);
     const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
     if (isKey && !IsRepeatFilterKeyEvent(static_cast<QKeyEvent*>(event)) && callHooks(message))
         return true;

@@ -49,7 +49,8 @@ bool CWnd_X::eventFilter(QObject* target, QEvent* event)
 {
     if (!event)
         return false;
-    return target && xe::hasMessage(event->type()) ? filterMessage(target, event) : filterWithoutMessage(target, event);
+    const xe::EventRow* const row = target ? xe::eventRow(event->type()) : nullptr;
+    return row ? filterMessage(*row, target, event) : filterWithoutMessage(target, event);
 }
 
 bool CWnd_X::filterWithoutMessage(QObject* target, QEvent* event)
@@ -66,13 +67,13 @@ bool CWnd_X::filterWithoutMessage(QObject* target, QEvent* event)
     return QObject::eventFilter(target, event);
 }
 
-bool CWnd_X::filterMessage(QObject* target, QEvent* event)
+bool CWnd_X::filterMessage(const xe::EventRow& row, QObject* target, QEvent* event)
 {
     const xe::DispatchFrame frame(*this, event);
     const QPointer<QObject> living(target);
 
     xe::PointerPosition pointer;
-    tagMSG message = xe::translateEvent(target, event, pointer);
+    tagMSG message = xe::translateEvent(row, *target, *event, pointer);
     if (looksAtMessages(*this))
         xe::stampMessage(message, pointer);
 
