@@ -278,47 +278,99 @@ struct AFX_MSGMAP_ENTRY_X
     AFX_PMSG_X secondHandler; ///< called after it with CWnd_X* instead; its result replaces the first one's
 };
 
-/// Signature codes that the macros below write. The name lists the result and what is unpacked from wParam and lParam:
-/// v void, b BOOL, u UINT, i int, l LRESULT or LPARAM, w WPARAM, W window, p CPoint, D device context, s pointer.
-/// Codes without a name here are as valid in CWnd_X::AddMsgMapEntry(); a code that unpacks nothing (1 is one) swallows
-/// its message without a call.
+/// Signature codes: what a handler is called with, and what becomes of its result. The macros below write them.
+///
+/// The name lists the result and what is unpacked from wParam and lParam: v void, b BOOL, u UINT, i int, l LRESULT or
+/// LPARAM, w WPARAM, W window, p CPoint, D device context, h handle, s or S pointer. A number without a name is as valid
+/// in CWnd_X::AddMsgMapEntry(): it unpacks nothing and swallows its message without a call.
 enum AfxSig_X : unsigned long {
     AfxSig_b_D_v = 1, ///< never called: there is no device context outside a paint event
+    AfxSig_b_b_v = 2,
+    AfxSig_b_u_v = 3,
+    AfxSig_b_h_v = 4,
     AfxSig_b_W_uu = 5,
+    AfxSig_b_W_COPYDATASTRUCT = 6,
+    AfxSig_b_v_HELPINFO = 7,
     AfxSig_CTLCOLOR = 8, ///< never called, likewise
+    AfxSig_i_u_W_u = 10,
+    AfxSig_i_uu_v = 11,
+    AfxSig_i_W_uu = 12,
     AfxSig_i_v_s = 13,
     AfxSig_l_w_l = 14,
+    AfxSig_v_b_h = 16,
     AfxSig_v_h_v = 17,
+    AfxSig_v_h_h = 18,
     AfxSig_v_v_v = 19,
     AfxSig_v_u_v = 20,
     AfxSig_v_up_v = 21,
     AfxSig_v_u_u = 22,
+    AfxSig_v_uu_v = 23,
     AfxSig_v_v_ii = 24,
     AfxSig_v_u_uu = 25,
     AfxSig_v_u_ii = 26,
+    AfxSig_v_u_W = 27,
+    AfxSig_i_u_v = 28,
+    AfxSig_u_u_v = 29,
+    AfxSig_b_v_v = 30,
+    AfxSig_v_w_l = 31,
     AfxSig_v_W_v = 36,
     AfxSig_v_v_W = 37,
+    AfxSig_v_W_uu = 38,
     AfxSig_v_W_p = 39,
+    AfxSig_v_W_h = 40,
+    AfxSig_C_v_v = 41,
     AfxSig_ACTIVATE = 42,
     AfxSig_SCROLL = 43,
+    AfxSig_SCROLL_REFLECT = 44,
+    AfxSig_v_v_s = 45,
     AfxSig_v_u_cs = 46,
     AfxSig_OWNERDRAW = 47,
+    AfxSig_i_i_s = 48,
+    AfxSig_u_v_p = 49,
+    AfxSig_u_v_v = 50,
+    AfxSig_v_b_NCCALCSIZEPARAMS = 51,
     AfxSig_v_v_WINDOWPOS = 52,
+    AfxSig_v_uu_M = 53,
     AfxSig_v_u_p = 54,
     AfxSig_SIZING = 55,
-    AfxSig_MOUSEWHEEL = 56,
+    AfxSig_MOUSEWHEEL = 56, ///< 0 passes the message up
+    AfxSig_MOUSEHWHEEL = 57,
+    AfxSig_l = 70, ///< a result that is not 0 passes the message up
     AfxSig_l_p = 71,
+    AfxSig_u_W_u = 72,
+    AfxSig_u_v_MENUGETOBJECTINFO = 75,
+    AfxSig_v_u_LPMDINEXTMENU = 77,
+    AfxSig_APPCOMMAND = 78,
+    AfxSig_RAWINPUT = 79,
+    AfxSig_u_u_u = 80,
+    AfxSig_MOUSE_XBUTTON = 81,
+    AfxSig_MOUSE_NCXBUTTON = 82,
+    AfxSig_INPUTLANGCHANGE = 83,
+    AfxSig_v_u_h = 84,
+    AfxSig_INPUTDEVICECHANGE = 85,
+    AfxSig_i_v_S = 87,
+    AfxSig_h_v_v = 89,
+    AfxSig_h_b_h = 90,
+    AfxSig_b_v_ii = 91,
+    AfxSig_h_h_h = 92,
+    AfxSig_MDINext = 93,
+    AfxSig_u_u_l = 94,
+    AfxSig_v_w_p = 95,
 };
+
+namespace xe::detail {
 
 /// A handler under another function type. A compiler would warn of a cast, since only the caller knows the true type.
 template <class To, class From>
-To xeHandlerCast(From handler)
+To handlerCast(From handler)
 {
     static_assert(sizeof(To) == sizeof(From));
     To result;
     std::memcpy(&result, &handler, sizeof result);
     return result;
 }
+
+} // namespace xe::detail
 
 /// Takes the type off a handler, after checking it: `XeHandler<void(UINT, CPoint)>::of(&CView::OnLButtonDown)` compiles
 /// for a handler of exactly that type only, and picks it out of overloads.
@@ -331,7 +383,7 @@ struct XeHandler<Result(Args...)>
     template <class Class>
     static AFX_PMSG_X of(Result (Class::*handler)(Args...))
     {
-        return xeHandlerCast<AFX_PMSG_X>(static_cast<Result (CWnd_X::*)(Args...)>(handler));
+        return xe::detail::handlerCast<AFX_PMSG_X>(static_cast<Result (CWnd_X::*)(Args...)>(handler));
     }
 };
 

@@ -119,7 +119,7 @@ using Caller = bool (*)(CWnd_X&, const DispatchFrame&, const AFX_MSGMAP_ENTRY_X&
 template <class Result, class... Args>
 __attribute__((no_sanitize("vptr"))) bool invoke(CWnd_X& window, AFX_PMSG_X handler, LRESULT& result, Args... args)
 {
-    const auto typed = xeHandlerCast<typename Result::Type (CWnd_X::*)(Args...)>(handler);
+    const auto typed = xe::detail::handlerCast<typename Result::Type (CWnd_X::*)(Args...)>(handler);
     if constexpr (std::is_void_v<typename Result::Type>) {
         (window.*typed)(args...);
         return true;
@@ -182,81 +182,81 @@ bool both(CWnd_X& window, const DispatchFrame& frame, const AFX_MSGMAP_ENTRY_X& 
 
 struct Row
 {
-    unsigned long code;
+    AfxSig_X code;
     Caller call;
 };
 
 constexpr Row rows[] = {
-    {2, single<I32, P>},
-    {3, single<I32, P>},
-    {4, single<I32, P>},
-    {5, both<I32, WndP, LL, LH>},
-    {6, both<I32, WndP, L>},
-    {7, single<I32, L>},
-    {10, both<I32, PL, WndL, PH>},
-    {11, single<I32, PL, PH>},
-    {12, both<I32, WndP, LL, LH>},
-    {13, single<I32, L>},
-    {14, single<I64, P, L>},
-    {16, single<Zero, P, L>},
-    {17, single<Zero, P>},
-    {18, single<Zero, P, L>},
-    {19, single<Zero>},
-    {20, single<Zero, P32>},
-    {21, single<Zero, P>},
-    {22, single<Zero, P, L32>},
-    {23, single<Zero, PL, PH>},
-    {24, single<Zero, LL, LH>},
-    {25, single<Zero, P32, LL, LH>},
-    {26, single<Zero, P32, LL, LH>},
-    {27, both<Zero, P, WndL>},
-    {28, single<I32, P>},
-    {29, single<U32, P>},
-    {30, single<I32>},
-    {31, single<Zero, P, L>},
-    {36, both<Zero, WndP>},
-    {37, both<Zero, WndL>},
-    {38, both<Zero, WndP, LL, LH>},
-    {39, both<Zero, WndP, pt>},
-    {40, both<Zero, WndP, L>},
-    {41, single<I64>},
-    {42, both<Zero, PL, WndL, PH>},
-    {43, both<Zero, sPL, sPH, WndL>},
-    {44, single<Zero, sPL, sPH>},
-    {45, single<Zero, L>},
-    {46, single<Zero, P, L>},
-    {47, single<One, P, L>},
-    {48, single<I32, P32, L>},
-    {49, single<U32, pt>},
-    {50, single<U32>},
-    {51, single<Zero, P, L>},
-    {52, single<Zero, L>},
-    {53, single<Zero, PL, PH, L>},
-    {54, single<Zero, P, pt>},
-    {55, single<One, P, L>},
-    {56, single<WheelResult, PL, Wheel, upt>},
-    {57, single<Zero, PL, Wheel, upt>},
-    {70, single<ClaimResult>},
-    {71, single<I64, pt>},
-    {72, both<U32, WndP, L32>},
-    {75, single<U32, L>},
-    {77, single<Zero, P, L>},
-    {78, both<One, WndP, LH12, LHDevice, LL>},
-    {79, single<Zero, P8, L>},
-    {80, single<U32, P, L32>},
-    {81, single<One, PL, PH, upt>},
-    {82, single<One, PL, PH, upt>},
-    {83, single<One, P, L32>},
-    {84, single<Zero, P, L>},
-    {85, single<Zero, P, L>},
-    {87, single<I32, L>},
-    {89, single<I64>},
-    {90, single<I64, P, L>},
-    {91, single<I32, LH, LL>},
-    {92, single<I64, P, L>},
-    {93, both<Zero, WndP, L32>},
-    {94, single<U32, P, L>},
-    {95, single<Zero, P, pt>},
+    {AfxSig_b_b_v, single<I32, P>},
+    {AfxSig_b_u_v, single<I32, P>},
+    {AfxSig_b_h_v, single<I32, P>},
+    {AfxSig_b_W_uu, both<I32, WndP, LL, LH>},
+    {AfxSig_b_W_COPYDATASTRUCT, both<I32, WndP, L>},
+    {AfxSig_b_v_HELPINFO, single<I32, L>},
+    {AfxSig_i_u_W_u, both<I32, PL, WndL, PH>},
+    {AfxSig_i_uu_v, single<I32, PL, PH>},
+    {AfxSig_i_W_uu, both<I32, WndP, LL, LH>},
+    {AfxSig_i_v_s, single<I32, L>},
+    {AfxSig_l_w_l, single<I64, P, L>},
+    {AfxSig_v_b_h, single<Zero, P, L>},
+    {AfxSig_v_h_v, single<Zero, P>},
+    {AfxSig_v_h_h, single<Zero, P, L>},
+    {AfxSig_v_v_v, single<Zero>},
+    {AfxSig_v_u_v, single<Zero, P32>},
+    {AfxSig_v_up_v, single<Zero, P>},
+    {AfxSig_v_u_u, single<Zero, P, L32>},
+    {AfxSig_v_uu_v, single<Zero, PL, PH>},
+    {AfxSig_v_v_ii, single<Zero, LL, LH>},
+    {AfxSig_v_u_uu, single<Zero, P32, LL, LH>},
+    {AfxSig_v_u_ii, single<Zero, P32, LL, LH>},
+    {AfxSig_v_u_W, both<Zero, P, WndL>},
+    {AfxSig_i_u_v, single<I32, P>},
+    {AfxSig_u_u_v, single<U32, P>},
+    {AfxSig_b_v_v, single<I32>},
+    {AfxSig_v_w_l, single<Zero, P, L>},
+    {AfxSig_v_W_v, both<Zero, WndP>},
+    {AfxSig_v_v_W, both<Zero, WndL>},
+    {AfxSig_v_W_uu, both<Zero, WndP, LL, LH>},
+    {AfxSig_v_W_p, both<Zero, WndP, pt>},
+    {AfxSig_v_W_h, both<Zero, WndP, L>},
+    {AfxSig_C_v_v, single<I64>},
+    {AfxSig_ACTIVATE, both<Zero, PL, WndL, PH>},
+    {AfxSig_SCROLL, both<Zero, sPL, sPH, WndL>},
+    {AfxSig_SCROLL_REFLECT, single<Zero, sPL, sPH>},
+    {AfxSig_v_v_s, single<Zero, L>},
+    {AfxSig_v_u_cs, single<Zero, P, L>},
+    {AfxSig_OWNERDRAW, single<One, P, L>},
+    {AfxSig_i_i_s, single<I32, P32, L>},
+    {AfxSig_u_v_p, single<U32, pt>},
+    {AfxSig_u_v_v, single<U32>},
+    {AfxSig_v_b_NCCALCSIZEPARAMS, single<Zero, P, L>},
+    {AfxSig_v_v_WINDOWPOS, single<Zero, L>},
+    {AfxSig_v_uu_M, single<Zero, PL, PH, L>},
+    {AfxSig_v_u_p, single<Zero, P, pt>},
+    {AfxSig_SIZING, single<One, P, L>},
+    {AfxSig_MOUSEWHEEL, single<WheelResult, PL, Wheel, upt>},
+    {AfxSig_MOUSEHWHEEL, single<Zero, PL, Wheel, upt>},
+    {AfxSig_l, single<ClaimResult>},
+    {AfxSig_l_p, single<I64, pt>},
+    {AfxSig_u_W_u, both<U32, WndP, L32>},
+    {AfxSig_u_v_MENUGETOBJECTINFO, single<U32, L>},
+    {AfxSig_v_u_LPMDINEXTMENU, single<Zero, P, L>},
+    {AfxSig_APPCOMMAND, both<One, WndP, LH12, LHDevice, LL>},
+    {AfxSig_RAWINPUT, single<Zero, P8, L>},
+    {AfxSig_u_u_u, single<U32, P, L32>},
+    {AfxSig_MOUSE_XBUTTON, single<One, PL, PH, upt>},
+    {AfxSig_MOUSE_NCXBUTTON, single<One, PL, PH, upt>},
+    {AfxSig_INPUTLANGCHANGE, single<One, P, L32>},
+    {AfxSig_v_u_h, single<Zero, P, L>},
+    {AfxSig_INPUTDEVICECHANGE, single<Zero, P, L>},
+    {AfxSig_i_v_S, single<I32, L>},
+    {AfxSig_h_v_v, single<I64>},
+    {AfxSig_h_b_h, single<I64, P, L>},
+    {AfxSig_b_v_ii, single<I32, LH, LL>},
+    {AfxSig_h_h_h, single<I64, P, L>},
+    {AfxSig_MDINext, both<Zero, WndP, L32>},
+    {AfxSig_u_u_l, single<U32, P, L>},
+    {AfxSig_v_w_p, single<Zero, P, pt>},
 };
 
 constexpr std::size_t codeCount = 96;
@@ -270,6 +270,100 @@ constexpr std::array<Caller, codeCount> callersByCode()
 }
 
 constexpr std::array<Caller, codeCount> callers = callersByCode();
+
+// Whether a number is a code with a name. A name that is missing here draws a compiler warning.
+constexpr bool isNamed(std::size_t code)
+{
+    switch (static_cast<AfxSig_X>(code)) {
+    case AfxSig_b_D_v:
+    case AfxSig_b_b_v:
+    case AfxSig_b_u_v:
+    case AfxSig_b_h_v:
+    case AfxSig_b_W_uu:
+    case AfxSig_b_W_COPYDATASTRUCT:
+    case AfxSig_b_v_HELPINFO:
+    case AfxSig_CTLCOLOR:
+    case AfxSig_i_u_W_u:
+    case AfxSig_i_uu_v:
+    case AfxSig_i_W_uu:
+    case AfxSig_i_v_s:
+    case AfxSig_l_w_l:
+    case AfxSig_v_b_h:
+    case AfxSig_v_h_v:
+    case AfxSig_v_h_h:
+    case AfxSig_v_v_v:
+    case AfxSig_v_u_v:
+    case AfxSig_v_up_v:
+    case AfxSig_v_u_u:
+    case AfxSig_v_uu_v:
+    case AfxSig_v_v_ii:
+    case AfxSig_v_u_uu:
+    case AfxSig_v_u_ii:
+    case AfxSig_v_u_W:
+    case AfxSig_i_u_v:
+    case AfxSig_u_u_v:
+    case AfxSig_b_v_v:
+    case AfxSig_v_w_l:
+    case AfxSig_v_W_v:
+    case AfxSig_v_v_W:
+    case AfxSig_v_W_uu:
+    case AfxSig_v_W_p:
+    case AfxSig_v_W_h:
+    case AfxSig_C_v_v:
+    case AfxSig_ACTIVATE:
+    case AfxSig_SCROLL:
+    case AfxSig_SCROLL_REFLECT:
+    case AfxSig_v_v_s:
+    case AfxSig_v_u_cs:
+    case AfxSig_OWNERDRAW:
+    case AfxSig_i_i_s:
+    case AfxSig_u_v_p:
+    case AfxSig_u_v_v:
+    case AfxSig_v_b_NCCALCSIZEPARAMS:
+    case AfxSig_v_v_WINDOWPOS:
+    case AfxSig_v_uu_M:
+    case AfxSig_v_u_p:
+    case AfxSig_SIZING:
+    case AfxSig_MOUSEWHEEL:
+    case AfxSig_MOUSEHWHEEL:
+    case AfxSig_l:
+    case AfxSig_l_p:
+    case AfxSig_u_W_u:
+    case AfxSig_u_v_MENUGETOBJECTINFO:
+    case AfxSig_v_u_LPMDINEXTMENU:
+    case AfxSig_APPCOMMAND:
+    case AfxSig_RAWINPUT:
+    case AfxSig_u_u_u:
+    case AfxSig_MOUSE_XBUTTON:
+    case AfxSig_MOUSE_NCXBUTTON:
+    case AfxSig_INPUTLANGCHANGE:
+    case AfxSig_v_u_h:
+    case AfxSig_INPUTDEVICECHANGE:
+    case AfxSig_i_v_S:
+    case AfxSig_h_v_v:
+    case AfxSig_h_b_h:
+    case AfxSig_b_v_ii:
+    case AfxSig_h_h_h:
+    case AfxSig_MDINext:
+    case AfxSig_u_u_l:
+    case AfxSig_v_w_p:
+        return true;
+    }
+    return false;
+}
+
+// There is no device context outside a paint event.
+constexpr bool isNeverCalled(std::size_t code) { return code == AfxSig_b_D_v || code == AfxSig_CTLCOLOR; }
+
+constexpr bool namedCodesHaveRows()
+{
+    for (std::size_t code = 0; code < codeCount; ++code) {
+        if (isNamed(code) && bool(callers[code]) == isNeverCalled(code))
+            return false;
+    }
+    return true;
+}
+static_assert(namedCodesHaveRows(), "each code with a name has a row, but for those that are never called");
 
 } // namespace
 
