@@ -246,19 +246,12 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     /// A disabled bar is a hidden one: shows it for ESB_ENABLE_BOTH and hides it otherwise. 1.
     BOOL EnableScrollBar(int bar, UINT arrows = ESB_ENABLE_BOTH);
     int GetScrollLimit(int bar) const; ///< the maximum less 1
-    int GetScrollPos(int bar) const { return GetScrollPos_X(GetSafeHwnd(), bar); }
-    int SetScrollPos(int bar, int position, BOOL redraw = TRUE)
-    {
-        return SetScrollPos_X(GetSafeHwnd(), bar, position, redraw);
-    }
-    void GetScrollRange(int bar, int* minimum, int* maximum) const
-    {
-        GetScrollRange_X(GetSafeHwnd(), bar, minimum, maximum);
-    }
-    void SetScrollRange(int bar, int minimum, int maximum, BOOL redraw = TRUE)
-    {
-        SetScrollRange_X(GetSafeHwnd(), bar, minimum, maximum, redraw);
-    }
+    int GetScrollPos(int bar) const;   ///< 0 without the bar
+    /// Gives the old position; 0 without the bar. `redraw` is ignored.
+    int SetScrollPos(int bar, int position, BOOL redraw = TRUE);
+    /// Fills what is not null; nothing without the bar.
+    void GetScrollRange(int bar, int* minimum, int* maximum) const;
+    void SetScrollRange(int bar, int minimum, int maximum, BOOL redraw = TRUE);
     BOOL SetScrollInfo(int bar, tagSCROLLINFO* info, BOOL redraw = TRUE);
     /// Fills what `mask` asks for and writes `mask` to the record; what the record says itself is not looked at.
     BOOL GetScrollInfo(int bar, tagSCROLLINFO* info, UINT mask = SIF_ALL) const;

@@ -1,3 +1,5 @@
+// The scroll functions on window handles.
+
 #include "xeafxwin.h"
 #include "xewinuser.h"
 
@@ -5,50 +7,42 @@
 
 namespace {
 
-// A window without a wrapper gets a temporary one, which has no bars.
-QScrollBar* scrollBarOf(HWND window, int bar)
+// The wrapper of a window that has the bar. A window without a wrapper has none.
+CWnd_X* windowWithBar(HWND window, int bar)
 {
-    const CWnd_X* const wrapper = CWnd_X::FromHandle(window);
-    return wrapper ? wrapper->GetScrollBarCtrl(bar) : nullptr;
+    CWnd_X* const wrapper = CWnd_X::FromHandlePermanent(window);
+    return wrapper && wrapper->GetScrollBarCtrl(bar) ? wrapper : nullptr;
 }
 
 } // namespace
 
 int GetScrollPos_X(HWND window, int bar)
 {
-    const QScrollBar* const scrollBar = scrollBarOf(window, bar);
-    return scrollBar ? scrollBar->value() : 0;
+    const CWnd_X* const wrapper = windowWithBar(window, bar);
+    return wrapper ? wrapper->GetScrollPos(bar) : 0;
 }
 
-int SetScrollPos_X(HWND window, int bar, int position, BOOL)
+int SetScrollPos_X(HWND window, int bar, int position, BOOL redraw)
 {
-    QScrollBar* const scrollBar = scrollBarOf(window, bar);
-    if (!scrollBar)
-        return 0;
-    const int before = scrollBar->value();
-    scrollBar->setValue(position);
-    return before;
+    CWnd_X* const wrapper = windowWithBar(window, bar);
+    return wrapper ? wrapper->SetScrollPos(bar, position, redraw) : 0;
 }
 
 BOOL GetScrollRange_X(HWND window, int bar, int* minimum, int* maximum)
 {
-    const QScrollBar* const scrollBar = scrollBarOf(window, bar);
-    if (!scrollBar)
+    const CWnd_X* const wrapper = windowWithBar(window, bar);
+    if (!wrapper)
         return FALSE;
-    if (minimum)
-        *minimum = scrollBar->minimum();
-    if (maximum)
-        *maximum = scrollBar->maximum();
+    wrapper->GetScrollRange(bar, minimum, maximum);
     return TRUE;
 }
 
-BOOL SetScrollRange_X(HWND window, int bar, int minimum, int maximum, BOOL)
+BOOL SetScrollRange_X(HWND window, int bar, int minimum, int maximum, BOOL redraw)
 {
-    QScrollBar* const scrollBar = scrollBarOf(window, bar);
-    if (!scrollBar)
+    CWnd_X* const wrapper = windowWithBar(window, bar);
+    if (!wrapper)
         return FALSE;
-    scrollBar->setMinimum(minimum);
-    scrollBar->setMaximum(maximum);
+    wrapper->SetScrollRange(bar, minimum, maximum, redraw);
     return TRUE;
 }
 

@@ -62,6 +62,40 @@ BOOL CWnd_X::EnableScrollBar(int bar, UINT arrows)
     return TRUE;
 }
 
+int CWnd_X::GetScrollPos(int bar) const
+{
+    const QScrollBar* const scrollBar = GetScrollBarCtrl(bar);
+    return scrollBar ? scrollBar->value() : 0;
+}
+
+int CWnd_X::SetScrollPos(int bar, int position, BOOL)
+{
+    QScrollBar* const scrollBar = GetScrollBarCtrl(bar);
+    if (!scrollBar)
+        return 0;
+    const int before = scrollBar->value();
+    scrollBar->setValue(position);
+    return before;
+}
+
+void CWnd_X::GetScrollRange(int bar, int* minimum, int* maximum) const
+{
+    const QScrollBar* const scrollBar = GetScrollBarCtrl(bar);
+    if (scrollBar && minimum)
+        *minimum = scrollBar->minimum();
+    if (scrollBar && maximum)
+        *maximum = scrollBar->maximum();
+}
+
+void CWnd_X::SetScrollRange(int bar, int minimum, int maximum, BOOL)
+{
+    QScrollBar* const scrollBar = GetScrollBarCtrl(bar);
+    if (!scrollBar)
+        return;
+    scrollBar->setMinimum(minimum);
+    scrollBar->setMaximum(maximum);
+}
+
 int CWnd_X::GetScrollLimit(int bar) const
 {
     const QScrollBar* const scrollBar = GetScrollBarCtrl(bar);
