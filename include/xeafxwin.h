@@ -115,7 +115,7 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     BOOL OpenIcon() { return OpenIcon_X(GetSafeHwnd()); }
 
     /// The style given at creation or by ModifyStyle().
-    DWORD GetStyle() const { return m_style; }
+    DWORD GetStyle() const { return m_dwStyle; }
     /// Changes the stored style, and nothing about the widget. 1.
     BOOL ModifyStyle(DWORD remove, DWORD add, UINT flags = 0);
 
@@ -246,7 +246,7 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     /// A disabled bar is a hidden one: shows it for ESB_ENABLE_BOTH and hides it otherwise. 1.
     BOOL EnableScrollBar(int bar, UINT arrows = ESB_ENABLE_BOTH);
     int GetScrollLimit(int bar) const; ///< the maximum less 1
-    int GetScrollPos(int bar) const;   ///< 0 without the bar
+    int GetScrollPos(int bar) const; ///< 0 without the bar
     /// Gives the old position; 0 without the bar. `redraw` is ignored.
     int SetScrollPos(int bar, int position, BOOL redraw = TRUE);
     /// Fills what is not null; nothing without the bar.
@@ -430,6 +430,8 @@ protected:
     /// Connects the slots, fills the message map and looks after the combo boxes. False if the widget has gone meanwhile.
     bool ConnectContents();
 
+    DWORD m_dwStyle = 0; ///< see GetStyle(); controls read their own bits in it
+
 private:
     friend class xe::DispatchFrame;
 
@@ -452,7 +454,6 @@ private:
     xe::DispatchFrame* m_dispatch = nullptr; // the innermost event or message in progress
     QVector<PendingEvent> m_pendingEvents;   // posted as unique and not yet delivered
     std::map<UINT, AFX_MSGMAP_ENTRY_X> m_messageMap;
-    DWORD m_style = 0;
     QPointer<QScrollBar> m_horizontalBar; // children of the widget
     QPointer<QScrollBar> m_verticalBar;
     QPointer<QMenuBar> m_menuBar;

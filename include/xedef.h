@@ -11,6 +11,7 @@
 #include <cstdint>
 
 class QBrush;
+class QMenu;
 class QWidget;
 
 #if defined(XE_BUILDING_LIBRARY)
@@ -95,7 +96,8 @@ static_assert(sizeof(WPARAM) == 8 && sizeof(LPARAM) == 8 && sizeof(void*) == 8,
 
 using HANDLE = void*;
 using HINSTANCE = void*;
-using HMENU = void*;
+using HMENU = QMenu*;
+using HDC = void*;
 using HDROP = void*;
 using HHOOK = void*; ///< the address of the hook function itself
 using HWND = QWidget*;

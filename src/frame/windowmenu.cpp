@@ -1,5 +1,6 @@
 // The menu bar of a window, once it has a menu.
 
+#include "win/menubar.h"
 #include "xeafxmenu.h"
 #include "xeafxwin.h"
 
@@ -10,8 +11,7 @@ int CWnd_X::SetMenu(CMenu_X* menu)
     if (!m_menuBar)
         return 0;
     if (!menu) {
-        m_menuBar->clear();
-        m_menuBar->hide();
+        xe::hideMenuBar(*m_menuBar);
         return 1;
     }
     return CWnd_X::SetMenu(QList<CMenu_X*>{menu}); // an override of the other form may call this one
@@ -25,6 +25,6 @@ int CWnd_X::SetMenu(QList<CMenu_X*> menus)
         if (QMenu* const imp = menu ? menu->Imp<QMenu>() : nullptr)
             m_menuBar->addMenu(imp);
     }
-    m_menuBar->show();
+    xe::showMenuBar(*m_menuBar);
     return 1;
 }

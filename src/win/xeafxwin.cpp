@@ -1,6 +1,7 @@
 #include "xeafxwin.h"
 
 #include "win/dispatchframe.h"
+#include "win/menubar.h"
 #include "xehost.h"
 
 #include <QAbstractItemView>
@@ -64,7 +65,7 @@ bool CWnd_X::CreateContents()
 {
     m_pendingEvents.clear(); // whatever was queued was for another widget
     tagCREATESTRUCTW createStruct{};
-    createStruct.style = static_cast<LONG>(m_style);
+    createStruct.style = static_cast<LONG>(m_dwStyle);
     return !OnCreate(&createStruct);
 }
 
@@ -95,13 +96,13 @@ int CWnd_X::Create(QWidget* parent) { return AttachDefault(parent ? parent : Tav
 
 int CWnd_X::Create(DWORD style, QWidget* parent)
 {
-    m_style = style;
+    m_dwStyle = style;
     return AttachDefault(parent ? parent : TavoGetMainFrame()) ? showByStyle() : 0;
 }
 
 int CWnd_X::Create(DWORD style, const tagRECT& rect, QWidget* parent)
 {
-    m_style = style;
+    m_dwStyle = style;
     if (!Create(parent))
         return 0;
     MoveWindow(&rect, FALSE);
@@ -110,18 +111,18 @@ int CWnd_X::Create(DWORD style, const tagRECT& rect, QWidget* parent)
 
 int CWnd_X::showByStyle()
 {
-    if (m_style & WS_VISIBLE)
+    if (m_dwStyle & WS_VISIBLE)
         ShowWindow(SW_SHOW);
-    if (m_style & WS_VSCROLL)
+    if (m_dwStyle & WS_VSCROLL)
         ShowScrollBar(SB_VERT, TRUE);
-    if (m_style & WS_HSCROLL)
+    if (m_dwStyle & WS_HSCROLL)
         ShowScrollBar(SB_HORZ, TRUE);
     return 1;
 }
 
 BOOL CWnd_X::ModifyStyle(DWORD remove, DWORD add, UINT)
 {
-    m_style = (m_style & ~remove) | add;
+    m_dwStyle = (m_dwStyle & ~remove) | add;
     return TRUE;
 }
 
@@ -138,8 +139,7 @@ int CWnd_X::OnCreate(tagCREATESTRUCTW* createStruct)
         m_horizontalBar = new QScrollBar(Qt::Horizontal, widget);
     if (style & WS_VSCROLL)
         m_verticalBar = new QScrollBar(Qt::Vertical, widget);
-    m_menuBar = new QMenuBar(widget);
-    m_menuBar->hide();
+    m_menuBar = xe::makeMenuBar(*widget);
     return 0;
 }
 
