@@ -7,6 +7,7 @@ namespace {
 constexpr int itemsPerBlock = 64;
 constexpr int permanentBlock = 10;
 constexpr int temporaryBlock = 4;
+constexpr UINT permanentBuckets = 10007; // for as many objects as a large program has alive
 constexpr UINT temporaryBuckets = 7;
 
 CObject_X* find(const CMapPtrToPtr_X& map, void* handle)
@@ -34,6 +35,7 @@ CHandleMap_X::CHandleMap_X(CRuntimeClass_X* runtimeClass, void (*construct)(CObj
       m_offset(offset),
       m_handles(handles)
 {
+    m_permanentMap.InitHashTable(permanentBuckets, FALSE);
     m_temporaryMap.InitHashTable(temporaryBuckets, FALSE);
 }
 
