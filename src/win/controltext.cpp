@@ -3,40 +3,30 @@
 #include "text/widetext.h"
 #include "xeafxwin.h"
 #include "xeconvert.h"
-#include "xeresource.h"
 
 #include <QAbstractButton>
-#include <QAbstractSpinBox>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QRegularExpression>
 #include <QSignalBlocker>
+#include <QSpinBox>
 #include <QTextEdit>
 
+#include <algorithm>
 #include <climits>
+#include <iterator>
+#include <type_traits>
 
-// The place where Qt keeps the text of each kind of control.
-QString xe::controlText(QWidget* window)
-{
-    if (const auto* edit = qobject_cast<QLineEdit*>(window))
-        return edit->text();
-    if (const auto* edit = qobject_cast<QTextEdit*>(window))
-        return edit->toPlainText();
-    if (const auto* box = qobject_cast<QComboBox*>(window))
-        return box->currentText();
-    if (const auto* spinBox = qobject_cast<QAbstractSpinBox*>(window))
-        return spinBox->text();
-    if (const auto* button = qobject_cast<QAbstractButton*>(window))
-        return button->text();
-    if (const auto* label = qobject_cast<QLabel*>(window))
-        return label->text();
-    return window->windowTitle();
-}
+namespace xe {
 
 namespace {
+
+void setLineText(QLineEdit& edit, const QString& text)
+{
+    edit.setText(text);
+    edit.setCursorPosition(0);
+}
 
 void setComboText(QComboBox& box, const QString& text)
 {
@@ -51,46 +41,85 @@ void setComboText(QComboBox& box, const QString& text)
 
 double numberIn(const QString& text) { return _wtof(CString_X(text)); }
 
-int integerIn(const QString& text) { return static_cast<int>(qBound<double>(INT_MIN, numberIn(text), INT_MAX)); }
-
-void setControlText(QWidget* window, const QString& text)
+void setInteger(QSpinBox& box, const QString& text)
 {
-    if (auto* edit = qobject_cast<QLineEdit*>(window)) {
-        edit->setText(text);
-        edit->setCursorPosition(0);
-    } else if (auto* textEdit = qobject_cast<QTextEdit*>(window)) {
-        textEdit->setPlainText(text);
-    } else if (auto* box = qobject_cast<QComboBox*>(window)) {
-        setComboText(*box, text);
-    } else if (auto* spinBox = qobject_cast<QSpinBox*>(window)) {
-        spinBox->setValue(integerIn(text));
-    } else if (auto* doubleSpinBox = qobject_cast<QDoubleSpinBox*>(window)) {
-        doubleSpinBox->setValue(numberIn(text));
-    } else if (auto* button = qobject_cast<QAbstractButton*>(window)) {
-        button->setText(text);
-    } else if (auto* label = qobject_cast<QLabel*>(window)) {
-        label->setText(text);
-    } else {
-        window->setWindowTitle(text);
-    }
+    box.setValue(static_cast<int>(qBound<double>(INT_MIN, numberIn(text), INT_MAX)));
 }
 
-QLineEdit* lineEditOf(QWidget* window)
+void setNumber(QDoubleSpinBox& box, const QString& text) { box.setValue(numberIn(text)); }
+
+void setTitle(QWidget& widget, const QString& text) { widget.setWindowTitle(text); }
+
+// Where Qt keeps the text of a class of controls.
+struct TextRow
 {
-    if (auto* box = qobject_cast<QComboBox*>(window))
-        return box->lineEdit();
-    return qobject_cast<QLineEdit*>(window);
+    const QMetaObject* control;
+    QString (*get)(const QWidget& control);
+    void (*set)(QWidget& control, const QString& text);
+};
+
+template <class Control, auto getter>
+QString getText(const QWidget& control)
+{
+    return (static_cast<const Control&>(control).*getter)();
+}
+
+template <class Control, auto setter>
+void setText(QWidget& control, const QString& text)
+{
+    if constexpr (std::is_member_function_pointer_v<decltype(setter)>)
+        (static_cast<Control&>(control).*setter)(text);
+    else
+        setter(static_cast<Control&>(control), text);
+}
+
+template <class Control, auto getter, auto setter>
+constexpr TextRow row()
+{
+    return {&Control::staticMetaObject, getText<Control, getter>, setText<Control, setter>};
+}
+
+// The first row that fits counts; the last fits every widget.
+const TextRow textRows[] = {
+    row<QLineEdit, &QLineEdit::text, setLineText>(),
+    row<QTextEdit, &QTextEdit::toPlainText, &QTextEdit::setPlainText>(),
+    row<QComboBox, &QComboBox::currentText, setComboText>(),
+    row<QSpinBox, &QSpinBox::text, setInteger>(),
+    row<QDoubleSpinBox, &QDoubleSpinBox::text, setNumber>(),
+    row<QAbstractSpinBox, &QAbstractSpinBox::text, setTitle>(),
+    row<QAbstractButton, &QAbstractButton::text, &QAbstractButton::setText>(),
+    row<QLabel, &QLabel::text, &QLabel::setText>(),
+    row<QWidget, &QWidget::windowTitle, setTitle>(),
+};
+
+const TextRow& textRowOf(const QWidget& control)
+{
+    const QMetaObject* const meta = control.metaObject();
+    return *std::find_if(std::begin(textRows), std::prev(std::end(textRows)),
+                         [meta](const TextRow& row) { return meta->inherits(row.control); });
 }
 
 } // namespace
 
-// ---------------------------------------------------------------------------------------------------------------- text
+QString controlText(const QWidget& control) { return textRowOf(control).get(control); }
+
+void setControlText(QWidget& control, const QString& text)
+{
+    if (CWnd_X* const wrapper = CWnd_X::FromHandlePermanent(&control))
+        wrapper->SetWindowText(CString_X(text));
+    else
+        textRowOf(control).set(control, text);
+}
+
+} // namespace xe
+
+// ---------------------------------------------------------------------------------------------------- window functions
 
 int GetWindowText_X(HWND window, CString_X& text)
 {
     if (!window)
         return 0;
-    text = xe::controlText(window);
+    text = xe::controlText(*window);
     return text.GetLength();
 }
 
@@ -98,7 +127,7 @@ int GetWindowText_X(HWND window, wchar_t* buffer, int size)
 {
     if (!window || !buffer || size <= 0)
         return 0;
-    const int written = xe::writeWide(xe::controlText(window), buffer, size - 1);
+    const int written = xe::writeWide(xe::controlText(*window), buffer, size - 1);
     buffer[written] = L'\0';
     return written;
 }
@@ -116,107 +145,6 @@ BOOL SetWindowText_X(HWND window, const wchar_t* text)
     if (CWnd_X* const wrapper = CWnd_X::FromHandlePermanent(window))
         wrapper->SetWindowText(text);
     else
-        setControlText(window, XeQString(text));
-    return TRUE;
-}
-
-// --------------------------------------------------------------------------------------------------------------- items
-
-HWND GetDlgItem_X(HWND window, int id)
-{
-    // Keys of a table that are no numbers count as 0, and an empty name would match any widget.
-    const QString name = window && id != 0 ? ToStringId(static_cast<unsigned int>(id)) : QString();
-    return name.isEmpty() ? nullptr : window->findChild<QWidget*>(name);
-}
-
-int GetDlgCtrlID_X(HWND window) { return window ? ToCtrlId(window->objectName()) : 0; }
-
-BOOL SetDlgItemText_X(HWND window, int id, const wchar_t* text)
-{
-    return SetWindowText_X(GetDlgItem_X(window, id), text);
-}
-
-UINT GetDlgItemText_X(HWND window, int id, wchar_t* buffer, int size)
-{
-    return static_cast<UINT>(GetWindowText_X(GetDlgItem_X(window, id), buffer, size));
-}
-
-namespace xe {
-
-namespace {
-
-UINT firstInt(const QString& text, BOOL* translated, bool isSigned)
-{
-    static const QRegularExpression unsignedNumber(QStringLiteral("[0-9]+"));
-    static const QRegularExpression signedNumber(QStringLiteral("-?[0-9]+"));
-
-    if (translated)
-        *translated = FALSE;
-    const QRegularExpressionMatch match = (isSigned ? signedNumber : unsignedNumber).match(text);
-    if (!match.hasMatch())
-        return 0;
-    if (translated)
-        *translated = TRUE;
-    return isSigned ? static_cast<UINT>(match.captured().toInt()) : match.captured().toUInt();
-}
-
-} // namespace
-
-UINT widgetInt(QWidget* widget, BOOL* translated, bool isSigned)
-{
-    return firstInt(widget ? controlText(widget) : QString(), translated, isSigned);
-}
-
-CString_X intText(UINT value, bool isSigned)
-{
-    const QString digits = QString::number(value);
-    return isSigned && value & 0x80000000 ? QLatin1Char('-') + digits : digits;
-}
-
-} // namespace xe
-
-UINT GetDlgItemInt_X(HWND window, int id, BOOL* translated, BOOL isSigned)
-{
-    wchar_t text[256] = {};
-    GetDlgItemText_X(window, id, text, static_cast<int>(std::size(text)));
-    return xe::firstInt(XeQString(text), translated, isSigned);
-}
-
-BOOL SetDlgItemInt_X(HWND window, int id, UINT value, BOOL isSigned)
-{
-    return SetDlgItemText_X(window, id, xe::intText(value, isSigned));
-}
-
-UINT IsDlgButtonChecked_X(HWND window, int id)
-{
-    constexpr DWORD typeBits = 0xF;
-
-    auto* const box = qobject_cast<QCheckBox*>(GetDlgItem_X(window, id));
-    const CWnd_X* const wrapper = CWnd_X::FromHandlePermanent(box);
-    if (!wrapper)
-        return 0;
-    const DWORD type = wrapper->GetStyle() & typeBits;
-    return type == BS_3STATE || type == BS_AUTO3STATE ? BS_3STATE : box->isChecked();
-}
-
-BOOL SetEditSelectAll_X(HWND window)
-{
-    if (auto* edit = lineEditOf(window))
-        edit->selectAll();
-    else if (auto* textEdit = qobject_cast<QTextEdit*>(window))
-        textEdit->selectAll();
-    else if (auto* spinBox = qobject_cast<QAbstractSpinBox*>(window))
-        spinBox->selectAll();
-    else
-        return FALSE;
-    return TRUE;
-}
-
-BOOL SetEditLimitText_X(HWND window, int length)
-{
-    QLineEdit* const edit = lineEditOf(window);
-    if (!edit)
-        return FALSE;
-    edit->setMaxLength(length);
+        xe::setControlText(*window, XeQString(text));
     return TRUE;
 }

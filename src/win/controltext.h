@@ -1,19 +1,16 @@
-// The text of a control, and numbers in it.
+// The text of a control.
 #pragma once
 
-#include "xeafxstr.h"
+#include <QString>
 
 class QWidget;
 
 namespace xe {
 
-/// The text of a control, or the title of any other widget, which must not be null.
-QString controlText(QWidget* window);
+/// The text of a control, or the title of any other widget.
+QString controlText(const QWidget& control);
 
-/// The first number in a control's text; see GetDlgItemInt_X().
-UINT widgetInt(QWidget* widget, BOOL* translated, bool isSigned);
-
-/// The number as SetDlgItemInt_X() writes it.
-CString_X intText(UINT value, bool isSigned);
+/// Sets it, as SetWindowText_X() tells.
+void setControlText(QWidget& control, const QString& text);
 
 } // namespace xe

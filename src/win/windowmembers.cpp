@@ -1,6 +1,6 @@
 #include "geometry/rectangle.h"
 #include "win/centering.h"
-#include "win/controltext.h"
+#include "win/dialogitems.h"
 #include "xeafxwin.h"
 #include "xeresource.h"
 #include "xesysinfo.h"
