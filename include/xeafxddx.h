@@ -18,7 +18,7 @@
 /// the control has the focus. The messages are Chinese, whatever the locale.
 ///
 /// A name or an id without a control of the right class gives the exchange up as well, without a box and with a warning
-/// in the log that names it.
+/// in the log that names it. Only DDX_Text() and DDX_Radio() go on after the warning: nothing is shown and nothing stored.
 #pragma once
 
 #include "xeafxstr.h"
@@ -53,8 +53,20 @@ public:
     /// the control gets the focus, and its text is selected.
     [[noreturn]] void Fail(const wchar_t* message = nullptr);
 
-    /// Fail() for a control that is not there, with a warning that names it.
+    /// A warning in the log about a control that is not there; `wanted` is the class that was looked for.
+    void WarnMissing(const QString& control, const char* wanted) const;
+    /// Fail() without a message, after that warning.
     [[noreturn]] void FailMissing(const QString& control, const char* wanted);
+
+    // For exchange functions of the host's own: the control that an object name (UTF-8) or a resource id of the calling
+    // module stands for, as a `Widget`.
+
+    /// Null, after a warning, if there is none or if it is of another class.
+    template <class Widget, class Key>
+    Widget* LookUpControl(Key key) const;
+    /// Never null: without such a control it gives the exchange up by FailMissing().
+    template <class Widget, class Key>
+    Widget& RequireControl(Key key);
 
     int m_bSaveAndValidate;        ///< not 0: from the controls to the variables
     CWnd_X* m_pDlgWnd;             ///< whose controls they are
@@ -78,7 +90,7 @@ XE_EXPORT void AfxSetWindowText(QWidget* control, CString_X text);
 
 XE_EXPORT void DDX_Text(CDataExchange_X* exchange, QWidget* control, CString_X& value);
 
-/// Numbers: a text that is none, an empty one too, fails and leaves the variable. Float and double are shown with six
+/// Numbers: a text that is none, an empty one too, fails and leaves the variable; a null control leaves it without a failure. Float and double are shown with six
 /// significant digits, so a value is not always read back as it was.
 XE_EXPORT void DDX_Text(CDataExchange_X* exchange, QWidget* control, short& value);
 XE_EXPORT void DDX_Text(CDataExchange_X* exchange, QWidget* control, int& value);
@@ -113,93 +125,108 @@ XE_EXPORT void DDX_Control(CDataExchange_X* exchange, QWidget* control, CWnd_X& 
 
 // ----------------------------------------------------------------------------------------- exchange by name or by id
 
-namespace xe {
+namespace xe::detail {
 
-/// The control of a name as a `Widget`; fails the exchange when there is none.
-template <class Widget>
-Widget* controlNamed(CDataExchange_X* exchange, const QString& name)
+/// What a client names a control by: its object name, and the text that a warning shows.
+struct ControlKey
 {
-    auto* const control = qobject_cast<Widget*>(exchange->FindControl(name));
-    if (!control)
-        exchange->FailMissing(name, Widget::staticMetaObject.className());
-    return control;
-}
+    ControlKey(const char* utf8) : name(QString::fromUtf8(utf8)), shown(name) {}
+    ControlKey(int id) : name(GetObjectNameById(id)), shown(name.isEmpty() ? QString::number(id) : name) {}
 
-template <class Widget>
-Widget* exchangedControl(CDataExchange_X* exchange, const char* name)
-{
-    return controlNamed<Widget>(exchange, QString::fromUtf8(name));
-}
+    QString name;
+    QString shown;
+};
 
-/// The control of a resource id of the calling module.
-template <class Widget>
-Widget* exchangedControl(CDataExchange_X* exchange, int id)
-{
-    const QString name = GetObjectNameById(id);
-    if (name.isEmpty())
-        exchange->FailMissing(QString::number(id), Widget::staticMetaObject.className());
-    return controlNamed<Widget>(exchange, name);
-}
-
-/// How a client names a control: not the control itself.
+/// True for the types of a name or an id, and not for a control itself.
 template <class Key>
 using IfControlKey =
     std::enable_if_t<std::is_convertible_v<Key, const char*> || std::is_integral_v<Key> || std::is_enum_v<Key>, int>;
 
-} // namespace xe
+/// An id of any integral or enumeration type as an int; a name as it is.
+template <class Key>
+auto keyValue(Key key)
+{
+    if constexpr (std::is_convertible_v<Key, const char*>)
+        return static_cast<const char*>(key);
+    else
+        return static_cast<int>(key);
+}
 
-template <class Key, class Value, xe::IfControlKey<Key> = 0>
+} // namespace xe::detail
+
+template <class Widget, class Key>
+Widget* CDataExchange_X::LookUpControl(Key key) const
+{
+    const xe::detail::ControlKey control(xe::detail::keyValue(key));
+    auto* const widget = qobject_cast<Widget*>(FindControl(control.name));
+    if (!widget)
+        WarnMissing(control.shown, Widget::staticMetaObject.className());
+    return widget;
+}
+
+template <class Widget, class Key>
+Widget& CDataExchange_X::RequireControl(Key key)
+{
+    auto* const widget = LookUpControl<Widget>(key);
+    if (!widget) {
+        PrepareCtrl(nullptr);
+        Fail();
+    }
+    return *widget;
+}
+
+template <class Key, class Value, xe::detail::IfControlKey<Key> = 0>
 void DDX_Text(CDataExchange_X* exchange, Key control, Value& value)
 {
-    DDX_Text(exchange, xe::exchangedControl<QWidget>(exchange, control), value);
+    DDX_Text(exchange, exchange->LookUpControl<QWidget>(control), value);
 }
 
-template <class Key, xe::IfControlKey<Key> = 0>
+template <class Key, xe::detail::IfControlKey<Key> = 0>
 void DDX_Check(CDataExchange_X* exchange, Key control, int& value)
 {
-    DDX_Check(exchange, xe::exchangedControl<QAbstractButton>(exchange, control), value);
+    DDX_Check(exchange, &exchange->RequireControl<QAbstractButton>(control), value);
 }
 
-template <class Key, xe::IfControlKey<Key> = 0>
+template <class Key, xe::detail::IfControlKey<Key> = 0>
 void DDX_Radio(CDataExchange_X* exchange, Key first, int& value)
 {
-    DDX_Radio(exchange, xe::exchangedControl<QRadioButton>(exchange, first), value);
+    DDX_Radio(exchange, exchange->LookUpControl<QRadioButton>(first), value);
 }
 
-template <class Key, xe::IfControlKey<Key> = 0>
+template <class Key, xe::detail::IfControlKey<Key> = 0>
 void DDX_CBIndex(CDataExchange_X* exchange, Key control, int& value)
 {
-    DDX_CBIndex(exchange, xe::exchangedControl<QComboBox>(exchange, control), value);
+    DDX_CBIndex(exchange, &exchange->RequireControl<QComboBox>(control), value);
 }
 
-template <class Key, xe::IfControlKey<Key> = 0>
+template <class Key, xe::detail::IfControlKey<Key> = 0>
 void DDX_CBString(CDataExchange_X* exchange, Key control, CString_X& value)
 {
-    DDX_CBString(exchange, xe::exchangedControl<QComboBox>(exchange, control), value);
+    DDX_CBString(exchange, &exchange->RequireControl<QComboBox>(control), value);
 }
 
-template <class Key, xe::IfControlKey<Key> = 0>
+template <class Key, xe::detail::IfControlKey<Key> = 0>
 void DDX_CBStringExact(CDataExchange_X* exchange, Key control, CString_X& value)
 {
-    DDX_CBStringExact(exchange, xe::exchangedControl<QComboBox>(exchange, control), value);
+    DDX_CBStringExact(exchange, &exchange->RequireControl<QComboBox>(control), value);
 }
 
-template <class Key, xe::IfControlKey<Key> = 0>
+template <class Key, xe::detail::IfControlKey<Key> = 0>
 void DDX_Scroll(CDataExchange_X* exchange, Key control, int& value)
 {
-    DDX_Scroll(exchange, xe::exchangedControl<QScrollBar>(exchange, control), value);
+    DDX_Scroll(exchange, &exchange->RequireControl<QScrollBar>(control), value);
 }
 
-template <class Key, xe::IfControlKey<Key> = 0>
+template <class Key, xe::detail::IfControlKey<Key> = 0>
 void DDX_Slider(CDataExchange_X* exchange, Key control, int& value)
 {
-    DDX_Slider(exchange, xe::exchangedControl<QSlider>(exchange, control), value);
+    DDX_Slider(exchange, &exchange->RequireControl<QSlider>(control), value);
 }
 
-template <class Key, xe::IfControlKey<Key> = 0>
+template <class Key, xe::detail::IfControlKey<Key> = 0>
 void DDX_Control(CDataExchange_X* exchange, Key control, CWnd_X& window)
 {
-    DDX_Control(exchange, xe::exchangedControl<QWidget>(exchange, control), window);
+    DDX_Control(exchange, &exchange->RequireControl<QWidget>(control), window);
 }
 
 // ------------------------------------------------------------------------------------------------------- validation

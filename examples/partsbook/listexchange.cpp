@@ -21,13 +21,13 @@ int rowOf(QListWidget& list, const QString& text)
 
 void DDX_ListText(CDataExchange_X* exchange, int id, CString_X& value)
 {
-    auto* const list = xe::exchangedControl<QListWidget>(exchange, id);
-    exchange->PrepareCtrl(list);
+    QListWidget& list = exchange->RequireControl<QListWidget>(id);
+    exchange->PrepareCtrl(&list);
     if (!exchange->m_bSaveAndValidate) {
-        list->setCurrentRow(rowOf(*list, XeQString(value)));
+        list.setCurrentRow(rowOf(list, XeQString(value)));
         return;
     }
-    const QListWidgetItem* const item = list->currentItem();
+    const QListWidgetItem* const item = list.currentItem();
     if (!item)
         exchange->Fail(loadText(IDS_CHOOSE_SUPPLIER));
     value = item->text();

@@ -45,10 +45,15 @@ void CDataExchange_X::Fail(const wchar_t* message)
     throw QStringLiteral("DataExchange Error");
 }
 
-void CDataExchange_X::FailMissing(const QString& control, const char* wanted)
+void CDataExchange_X::WarnMissing(const QString& control, const char* wanted) const
 {
     qWarning("Data exchange of %s: there is no %s named \"%s\"", m_pDlgWnd ? m_pDlgWnd->GetClassName() : "no window",
              wanted, qUtf8Printable(control));
+}
+
+void CDataExchange_X::FailMissing(const QString& control, const char* wanted)
+{
+    WarnMissing(control, wanted);
     PrepareCtrl(nullptr);
     Fail();
 }
@@ -79,8 +84,8 @@ void read(const QString& text, unsigned int& value, bool& ok) { value = text.toU
 
 void setTextIfOther(QWidget* control, const QString& text)
 {
-    if (control && xe::controlText(control) != text)
-        SetWindowText_X(control, CString_X(text));
+    if (control && xe::controlText(*control) != text)
+        xe::setControlText(*control, text);
 }
 
 template <class Number>
@@ -89,9 +94,11 @@ void exchangeNumber(CDataExchange_X* exchange, QWidget* control, Number& value)
     exchange->PrepareCtrl(control);
     if (!exchange->m_bSaveAndValidate)
         return setTextIfOther(control, QString().setNum(value));
+    if (!control)
+        return;
     bool ok = false;
     Number number{};
-    read(control ? xe::controlText(control) : QString(), number, ok);
+    read(xe::controlText(*control), number, ok);
     if (!ok)
         exchange->Fail(notANumber);
     value = number;
