@@ -72,7 +72,7 @@ class XE_EXPORT CFile_X : public CObject_X
     /// Calls the virtual Open() and drops the result. Nothing happens for a null name.
     void CommonInit(const wchar_t* name, unsigned int flags);
 
-    // ------------------------------------------------------------------------------------------------ overridables
+    // ---------------------------------------------------------------------------------------------------- overridables
     // Their order is part of the interface.
 
     virtual unsigned long long GetPosition() const; ///< in bytes from the start
@@ -106,7 +106,7 @@ class XE_EXPORT CFile_X : public CObject_X
     virtual unsigned int GetBufferPtr(unsigned int command, unsigned int count = 0, void** start = nullptr,
                                       void** end = nullptr);
 
-    // ---------------------------------------------------------------------------------------------------- commands
+    // -------------------------------------------------------------------------------------------------------- commands
 
     void SeekToBegin() { Seek(0, begin); }
     unsigned long long SeekToEnd(); ///< 1 if the QFile could be moved to its end, else 0: not the position

@@ -49,7 +49,7 @@ public:
     long long GetSize() const { return count; }
     bool IsEmpty() const { return count == 0; }
 
-    // -------------------------------------------------------------------------------------------------- elements
+    // -------------------------------------------------------------------------------------------------------- elements
 
     Value& GetHead() { return existing(head)->value; }
     const Value& GetHead() const { return existing(head)->value; }
@@ -59,7 +59,7 @@ public:
     const Value& GetAt(POSITION position) const { return nodeAt(position)->value; }
     void SetAt(POSITION position, const Value& value) { nodeAt(position)->value = value; }
 
-    // ------------------------------------------------------------------------------------------------- positions
+    // ------------------------------------------------------------------------------------------------------- positions
 
     POSITION GetHeadPosition() const { return positionOf(head); } ///< null for an empty list
     POSITION GetTailPosition() const { return positionOf(tail); } ///< null for an empty list
@@ -71,14 +71,14 @@ public:
     Value& GetPrev(POSITION& position) { return passed(position, &CNode_X::prev); }
     const Value& GetPrev(POSITION& position) const { return passed(position, &CNode_X::prev); }
 
-    /// The first element equal to `value` behind `startAfter`, or from the head on for null; null if there is none. Texts
-    /// compare by CString_X::Compare().
+    /// The first element equal to `value` behind `startAfter`, or from the head on for null; null if there is none.
+    /// Texts compare by CString_X::Compare().
     POSITION Find(Sought value, POSITION startAfter = nullptr) const;
 
     /// The element with this index from 0 on; null for one outside the list. It is counted off from the head.
     POSITION FindIndex(long long index) const;
 
-    // ------------------------------------------------------------------------------------------------- insertion
+    // ------------------------------------------------------------------------------------------------------- insertion
     // The value may be one of the list's own elements. A null position means the head for InsertBefore, the tail for
     // InsertAfter. The result is the new element's position.
 
@@ -87,11 +87,12 @@ public:
     POSITION InsertBefore(POSITION position, const Value& value) { return insert(nodeOrHead(position), value); }
     POSITION InsertAfter(POSITION position, const Value& value) { return insert(nodeBehind(position), value); }
 
-    /// Adds all elements of another list, in its order. From the list itself those that it had are added. Raises for null.
+    /// Adds all elements of another list, in its order. From the list itself those that it had are added. Raises for
+    /// null.
     void AddHead(const List* other);
     void AddTail(const List* other);
 
-    // --------------------------------------------------------------------------------------------------- removal
+    // --------------------------------------------------------------------------------------------------------- removal
 
     Value RemoveHead() { return remove(existing(head)); }
     Value RemoveTail() { return remove(existing(tail)); }
@@ -146,7 +147,7 @@ extern template class XeList<class CPtrList_X, void*>;
 extern template class XeList<class CObList_X, CObject_X*>;
 extern template class XeList<class CStringList_X, CString_X, const wchar_t*>;
 
-// ------------------------------------------------------------------------------------------------ the list classes
+// ---------------------------------------------------------------------------------------------------- the list classes
 // Loading adds to what is in the list.
 
 /// Pointers to anything, not owned.

@@ -1,15 +1,16 @@
 /// @file xeafxmap.h
-/// The seven hash maps: one body, and a class a pair of key and value types. CMap_X is the same for types of the host's.
+/// The seven hash maps: one body, and a class a pair of key and value types. CMap_X is the same for types of the
+/// host's.
 ///
-/// | class                | association             | hash of    | block size, table size 0 | made by name, storable  |
-/// | -------------------- | ----------------------- | ---------- | ------------------------ | ----------------------- |
-/// | CMapWordToPtr_X      | next, value, key        | the number | corrected                | no                      |
-/// | CMapPtrToWord_X      | next, key, value        | the number | corrected                | no                      |
-/// | CMapPtrToPtr_X       | next, key, value        | the number | corrected                | no                      |
-/// | CMapWordToOb_X       | next, value, key        | the number | corrected                | yes, keys without values |
-/// | CMapStringToPtr_X    | next, hash, key, value  | the text   | as given                 | no                      |
-/// | CMapStringToOb_X     | next, hash, key, value  | the text   | corrected                | yes, keys without values |
-/// | CMapStringToString_X | key, value, next, hash  | the text   | corrected                | yes                     |
+/// | class                | association            | hash of    | block size, table size 0 | made by name, storable |
+/// | -------------------- | ---------------------- | ---------- | ------------------------ | ---------------------- |
+/// | CMapWordToPtr_X      | next, value, key       | the number | corrected                | no                     |
+/// | CMapPtrToWord_X      | next, key, value       | the number | corrected                | no                     |
+/// | CMapPtrToPtr_X       | next, key, value       | the number | corrected                | no                     |
+/// | CMapWordToOb_X       | next, value, key       | the number | corrected                | yes, the keys alone    |
+/// | CMapStringToPtr_X    | next, hash, key, value | the text   | as given                 | no                     |
+/// | CMapStringToOb_X     | next, hash, key, value | the text   | corrected                | yes, the keys alone    |
+/// | CMapStringToString_X | key, value, next, hash | the text   | corrected                | yes                    |
 #pragma once
 
 #include "xeafx.h"
@@ -23,7 +24,7 @@
 
 namespace xe::detail {
 
-// ---------------------------------------------------------------------------------------------------------- hashes
+// -------------------------------------------------------------------------------------------------------------- hashes
 
 /// One step of the minimal standard random generator, 16807 * (k % 127773) - 2836 * (k / 127773) on a signed number and
 /// made positive once, with the two products joined: 16807 * 127773 + 2836 is 0x7FFFFFFF.
@@ -53,7 +54,7 @@ inline std::wstring_view keyText(const wchar_t* key)
     return key;
 }
 
-// ------------------------------------------------------------------------------------------------------------ keys
+// ---------------------------------------------------------------------------------------------------------------- keys
 // How a key is passed, and in which form it is hashed and compared with a stored one.
 
 template <class Key>
@@ -82,7 +83,7 @@ struct KeyRules<CString_X>
     static unsigned hash(View key) { return hashOfText(key); }
 };
 
-// ---------------------------------------------------------------------------------------------------- associations
+// -------------------------------------------------------------------------------------------------------- associations
 // The orders of fields. Each is made from a key, its hash and the next association; the value is 0, null or empty.
 
 template <class Key, class Value>
@@ -161,9 +162,9 @@ enum class MapSizes {
 ///     if (tools.Lookup(L"drill", tool))
 ///         use(tool);
 ///
-/// A null text for a key raises a CInvalidArgException_X*. Want of memory raises std::bad_alloc and leaves the map as it
-/// was. Removing the last key frees table and blocks; as long as one is left, all blocks stay. The buckets are walked in
-/// ascending order, and in each the key that was added last comes first. Maps have no lock.
+/// A null text for a key raises a CInvalidArgException_X*. Want of memory raises std::bad_alloc and leaves the map as
+/// it was. Removing the last key frees table and blocks; as long as one is left, all blocks stay. The buckets are
+/// walked in ascending order, and in each the key that was added last comes first. Maps have no lock.
 template <class Assoc, class Keys = xe::detail::KeyRules<std::remove_const_t<decltype(Assoc::key)>>,
           xe::detail::MapSizes sizes = xe::detail::MapSizes::Corrected>
 class XeMap
@@ -185,7 +186,7 @@ public:
     long long GetSize() const { return count; }
     bool IsEmpty() const { return count == 0; }
 
-    // ------------------------------------------------------------------------------------------------------- table
+    // ----------------------------------------------------------------------------------------------------------- table
 
     unsigned GetHashTableSize() const { return bucketCount; } ///< 17 at first, with or without a table
 
@@ -195,7 +196,7 @@ public:
 
     unsigned HashKey(KeyArgument key) const { return Keys::hash(Keys::view(key)); }
 
-    // ------------------------------------------------------------------------------------------------------ lookup
+    // ---------------------------------------------------------------------------------------------------------- lookup
 
     /// True and the value, or false with `value` unchanged.
     bool Lookup(KeyArgument key, Value& value) const;
@@ -203,13 +204,13 @@ public:
     /// The value of a key, which is added with a value of 0, null or empty if it is missing.
     Value& operator[](KeyArgument key);
 
-    // ------------------------------------------------------------------------------------------------------- change
+    // ---------------------------------------------------------------------------------------------------------- change
 
     void SetAt(KeyArgument key, Value value) { (*this)[key] = std::move(value); }
     bool RemoveKey(KeyArgument key); ///< false if the key is missing; without a table the key is not looked at
     void RemoveAll();                ///< the table size stays
 
-    // --------------------------------------------------------------------------------------------------------- walk
+    // ------------------------------------------------------------------------------------------------------------ walk
 
     /// Where GetNextAssoc() begins, a mark that stands for no association yet; null for an empty map.
     POSITION GetStartPosition() const { return count == 0 ? nullptr : beforeStart(); }
@@ -270,7 +271,7 @@ private:
     }
 };
 
-// ------------------------------------------------------------------------------------------------- the map classes
+// ----------------------------------------------------------------------------------------------------- the map classes
 // Pointers and objects are not owned. Loading adds to what is in the map and ends early where the archive does.
 
 /// 16-bit numbers to pointers.
@@ -318,8 +319,8 @@ class XE_EXPORT CMapWordToOb_X : public CObject_X, public XeMap<xe::detail::Valu
     void Serialize(CArchive_X& archive) override;
 };
 
-/// Texts to pointers. Unlike the other maps it takes block and table sizes as they are given: with a block size below 1 or
-/// a table size of 0 nothing is found, and insertion raises.
+/// Texts to pointers. Unlike the other maps it takes block and table sizes as they are given: with a block size below 1
+/// or a table size of 0 nothing is found, and insertion raises.
 class XE_EXPORT CMapStringToPtr_X : public CObject_X,
                                     public XeMap<xe::detail::HashedAssoc<CString_X, void*>,
                                                  xe::detail::KeyRules<CString_X>, xe::detail::MapSizes::AsGiven>
@@ -332,8 +333,8 @@ class XE_EXPORT CMapStringToPtr_X : public CObject_X,
     void GetNextAssoc(POSITION& position, CString_X& key, void*& value) const;
 
     /// Whether a key equal to the text that `found` points to follows *behind* the association of `key` in its bucket.
-    /// So a key alone in its bucket gives false, unlike the published function; callers rely on it. `found` is not
-    /// changed.
+    /// So a key alone in its bucket gives false. The published function looks the key up and puts its text into
+    /// `found`; here `found` is not changed.
     bool LookupKey(const wchar_t* key, const wchar_t*& found) const;
 };
 
@@ -364,10 +365,10 @@ class XE_EXPORT CMapStringToString_X : public CObject_X, public XePairMap<CStrin
     void Serialize(CArchive_X& archive) override;
 };
 
-// ------------------------------------------------------------------------------------------------------ the template
+// -------------------------------------------------------------------------------------------------------- the template
 
-/// The hash of a key of CMap_X, as the map classes have it for texts, pointers and numbers. A host specialises it for keys
-/// of its own.
+/// The hash of a key of CMap_X, as the map classes have it for texts, pointers and numbers. A host specialises it for
+/// keys of its own.
 template <class ARG_KEY>
 unsigned HashKey_X(ARG_KEY key)
 {
@@ -394,8 +395,8 @@ struct HostKey
 
 } // namespace xe::detail
 
-/// The map for key and value types of the host's. Keys are hashed by HashKey_X() and compared by `==`. It has no run-time
-/// class of its own and is not storable.
+/// The map for key and value types of the host's. Keys are hashed by HashKey_X() and compared by `==`. It has no
+/// run-time class of its own and is not storable.
 ///
 ///     CMap_X<unsigned, unsigned, CPoint, CPoint&> corners;
 ///     corners[17] = CPoint(3, 4);
@@ -410,7 +411,7 @@ public:
     void SetAt(ARG_KEY key, ARG_VALUE value) { (*this)[key] = value; }
 };
 
-// ------------------------------------------------------------------------------------------------------ the map body
+// -------------------------------------------------------------------------------------------------------- the map body
 
 template <class Assoc, class Keys, xe::detail::MapSizes sizes>
 void XeMap<Assoc, Keys, sizes>::InitHashTable(unsigned size, int allocate)

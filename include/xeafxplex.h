@@ -13,7 +13,8 @@
 struct __POSITION;
 using POSITION = __POSITION*;
 
-/// The header of a block of raw memory in a chain; the data follows it. A chain is held by a pointer to its newest block.
+/// The header of a block of raw memory in a chain; the data follows it. A chain is held by a pointer to its newest
+/// block.
 ///
 ///     CPlex_X* blocks = nullptr;
 ///     void* room = CPlex_X::Create(blocks, 10, sizeof(Item))->data(); // for ten items
@@ -27,8 +28,8 @@ struct XE_EXPORT CPlex_X
     void* data() { return this + 1; }
 
     /// Puts a block with room for `max` times `element` bytes at the head of the chain and returns it. Raises a
-    /// CInvalidArgException_X* if one of them is 0 or the size is more than a block can have, std::bad_alloc for want of
-    /// memory.
+    /// CInvalidArgException_X* if one of them is 0 or the size is more than a block can have, std::bad_alloc for want
+    /// of memory.
     static CPlex_X* Create(CPlex_X*& head, std::size_t max, std::size_t element);
 
     /// Frees this block and all older ones.

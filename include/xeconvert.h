@@ -2,8 +2,8 @@
 /// Conversions between wide and narrow text, and the wide functions of the Windows C runtime that the C library lacks.
 ///
 /// WideCharToMultiByte_X and its mirror go by the process's C locale, which this library never sets: unless the host
-/// does, only ASCII text passes them. CString_X has conversions of its own, always UTF-8. A `QString + const char*` takes
-/// the bytes as UTF-8; that operator is Qt's own.
+/// does, only ASCII text passes them. CString_X has conversions of its own, always UTF-8. A `QString + const char*`
+/// takes the bytes as UTF-8; that operator is Qt's own.
 #pragma once
 
 #include "xedef.h"

@@ -1,9 +1,8 @@
 /// @file xedef.h
 /// Scalar types, handles, records and numbers of the Win32 interface as this library carries them.
 ///
-/// The widths are those of 32-bit-long Win32 on a 64-bit system: BOOL, LONG, ULONG and DWORD have 32 bits, the
-/// message parameters and all `*_PTR` types 64. `wchar_t` has 32 bits here, unlike Windows. A window handle is the
-/// QWidget itself.
+/// The types have the widths that they have on 64-bit Windows: BOOL, LONG, ULONG and DWORD 32 bits, the message
+/// parameters and all `*_PTR` types 64. A `wchar_t` has 32 bits, unlike there. A window handle is the QWidget itself.
 #pragma once
 
 #include <QtGlobal>
@@ -20,7 +19,7 @@ class QWidget;
 #define XE_EXPORT Q_DECL_IMPORT
 #endif
 
-// ------------------------------------------------------------------- words of host code without a meaning here
+// ------------------------------------------------------------ words that host code may hold and that mean nothing here
 
 #ifndef CALLBACK
 #define CALLBACK
@@ -35,12 +34,12 @@ class QWidget;
 #define afx_msg
 #endif
 
-/// Text is wide here, whatever the host was built for.
+/// A wide text, always: there is no build for narrow ones.
 #ifndef _T
 #define _T(text) L##text
 #endif
 
-// ------------------------------------------------------------------------------------------------ scalar types
+// -------------------------------------------------------------------------------------------------------- scalar types
 
 using BOOL = int;
 using BYTE = std::uint8_t;
@@ -92,32 +91,34 @@ inline constexpr int MAX_PATH = 260; ///< as published; paths may be longer here
 static_assert(sizeof(WPARAM) == 8 && sizeof(LPARAM) == 8 && sizeof(void*) == 8,
               "a message parameter holds a pointer, so the library is for 64-bit systems");
 
-// ----------------------------------------------------------------------------------------------------- handles
+// ------------------------------------------------------------------------------------------------------------- handles
 
 using HANDLE = void*;
 using HINSTANCE = void*;
 using HMENU = QMenu*;
 using HDC = void*;
 using HDROP = void*;
-using HHOOK = void*; ///< the address of the hook function itself
-using HWND = QWidget*;
-using HBRUSH = QBrush*;
+using HHOOK = void*;    ///< the address of the hook function
+using HWND = QWidget*;  ///< the widget
+using HBRUSH = QBrush*; ///< the brush
 
-// ----------------------------------------------------------------------------------------------------- records
+// ------------------------------------------------------------------------------------------------------------- records
 
-/// Seen through other types as well: the corners of a CRect are points.
+/// A place. It may be looked at through other types as well: the corners of a CRect are points.
 struct [[gnu::may_alias]] tagPOINT
 {
     LONG x;
     LONG y;
 };
 
+/// A width and a height.
 struct tagSIZE
 {
     LONG cx;
     LONG cy;
 };
 
+/// A rectangle by its edges; `right` and `bottom` are one past the last pixel.
 struct tagRECT
 {
     LONG left;
@@ -126,6 +127,7 @@ struct tagRECT
     LONG bottom;
 };
 
+/// What OnCreate() is given: `style`, and 0 in all else.
 struct tagCREATESTRUCTW
 {
     void* lpCreateParams;
@@ -142,6 +144,7 @@ struct tagCREATESTRUCTW
     DWORD dwExStyle;
 };
 
+/// What WM_WINDOWPOSCHANGING and WM_WINDOWPOSCHANGED carry, which hosts send to their own windows.
 struct tagWINDOWPOS
 {
     HWND hwnd;
@@ -153,12 +156,14 @@ struct tagWINDOWPOS
     UINT flags;
 };
 
+/// What WM_STYLECHANGING and WM_STYLECHANGED carry, likewise.
 struct tagSTYLESTRUCT
 {
     DWORD styleOld;
     DWORD styleNew;
 };
 
+/// What WM_MEASUREITEM carries, likewise.
 struct tagMEASUREITEMSTRUCT
 {
     UINT CtlType;
@@ -197,10 +202,11 @@ struct _SECURITY_ATTRIBUTES
     BOOL bInheritHandle;
 };
 
+/// The state of a scroll bar.
 struct tagSCROLLINFO
 {
-    UINT cbSize;
-    UINT fMask;
+    UINT cbSize; ///< neither read nor written
+    UINT fMask;  ///< SIF_ flags: which fields count
     int nMin;
     int nMax;
     UINT nPage;
@@ -233,9 +239,9 @@ using SECURITY_ATTRIBUTES = _SECURITY_ATTRIBUTES;
 using SYSTEMTIME = _SYSTEMTIME;
 using LPSYSTEMTIME = _SYSTEMTIME*;
 
-// ----------------------------------------------------------------------------------------------- error numbers
+// ------------------------------------------------------------------------------------------------------- error numbers
 
-// The last error is errno, so numbers of the C library meet these in one field.
+// GetLastError() gives `errno`: numbers of the C library as well as these.
 inline constexpr LONG ERROR_SUCCESS = 0;
 inline constexpr LONG NO_ERROR = 0;
 inline constexpr LONG ERROR_FILE_NOT_FOUND = 2;
@@ -255,10 +261,12 @@ inline constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005);
 inline constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057);
 inline constexpr HRESULT URL_E_INVALID_SYNTAX = static_cast<HRESULT>(0x80041001);
 
+/// Whether a result is no failure.
 constexpr bool SUCCEEDED(HRESULT result) { return result >= 0; }
+/// Whether a result is a failure.
 constexpr bool FAILED(HRESULT result) { return result < 0; }
 
-// ---------------------------------------------------------------------------------------- words and parameters
+// ------------------------------------------------------------------------------------------------ words and parameters
 
 /// The low 16 bits of a value.
 constexpr WORD LOWORD(DWORD_PTR value) { return static_cast<WORD>(value & 0xFFFF); }

@@ -58,7 +58,7 @@ class XE_EXPORT CException_X :
     int autoDelete;
 };
 
-// ------------------------------------------------------------------------------------------------- simple exceptions
+// --------------------------------------------------------------------------------------------------- simple exceptions
 
 /// An exception with a fixed text. The text is "CException" for all of them: the resource `messageId` is not looked up,
 /// unlike in the published class.
@@ -131,7 +131,7 @@ extern XE_EXPORT CUserException_X _simpleUserException;
 [[noreturn]] XE_EXPORT void AfxThrowResourceException_X();
 [[noreturn]] XE_EXPORT void AfxThrowUserException_X();
 
-// ------------------------------------------------------------------------------------- exceptions with their own text
+// -------------------------------------------------------------------------------------- exceptions with their own text
 // Their throw functions make a new object, which the catcher gives back by Delete(), or raise std::bad_alloc.
 
 /// The library's own archive raises none: it is for hosts.

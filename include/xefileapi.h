@@ -1,19 +1,19 @@
 /// @file xefileapi.h
 /// File handles, paths, volumes and file times.
 ///
-/// A file handle is the address of a CFile_X, opened by CreateFile_X or by the host; it is used by one thread at a time.
-/// The handles of events, mutexes and semaphores are another kind, closed by XeCloseHandle. Paths are wide texts; null
-/// stands for an empty one, which names no file. No function sets an error number of its own: the last error, errno, is
-/// what the calls below left.
+/// A file handle is the address of a CFile_X, opened by CreateFile_X or by the host; it is used by one thread at a
+/// time. The handles of events, mutexes and semaphores are another kind, closed by XeCloseHandle. Paths are wide texts;
+/// null stands for an empty one, which names no file. No function sets an error number of its own: the last error,
+/// errno, is what the calls below left.
 ///
 /// Where a result is "written without a terminator", whoever reads the buffer clears it first or goes by the result.
 #pragma once
 
 #include "xedef.h"
 
-// ------------------------------------------------------------------------------------------------------ file handles
-// A handle that is null, INVALID_HANDLE_VALUE or of a CFile_X that is not open gives the result of failure: 0 unless the
-// function says otherwise.
+// -------------------------------------------------------------------------------------------------------- file handles
+// A handle that is null, INVALID_HANDLE_VALUE or of a CFile_X that is not open gives the result of failure: 0 unless
+// the function says otherwise.
 
 inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(-1);
 inline constexpr DWORD INVALID_FILE_SIZE = 0xFFFFFFFF;
@@ -60,9 +60,9 @@ XE_EXPORT HANDLE CreateFile_X(const wchar_t* path, DWORD access, DWORD share = 0
 /// Closes the file and deletes its CFile_X. 1.
 XE_EXPORT BOOL CloseHandle_X(HANDLE file);
 
-/// Reads up to `count` bytes and writes them to `buffer` as *wide text*, without a terminator: the bytes up to the first 0
-/// as MultiByteToWideChar_X converts them, cut to `count` - 1 elements. `*read` gets the number of elements. What the C
-/// locale cannot convert is no text. 1, also at the end of the file.
+/// Reads up to `count` bytes and writes them to `buffer` as *wide text*, without a terminator: the bytes up to the
+/// first 0 as MultiByteToWideChar_X converts them, cut to `count` - 1 elements. `*read` gets the number of elements.
+/// What the C locale cannot convert is no text. 1, also at the end of the file.
 XE_EXPORT BOOL ReadFile_X(HANDLE file, void* buffer, DWORD count, DWORD* read, LPOVERLAPPED overlapped = nullptr);
 
 /// Writes the *wide text* at `text` up to its terminator, whatever `count` says, as WideCharToMultiByte_X converts it.
@@ -77,8 +77,8 @@ XE_EXPORT DWORD GetFileSize_X(HANDLE file, DWORD* high);
 XE_EXPORT BOOL GetFileSizeEx_X(HANDLE file, PLARGE_INTEGER size);
 
 /// Moves to a distance from the start, the position or the end; another method, and a place before the start, move
-/// nothing. The lower 32 bits of the position afterwards, INVALID_SET_FILE_POINTER on failure. `high` is neither read nor
-/// written: the distance has 32 bits.
+/// nothing. The lower 32 bits of the position afterwards, INVALID_SET_FILE_POINTER on failure. `high` is neither read
+/// nor written: the distance has 32 bits.
 XE_EXPORT DWORD SetFilePointer_X(HANDLE file, LONG distance, LONG* high, DWORD method);
 
 /// The same with 64 bits. The position is stored in `*position` only if what is there is not 0: callers preset it. 1.
@@ -91,11 +91,11 @@ XE_EXPORT BOOL SetFileValidData_X(HANDLE file, LONGLONG length);
 
 /// Times in milliseconds since 1970; a time that the file system does not keep is 0. Null outputs are left out. 1.
 XE_EXPORT BOOL GetFileTime_X(HANDLE file, FILETIME* creation, FILETIME* access, FILETIME* write);
-/// Sets the three in this order and stops at the first that cannot be set, the result being 0: file systems that keep no
-/// settable birth time stop at once. 0 if one is null.
+/// Sets the three in this order and stops at the first that cannot be set, the result being 0: file systems that keep
+/// no settable birth time stop at once. 0 if one is null.
 XE_EXPORT BOOL SetFileTime_X(HANDLE file, const FILETIME* creation, const FILETIME* access, const FILETIME* write);
 
-// ------------------------------------------------------------------------------------------------------------- paths
+// --------------------------------------------------------------------------------------------------------------- paths
 
 /// The file's QFile::Permissions, 0 if it does not exist: not the published attributes.
 XE_EXPORT DWORD GetFileAttributes_X(const wchar_t* path);
@@ -119,8 +119,8 @@ XE_EXPORT BOOL DeleteVolumeMountPoint_X(const wchar_t* path); ///< RemoveDirecto
 /// *points at already*, unlike the published function: the caller promises its size.
 XE_EXPORT DWORD GetFullPathName_X(const wchar_t* path, DWORD capacity, wchar_t* buffer, wchar_t** filePart);
 
-/// The system's folder for temporary files with a "/" behind it. At most `capacity` elements are copied; the result is the
-/// number copied, with the terminator counted if that was among them.
+/// The system's folder for temporary files with a "/" behind it. At most `capacity` elements are copied; the result is
+/// the number copied, with the terminator counted if that was among them.
 XE_EXPORT DWORD GetTempPath(DWORD capacity, wchar_t* buffer);
 
 /// Writes the name of a file that does not exist, without a terminator: path and prefix with nothing between them, a
@@ -128,9 +128,10 @@ XE_EXPORT DWORD GetTempPath(DWORD capacity, wchar_t* buffer);
 /// ERROR_BUFFER_OVERFLOW for a name of more than 2034 elements; 0 if there can be no such file. Seeds `rand()`.
 XE_EXPORT UINT GetTempFileName_X(const wchar_t* path, const wchar_t* prefix, UINT unique, wchar_t* buffer);
 
-/// Runs the program "tar" on the path, for up to 30 seconds, and counts the bytes of its standard output: 0, since the
-/// archive goes to a file called " -" in the current folder, and stays there. Callers rely on no more than the call. The
-/// upper 32 bits go to `*high`. A path that begins with "-" is an option to that program.
+/// Runs the program "tar" on the path, for up to 30 seconds, and counts the bytes of its standard output. That is 0,
+/// since the archive goes to a file called " -" in the current folder, which stays there: unlike from the published
+/// function no size is to be had. The upper 32 bits go to `*high`. A path that begins with "-" is an option to that
+/// program.
 XE_EXPORT DWORD GetCompressedFileSize_X(const wchar_t* path, DWORD* high);
 
 XE_EXPORT BOOL AreFileApisANSI_X(); ///< 0
@@ -138,7 +139,7 @@ XE_EXPORT BOOL AreFileApisANSI_X(); ///< 0
 /// 0 on success, -1 on failure: QFile::rename, never onto an existing file.
 XE_EXPORT int _wrename(const wchar_t* from, const wchar_t* to);
 
-// ----------------------------------------------------------------------------------------------------------- volumes
+// ------------------------------------------------------------------------------------------------------------- volumes
 // Texts are written without a terminator.
 
 /// The mount point of the path's volume, cut to `capacity`. 1.
@@ -154,7 +155,7 @@ XE_EXPORT DWORD GetLogicalDrives_X(); ///< 0
 /// the cut.
 XE_EXPORT DWORD GetLogicalDriveStrings_X(DWORD capacity, wchar_t* buffer);
 
-// ---------------------------------------------------------------------------------------------------- file operations
+// ----------------------------------------------------------------------------------------------------- file operations
 
 inline constexpr UINT FO_MOVE = 1;
 inline constexpr UINT FO_COPY = 2;
@@ -175,8 +176,8 @@ struct _SHFILEOPSTRUCT_X
 
 /// Moves or copies a file into a directory, over a file of its name, deletes it or renames it. 0 on success, and with
 /// nothing done for a missing source, a missing target or another operation; -1 on failure, and for null. Directories
-/// fail. A file is not copied or moved onto itself: -1, with nothing changed. No dialog is shown. `fAnyOperationsAborted`
-/// becomes 0.
+/// fail. A file is not copied or moved onto itself: -1, with nothing changed. No dialog is shown.
+/// `fAnyOperationsAborted` becomes 0.
 XE_EXPORT int SHFileOperation_X(_SHFILEOPSTRUCT_X* operation);
 
 // ------------------------------------------------------------------------------------------ functions of the C runtime
@@ -196,7 +197,7 @@ XE_EXPORT int _wrmdir(const wchar_t* path);
 /// dropped. Returns 0, or -1 on failure and for a name that holds one of `\ / : * ? " < > |`.
 XE_EXPORT int _wmkdir(const wchar_t* path);
 
-// -------------------------------------------------------------------------------------------------------- file times
+// ---------------------------------------------------------------------------------------------------------- file times
 // A FILETIME counts milliseconds since 1970-01-01 UTC, unlike the published one.
 
 XE_EXPORT LONG CompareFileTime_X(const FILETIME* a, const FILETIME* b); ///< -1, 0, 1; null counts as 0

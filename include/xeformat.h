@@ -2,7 +2,7 @@
 /// The printf engine for wide format strings, as Windows programs write them.
 ///
 /// In a wide format `%s` takes wide text and `%S` narrow text, and `I64` is a size prefix: neither is true of the C
-/// library here. The engine is no full printf. What host code relies on:
+/// library here. The engine is no full printf:
 ///
 /// | in the format | what happens |
 /// | --- | --- |
@@ -30,7 +30,8 @@
 #include <string>
 
 /// The whole formatted text, embedded zeros included. A null format gives an empty text. Numbers look as the global
-/// std::locale writes them. Any thread may call it; more conversions than arguments are the caller's fault, as in printf.
+/// std::locale writes them. Any thread may call it; more conversions than arguments are the caller's fault, as in
+/// printf.
 XE_EXPORT std::wstring XeEmu_vswprintfV(const wchar_t* format, std::va_list arguments);
 
 /// The C library's vsnprintf, with its meaning of every conversion: writes at most `size` bytes with the terminator and

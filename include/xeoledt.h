@@ -21,9 +21,9 @@ inline constexpr unsigned VAR_DATEVALUEONLY = 2;
 /// bool late = double(delivered) < double(COleDateTime_X::GetCurrentTime());
 /// @endcode
 ///
-/// Values that are set by calendar fields or to the current time keep the low 32 bits of their seconds, read as unsigned:
-/// a moment before 1970, which midnight of 1970-01-01 is east of Greenwich, becomes one of the years from 1970 to 2106,
-/// and so does one after 2106.
+/// Values that are set by calendar fields or to the current time keep the low 32 bits of their seconds, read as
+/// unsigned: a moment before 1970, which midnight of 1970-01-01 is east of Greenwich, becomes one of the years from
+/// 1970 to 2106, and so does one after 2106.
 class XE_EXPORT COleDateTime_X : public QDateTime
 {
 public:
@@ -55,23 +55,23 @@ public:
     /// The seconds; 0 unless the status is `valid`.
     operator double() const { return status == valid ? dt : 0.0; }
 
-    /// Local time. Always returns 0 and makes the status `valid`: a time that does not exist is midnight, a date that does
-    /// not exist gives some moment.
+    /// Local time. Always returns 0 and makes the status `valid`: a time that does not exist is midnight, a date that
+    /// does not exist gives some moment.
     int SetDateTime(int year, int month, int day, int hour, int minute, int second);
     int SetDate(int year, int month, int day);     ///< midnight
     int SetTime(int hour, int minute, int second); ///< on 1970-01-01
 
     /// With VAR_TIMEVALUEONLY the second word of the text, in the form hh:mm:ss, goes to SetTime(); otherwise with
-    /// VAR_DATEVALUEONLY the first word, in the form yyyy-MM-dd, goes to SetDate(). Any other flags read nothing: there is
-    /// no form with both. Always returns 1, also for a text of another form. `locale` is ignored.
+    /// VAR_DATEVALUEONLY the first word, in the form yyyy-MM-dd, goes to SetDate(). Any other flags read nothing: there
+    /// is no form with both. Always returns 1, also for a text of another form. `locale` is ignored.
     int ParseDateTime(const wchar_t* text, unsigned flags = 0, unsigned locale = 0);
 
     /// The format with its tokens replaced: %Y the year, %y its last two digits without padding, and of two digits each
     /// %m month, %d day, %H hour, %M minute, %S second. All else stays, `%A` and `%%` too.
     CString_X Format(const wchar_t* format) const;
 
-    // Valid values compare by their seconds. A value that is not valid is equal to nothing but, if both are null, another
-    // one; it is neither less nor greater than any.
+    // Valid values compare by their seconds. A value that is not valid is equal to nothing but, if both are null,
+    // another one; it is neither less nor greater than any.
     bool operator==(const COleDateTime_X& other) const;
     bool operator!=(const COleDateTime_X& other) const { return !(*this == other); }
     bool operator<(const COleDateTime_X& other) const;

@@ -3,8 +3,7 @@
 /// questions about a path.
 ///
 /// A path may be one of Linux or one that a host program has carried over from Windows, and the functions do not agree
-/// on what separates its components: each group says whether it goes by "/", by "\" or by both, and callers know each
-/// as it is.
+/// on what separates its components: each group says whether it goes by "/", by "\" or by both.
 ///
 /// Texts are terminated texts of 32-bit elements, lengths and places count elements. A function that changes a text
 /// does it in place, one that finds something returns a pointer into its argument. A buffer that a function fills, or
@@ -23,8 +22,8 @@ inline constexpr int XE_MAX_PATH = 2048;
 /// and "/a/b" becomes "/a". Without such a separator nothing changes. 1 if the text changed.
 XE_EXPORT BOOL PathRemoveFileSpec_X(wchar_t* path);
 
-/// Cuts the text behind the same separator: "a/b/c" becomes "a/", "/a/b" becomes "/a/". Without one nothing is left:
-/// callers rely on a root that is empty then. 1 if the text changed.
+/// Cuts the text behind the same separator: "a/b/c" becomes "a/", "/a/b" becomes "/a/". Without one nothing is left, as
+/// there is no root then. 1 if the text changed.
 XE_EXPORT BOOL PathStripToRoot_X(wchar_t* path);
 
 /// Moves what follows the last separator to the start of the text.
@@ -50,7 +49,8 @@ XE_EXPORT BOOL PathIsNetworkPath_X(const wchar_t* path);
 XE_EXPORT wchar_t* PathAddBackslash_X(wchar_t* path);
 
 /// If the text ends in "/", writes it back without *any* of its "/" and without a terminator, so that the old tail
-/// stays behind the shorter text: "a/b/" becomes "abb/". Callers know it that way. Returns the text.
+/// stays behind the shorter text: "a/b/" becomes "abb/". The published function takes the last separator alone. Returns
+/// the text.
 XE_EXPORT wchar_t* PathRemoveBackslash_X(wchar_t* path);
 
 // ---------------------------------------------------------------------- kinds, joining, comparing: "\" alone separates
@@ -117,7 +117,7 @@ XE_EXPORT BOOL PathQuoteSpaces_X(wchar_t* path);
 /// Removes a double quote at either end; 1 if both were there.
 XE_EXPORT BOOL PathUnquoteSpaces_X(wchar_t* path);
 
-/// 0, always: unlike the published function it reads no index and cuts nothing. Callers take the first icon.
+/// 0, always: unlike the published function it reads no index and cuts nothing.
 XE_EXPORT int PathParseIconLocation_X(wchar_t* path);
 
 // ------------------------------------------------------------------------ extensions: both "/" and "\" end a component
@@ -167,8 +167,8 @@ XE_EXPORT BOOL PathIsURL_X(const wchar_t* path);
 /// `\\server`.
 XE_EXPORT BOOL PathIsUNCServer_X(const wchar_t* path);
 
-/// Whether there is "://" in the text and a "/" behind its ":", which is to say "://" alone: callers ask
-/// PathIsUNCServer_X first. Unlike the published function it does not look for `\\server\share`.
+/// Whether there is "://" in the text and a "/" behind its ":", which is to say "://" alone, so that it is 1 wherever
+/// PathIsUNCServer_X is. Unlike the published function it does not look for `\\server\share`.
 XE_EXPORT BOOL PathIsUNCServerShare_X(const wchar_t* path);
 
 /// Whether a name goes beyond eight elements, a "." and three more, or has a blank.

@@ -21,7 +21,7 @@
 
 #include "xedef.h"
 
-// -------------------------------------------------------------------------------------------------------------- read
+// ---------------------------------------------------------------------------------------------------------------- read
 
 /// The entry as a number; 0, not the default, for a text that is none.
 XE_EXPORT UINT GetPrivateProfileInt_X(const wchar_t* section, const wchar_t* key, int defaultValue,
@@ -49,7 +49,7 @@ XE_EXPORT DWORD GetPrivateProfileSectionNames_X(wchar_t* buffer, DWORD size, con
 XE_EXPORT BOOL GetPrivateProfileStruct_X(const wchar_t* section, const wchar_t* key, void* buffer, UINT size,
                                          const wchar_t* file);
 
-// ------------------------------------------------------------------------------------------------------------- write
+// --------------------------------------------------------------------------------------------------------------- write
 // 0 if there is no such file: none is created. Otherwise 1, also when the file could not be written. Nothing can be
 // removed: a null value writes an empty one, and without a key no entry is written, with a warning from Qt.
 

@@ -1,13 +1,13 @@
 /// @file xeresource.h
 /// Resource identifiers: which module asks, and what its tables call a number.
 ///
-/// A module (the host or a plug-in) carries two tables in its Qt resource tree, INI texts in UTF-8. The identifier table
-/// `:/<module>/<module>IDs` has lines `number=NAME`, the string table `:/<module>/<module>ST` lines `NAME=text`. The
-/// CMake function `xe_add_resource_tables` makes both from a `resource.h` and a list of texts. A control's Qt object name
-/// is such a symbolic name.
+/// A module (the host or a plug-in) carries two tables in its Qt resource tree, INI texts in UTF-8. The identifier
+/// table `:/<module>/<module>IDs` has lines `number=NAME`, the string table `:/<module>/<module>ST` lines `NAME=text`.
+/// The CMake function `xe_add_resource_tables` makes both from a `resource.h` and a list of texts. A control's Qt
+/// object name is such a symbolic name.
 ///
-/// The module is the one that called: the first on the call stack that is not this library. A module handle that a caller
-/// passes is never looked at. What is not found gives an empty text or 0; there are no errors. GUI thread only.
+/// The module is the one that called: the first on the call stack that is not this library. A module handle that a
+/// caller passes is never looked at. What is not found gives an empty text or 0; there are no errors. GUI thread only.
 #pragma once
 
 #include "xedef.h"
@@ -23,8 +23,8 @@ XE_EXPORT QString GetPlxResourceName();
 /// True for the names of the library's own modules, which the stack walk skips.
 XE_EXPORT bool isCurrentLibrary(const QString& module);
 
-/// The identifier table of the calling module; a key that is no decimal number counts as 0. It belongs to a cache: copy it
-/// or use it at once. A table that is empty is looked for anew each time, any other is never read again.
+/// The identifier table of the calling module; a key that is no decimal number counts as 0. It belongs to a cache: copy
+/// it or use it at once. A table that is empty is looked for anew each time, any other is never read again.
 XE_EXPORT QMap<unsigned int, QString>& GetResourceIDMap();
 
 /// The string table of the calling module, likewise.

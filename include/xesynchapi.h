@@ -15,7 +15,7 @@
 #include <pthread.h>
 #include <semaphore.h>
 
-// ------------------------------------------------------------------------------------------- what a handle points to
+// --------------------------------------------------------------------------------------------- what a handle points to
 
 /// The process's own book on a semaphore. Another process that uses the same semaphore has its own.
 struct XeSemaphoreCount
@@ -70,7 +70,7 @@ struct XeHandle
 /// The entry of a record that XeCloseHandle could not take apart stays, and has a record without a kind from then on.
 extern XE_EXPORT QMap<const wchar_t*, XeHandle*>& g_mapXeHandle;
 
-// --------------------------------------------------------------------------------------------------- create and open
+// ----------------------------------------------------------------------------------------------------- create and open
 // Security attributes, access masks and inherit flags are ignored.
 //
 // A name is known by its address alone: the same text at another address is another name, and the text of events and
@@ -89,6 +89,7 @@ XE_EXPORT HANDLE CreateEvent(LPSECURITY_ATTRIBUTES security, BOOL manualReset, B
 
 /// A manual-reset event that is signalled, whatever the flags say, unlike the published function.
 XE_EXPORT HANDLE CreateEventEx(LPSECURITY_ATTRIBUTES security, LPCWSTR name, DWORD flags, DWORD access);
+/// The event of a name; see Open* above.
 XE_EXPORT HANDLE OpenEvent(DWORD access, BOOL inherit, LPCWSTR name);
 
 /// A mutex for the threads of this process. It is not recursive, unlike the published one.
@@ -96,6 +97,7 @@ XE_EXPORT HANDLE CreateMutex(LPSECURITY_ATTRIBUTES security, BOOL initialOwner, 
 
 /// CreateMutex; any flag makes the caller the owner.
 XE_EXPORT HANDLE CreateMutexEx(LPSECURITY_ATTRIBUTES security, LPCWSTR name, DWORD flags, DWORD access);
+/// The mutex of a name; see Open* above.
 XE_EXPORT HANDLE OpenMutex(DWORD access, BOOL inherit, LPCWSTR name);
 
 /// The system's semaphore of that name, which other processes can join. The name goes to `sem_open` as it is, in UTF-8:
@@ -109,7 +111,7 @@ XE_EXPORT HANDLE CreateSemaphore(LPSECURITY_ATTRIBUTES security, long initialCou
 XE_EXPORT HANDLE CreateSemaphoreEx(LPSECURITY_ATTRIBUTES security, long initialCount, long maximumCount, LPCWSTR name,
                                    DWORD flags, DWORD access);
 
-/// The third argument is ignored.
+/// The semaphore of a name; see Open* above. The third argument is ignored.
 XE_EXPORT HANDLE OpenSemaphore(DWORD access, BOOL inherit, long maximumCount, LPCWSTR name);
 
 /// Ends the object for all who have the handle and deletes its record. Gives 1; 0 for null and for a handle without an
@@ -121,7 +123,7 @@ XE_EXPORT HANDLE OpenSemaphore(DWORD access, BOOL inherit, long maximumCount, LP
 /// stays. Files are closed by CloseHandle_X.
 XE_EXPORT BOOL XeCloseHandle(HANDLE handle) noexcept;
 
-// --------------------------------------------------------------------------------------- change of state and waiting
+// ----------------------------------------------------------------------------------------- change of state and waiting
 // A null handle, and one of another kind or without an object, gives 0, or WAIT_FAILED from the wait.
 
 /// Signals an event: all waiters go on when it is a manual-reset one, else one does. 1 on success.
@@ -140,7 +142,7 @@ XE_EXPORT void interLockedSetFalse(std::atomic<std::int64_t>& state);
 XE_EXPORT BOOL ReleaseMutex(HANDLE mutex);
 
 /// Posts a semaphore until the count of this process has reached `releaseCount`, and at least once: releasing 3 from a
-/// count of 1 posts twice, from 5 once. This differs from the published function; callers rely on it.
+/// count of 1 posts twice, from 5 once. The published function posts `releaseCount` times.
 ///
 /// `previousCount` gets the count before; it may be null. 1 on success. 0, with nothing changed, for a `releaseCount`
 /// below 1 or one that with the count exceeds the maximum; 0 also when a post fails.
@@ -163,7 +165,7 @@ inline constexpr DWORD WAIT_FAILED = 0xFFFFFFFF;
 /// - Semaphore: WAIT_TIMEOUT when the limit is over; a signal handler that runs meanwhile makes it WAIT_FAILED.
 XE_EXPORT DWORD WaitForSingleObject(HANDLE handle, DWORD milliseconds);
 
-// ------------------------------------------------------------------------------------------------------------- locks
+// --------------------------------------------------------------------------------------------------------------- locks
 // The types are those of pthreads. Unless it says otherwise, a function gives the result of the pthread function: 0 on
 // success, which is the reverse of the published BOOL, else an error number. Null gives EINVAL.
 
@@ -175,24 +177,32 @@ using PSRWLOCK = pthread_rwlock_t*;
 using CONDITION_VARIABLE = pthread_cond_t;
 using PCONDITION_VARIABLE = pthread_cond_t*;
 
-/// Not recursive, unlike the published one: a second entry by the owner blocks for ever.
+/// Makes a critical section, which is not recursive, unlike the published one.
 XE_EXPORT int InitializeCriticalSection_X(LPCRITICAL_SECTION section);
+/// Waits until nobody is inside and enters. A second entry by the thread that is inside blocks for ever.
 XE_EXPORT int EnterCriticalSection_X(LPCRITICAL_SECTION section);
+/// Leaves a section that the thread is in.
 XE_EXPORT int LeaveCriticalSection_X(LPCRITICAL_SECTION section);
+/// Ends a section that nobody is in.
 XE_EXPORT int DeleteCriticalSection_X(LPCRITICAL_SECTION section);
 
+/// Makes a lock that many may hold shared, or one exclusively.
 XE_EXPORT int InitializeSRWLock(PSRWLOCK lock);
+/// Waits for the lock.
 XE_EXPORT int AcquireSRWLockExclusive(PSRWLOCK lock);
 XE_EXPORT int AcquireSRWLockShared(PSRWLOCK lock);
-XE_EXPORT int TryAcquireSRWLockExclusive(PSRWLOCK lock); ///< 0 when acquired
-XE_EXPORT int TryAcquireSRWLockShared(PSRWLOCK lock);    ///< 0 when acquired
+/// Takes the lock if that is possible at once: 0 when taken, 16 (EBUSY) when not.
+XE_EXPORT int TryAcquireSRWLockExclusive(PSRWLOCK lock);
+XE_EXPORT int TryAcquireSRWLockShared(PSRWLOCK lock);
 
 /// Unlocks and *destroys* the lock, unlike the published function: it serves for one hold and is initialised again
 /// before the next. Gives the result of the destruction.
 XE_EXPORT int ReleaseSRWLockExclusive(PSRWLOCK lock);
 XE_EXPORT int ReleaseSRWLockShared(PSRWLOCK lock); ///< the same, also while others hold the lock
 
+/// Makes a condition variable.
 XE_EXPORT int InitializeConditionVariable(PCONDITION_VARIABLE condition);
+/// Wakes one sleeper, if there is any; WakeAllConditionVariable wakes all.
 XE_EXPORT int WakeConditionVariable(PCONDITION_VARIABLE condition);
 XE_EXPORT int WakeAllConditionVariable(PCONDITION_VARIABLE condition);
 
@@ -205,18 +215,22 @@ XE_EXPORT BOOL SleepConditionVariableCS(PCONDITION_VARIABLE condition, LPCRITICA
 /// lock is held *exclusively*, with either result. A wake by a thread that had the lock after the sleeper is not lost.
 XE_EXPORT BOOL SleepConditionVariableSRW(PCONDITION_VARIABLE condition, PSRWLOCK lock, DWORD milliseconds, ULONG flags);
 
-// ------------------------------------------------------------------------------------- thread storage and last error
+// --------------------------------------------------------------------------------------- thread storage and last error
 
 inline constexpr DWORD TLS_OUT_OF_INDEXES = 0xFFFFFFFF;
 
-XE_EXPORT DWORD TlsAlloc_X(); ///< a new key, null on every thread; TLS_OUT_OF_INDEXES when there is none left
-XE_EXPORT void* TlsGetValue_X(DWORD key); ///< the calling thread's value; null for an unknown key
-XE_EXPORT int TlsSetValue_X(DWORD key,
-                            void* value); ///< 0 on success, unlike the published function; else an error number
-XE_EXPORT BOOL TlsFree_X(DWORD key);      ///< 1 on success
+/// A new key, whose value is null on every thread; TLS_OUT_OF_INDEXES when there is none left.
+XE_EXPORT DWORD TlsAlloc_X();
+/// The calling thread's value; null for an unknown key.
+XE_EXPORT void* TlsGetValue_X(DWORD key);
+/// Stores the calling thread's value. 0 on success, unlike the published function; else an error number.
+XE_EXPORT int TlsSetValue_X(DWORD key, void* value);
+/// Gives a key back; what the values point at stays. 1 on success, else 0.
+XE_EXPORT BOOL TlsFree_X(DWORD key);
 
 /// The calling thread's `errno`. Any call of the C library can change it.
 XE_EXPORT DWORD GetLastError();
+/// Sets the calling thread's `errno`.
 XE_EXPORT void SetLastError(unsigned int error);
 
 XE_EXPORT std::uint64_t GetCurrentThreadId(); ///< the whole pthread_t, wider than the published type

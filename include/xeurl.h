@@ -6,7 +6,7 @@
 
 #include "xedef.h"
 
-// ------------------------------------------------------------------------------------------------------------ scheme
+// -------------------------------------------------------------------------------------------------------------- scheme
 
 enum URL_SCHEME : int {
     URL_SCHEME_INVALID = -1,
@@ -64,7 +64,7 @@ using PPARSEDURL = tagPARSEDURLW*;
 /// for a null argument or another cbSize.
 XE_EXPORT HRESULT ParseURL_X(const wchar_t* url, tagPARSEDURLW* parts);
 
-// ------------------------------------------------------------------------------------------------------------- tests
+// --------------------------------------------------------------------------------------------------------------- tests
 
 enum URLIS : int {
     URLIS_URL = 0,
@@ -83,7 +83,7 @@ XE_EXPORT BOOL UrlIs_X(const wchar_t* url, URLIS kind);
 XE_EXPORT BOOL UrlIsOpaque_X(const wchar_t* url);
 XE_EXPORT BOOL UrlIsNoHistory_X(const wchar_t* url); ///< 0 always
 
-// ------------------------------------------------------------------------------------------------------------- parts
+// --------------------------------------------------------------------------------------------------------------- parts
 
 enum URL_PART : int {
     URL_PART_NONE = 0,
@@ -117,7 +117,7 @@ XE_EXPORT const wchar_t* UrlGetLocation_X(const wchar_t* url);
 /// S_OK, also for a capacity of 0, which writes nothing; E_FAIL for a null text; E_INVALIDARG for a null buffer.
 XE_EXPORT HRESULT UrlFixup_X(const wchar_t* url, wchar_t* buffer, DWORD capacity);
 
-// ------------------------------------------------------------------------------------------------------------ others
+// -------------------------------------------------------------------------------------------------------------- others
 
 /// The permutation of 0 to 255 by which HashData_X goes.
 XE_EXPORT extern const BYTE HashDataLookup[256];

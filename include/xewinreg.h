@@ -29,7 +29,7 @@
 
 class QString;
 
-// ------------------------------------------------------------------------------------------------ types and numbers
+// --------------------------------------------------------------------------------------------------- types and numbers
 
 /// An opened key: its whole path, such as "HKEY_CURRENT_USER/Software/Acme". Freed by RegCloseKey_X. The predefined
 /// keys are numbers, sign-extended, and must not be dereferenced.
@@ -104,7 +104,7 @@ struct value_entW
 using VALENTW = value_entW;
 using PVALENTW = value_entW*;
 
-// -------------------------------------------------------------------------------------------------- open and close
+// ------------------------------------------------------------------------------------------------------ open and close
 // `parent` is one of the predefined keys and nothing else: a key is never opened relative to an opened one, so callers
 // pass the whole path. Neither opening nor creating touches the file. A key that was never written opens, and a created
 // one comes into the file with its first value. The 8-bit sub-key is Latin-1. A wide one is converted by
@@ -138,7 +138,7 @@ XE_EXPORT LSTATUS RegFlushKey_X(HKEY key);
 
 XE_EXPORT LSTATUS RegDisablePredefinedCache_X(); ///< does nothing
 
-// ----------------------------------------------------------------------------------------- delete, rename and copy
+// --------------------------------------------------------------------------------------------- delete, rename and copy
 
 /// Removes the entry `subKey` and all below it; with an empty sub-key, the opened key with all below it.
 /// RegDeleteKey_X gives ERROR_PATH_NOT_FOUND for a null sub-key. Deletes whole trees, unlike the published function.
@@ -148,8 +148,8 @@ XE_EXPORT LSTATUS RegDeleteTree_X(HKEY key, const wchar_t* subKey);
 /// The same: the value's name is not looked at, and the whole sub-key goes, unlike in the published function.
 XE_EXPORT LSTATUS RegDeleteKeyValue_X(HKEY key, const wchar_t* subKey, const wchar_t* valueName);
 
-/// Moves one entry, as text. What lies below the old name is lost; where only entries below it were, the new name gets
-/// the empty text. That is not the published effect, and callers rely on it.
+/// Moves one entry, as text. Unlike by the published function, what lies below the old name is lost; where there were
+/// only entries below it, the new name gets the empty text.
 XE_EXPORT LSTATUS RegRenameKey_X(HKEY key, const wchar_t* oldName, const wchar_t* newName);
 
 /// With a sub-key, copies that one entry of `source` to the same name below `destination`, or nothing when it is not
@@ -157,7 +157,7 @@ XE_EXPORT LSTATUS RegRenameKey_X(HKEY key, const wchar_t* oldName, const wchar_t
 /// the name.
 XE_EXPORT LSTATUS RegCopyTree_X(HKEY source, const wchar_t* subKey, HKEY destination);
 
-// ---------------------------------------------------------------------------------------------------- enumeration
+// --------------------------------------------------------------------------------------------------------- enumeration
 // What is counted is every entry at any depth below the key, in the order of UTF-16 units; sub-keys and values are not
 // told apart. A loop from index 0 upwards is cheap. Index 0 looks at the store afresh.
 
@@ -179,7 +179,7 @@ XE_EXPORT LSTATUS RegQueryInfoKey_X(HKEY key, wchar_t* className, DWORD* classLe
                                     DWORD* maxValueNameLength, DWORD* maxValueLength, DWORD* securityLength,
                                     FILETIME* lastWrite);
 
-// --------------------------------------------------------------------------------------------------- writing values
+// ------------------------------------------------------------------------------------------------------ writing values
 // `data` is a 32-bit number for REG_DWORD, a 64-bit one for REG_QWORD, a terminated text for REG_SZ and REG_EXPAND_SZ;
 // the size is ignored. A null text is the empty one. A null address of a number, and any other type, writes nothing and
 // gives 0: binary values and lists of texts are lost. An empty name writes the entry at the key's own path, which
@@ -203,7 +203,7 @@ XE_EXPORT LSTATUS RegSetKeyValue_X(HKEY key, const wchar_t* subKey, const wchar_
 /// Empties a value: the entry stays, as an empty REG_SZ. RegDeleteKey_X is what removes an entry.
 XE_EXPORT LSTATUS RegDeleteValue_X(HKEY key, const wchar_t* name);
 
-// -------------------------------------------------------------------------------------------------- reading values
+// ------------------------------------------------------------------------------------------------------ reading values
 // An empty name reads the entry "Default" below the key. 8-bit texts are in the encoding of the C locale, terminated,
 // and their sizes are bytes with the terminator; text that the encoding cannot hold comes as the empty one.
 
@@ -220,7 +220,8 @@ XE_EXPORT LSTATUS RegQueryValueExW_X(HKEY key, const wchar_t* name, DWORD* reser
 XE_EXPORT LSTATUS RegQueryValueA_X(HKEY key, const char* name, char* data, LONG* size);
 
 /// The wide form of those bytes up to their first 0, but only the first (length * 2 + 2) *bytes* of it, and that number
-/// as the size. With 32-bit elements this is the first half of the text, without a terminator; callers rely on it.
+/// as the size. With 32-bit elements this is the first half of the text, without a terminator: RegQueryValueExW_X gives
+/// the whole of it.
 XE_EXPORT LSTATUS RegQueryValueW_X(HKEY key, const wchar_t* name, wchar_t* data, LONG* size);
 
 /// RegQueryValueExW_X with the sub-key as the value's name; name and flags are ignored.

@@ -15,7 +15,7 @@ QString answerOf(const QString& command)
     QProcess process;
     QT_WARNING_PUSH
     QT_WARNING_DISABLE_DEPRECATED
-    process.start(command); // quotes in the text group words, which callers rely on
+    process.start(command); // with one text, since quotes in it are to group words
     QT_WARNING_POP
     process.waitForFinished(longestWait);
     return QString::fromUtf8(process.readAllStandardOutput()).trimmed();

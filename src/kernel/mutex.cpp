@@ -23,7 +23,7 @@ DWORD acquired(XeHandle::Mutex& mutex)
     return WAIT_OBJECT_0;
 }
 
-// The outcome of a failure comes from errno, which the pthread functions leave alone; callers rely on it.
+// The outcome of a failure comes from errno, as the contract says, though the pthread functions leave that alone.
 DWORD waitForOwner(XeHandle& record, DWORD milliseconds)
 {
     const xe::RecordUse use(record);

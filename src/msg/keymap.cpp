@@ -142,7 +142,7 @@ const std::map<int, int> keyMap{
     {Qt::Key_QuoteDbl, 0xDE},
 };
 
-// Callers rely on the odd rows: Q is the keysym of G, and * is the multiplication sign, not the keypad key.
+// As hosts know the keys: Q is the keysym of G, and * is the multiplication sign, not the keypad key.
 const std::map<int, std::vector<unsigned long>> g_keyMap{
     {0x08, {0xFF08}},         {0x09, {0xFF09}},         {0x0C, {0xFF0B}},         {0x0D, {0xFF0D}},
     {0x10, {0xFFE1, 0xFFE2}}, {0x11, {0xFFE3, 0xFFE4}}, {0x12, {0xFFE9, 0xFFEA}}, {0x13, {0xFF13}},
