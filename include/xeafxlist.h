@@ -45,18 +45,23 @@ public:
     XeList(const XeList&) = delete;
     XeList& operator=(const XeList&) = delete;
 
+    /// The number of elements.
     long long GetCount() const { return count; }
     long long GetSize() const { return count; }
     bool IsEmpty() const { return count == 0; }
 
     // -------------------------------------------------------------------------------------------------------- elements
 
+    /// The first element itself, to be read or changed. Raises for an empty list.
     Value& GetHead() { return existing(head)->value; }
     const Value& GetHead() const { return existing(head)->value; }
+    /// The last element, likewise.
     Value& GetTail() { return existing(tail)->value; }
     const Value& GetTail() const { return existing(tail)->value; }
+    /// The element at a position, to be read or changed.
     Value& GetAt(POSITION position) { return nodeAt(position)->value; }
     const Value& GetAt(POSITION position) const { return nodeAt(position)->value; }
+    /// Puts a value in the element's place.
     void SetAt(POSITION position, const Value& value) { nodeAt(position)->value = value; }
 
     // ------------------------------------------------------------------------------------------------------- positions
@@ -94,9 +99,13 @@ public:
 
     // --------------------------------------------------------------------------------------------------------- removal
 
+    /// Takes the first element out and gives it. Raises for an empty list.
     Value RemoveHead() { return remove(existing(head)); }
+    /// Takes the last element out, likewise.
     Value RemoveTail() { return remove(existing(tail)); }
+    /// Takes the element at a position out; other positions stay good.
     void RemoveAt(POSITION position) { remove(nodeAt(position)); }
+    /// Empties the list and frees its blocks.
     void RemoveAll();
 
 protected:

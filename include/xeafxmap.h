@@ -182,6 +182,7 @@ public:
     XeMap(const XeMap&) = delete;
     XeMap& operator=(const XeMap&) = delete;
 
+    /// The number of keys.
     long long GetCount() const { return count; }
     long long GetSize() const { return count; }
     bool IsEmpty() const { return count == 0; }
@@ -194,6 +195,7 @@ public:
     /// of a map that was not empty are lost: they are found no more, but count as before until RemoveAll().
     void InitHashTable(unsigned size, int allocate = 1);
 
+    /// The hash of a key; its bucket is the rest of a division by the table size.
     unsigned HashKey(KeyArgument key) const { return Keys::hash(Keys::view(key)); }
 
     // ---------------------------------------------------------------------------------------------------------- lookup
@@ -206,9 +208,12 @@ public:
 
     // ---------------------------------------------------------------------------------------------------------- change
 
+    /// Puts a value under a key, in place of the one that it may have.
     void SetAt(KeyArgument key, Value value) { (*this)[key] = std::move(value); }
-    bool RemoveKey(KeyArgument key); ///< false if the key is missing; without a table the key is not looked at
-    void RemoveAll();                ///< the table size stays
+    /// Removes a key. False if it is missing; without a table the key is not looked at.
+    bool RemoveKey(KeyArgument key);
+    /// Empties the map and frees its blocks and its table; the table size stays.
+    void RemoveAll();
 
     // ------------------------------------------------------------------------------------------------------------ walk
 
@@ -257,11 +262,14 @@ public:
     using CPair_X = xe::detail::MapPair<MapKey, MapValue>;
     using Map::Map;
 
-    CPair_X* PLookup(typename Keys::Argument key) { return this->assocOf(key); } ///< null if the key is missing
+    /// The pair of a key; null if that is missing.
+    CPair_X* PLookup(typename Keys::Argument key) { return this->assocOf(key); }
     const CPair_X* PLookup(typename Keys::Argument key) const { return this->assocOf(key); }
-    CPair_X* PGetFirstAssoc() { return this->firstAssoc(); } ///< null for an empty map
+    /// The first pair in the order of a walk; null for an empty map.
+    CPair_X* PGetFirstAssoc() { return this->firstAssoc(); }
     const CPair_X* PGetFirstAssoc() const { return this->firstAssoc(); }
-    CPair_X* PGetNextAssoc(const CPair_X* pair) { return behind(pair); } ///< null behind the last, and for null
+    /// The pair behind another; null behind the last, and for null.
+    CPair_X* PGetNextAssoc(const CPair_X* pair) { return behind(pair); }
     const CPair_X* PGetNextAssoc(const CPair_X* pair) const { return behind(pair); }
 
 private:

@@ -52,10 +52,10 @@ class XE_EXPORT CException_X :
     /// 61472 for 0. Returns the box's answer.
     virtual int ReportError(unsigned type = 0, unsigned messageId = 0);
 
-    /// Destroys the object if `autoDelete` is above 0.
+    /// Destroys the object if `autoDelete` is above 0; nothing otherwise.
     void Delete();
 
-    int autoDelete;
+    int autoDelete; ///< above 0 for an object on the heap that the catcher is to give back
 };
 
 // --------------------------------------------------------------------------------------------------- simple exceptions
@@ -83,6 +83,7 @@ class XE_EXPORT CSimpleException_X : public CException_X
     mutable wchar_t message[128] = {};
 };
 
+/// There is not enough memory.
 class XE_EXPORT CMemoryException_X : public CSimpleException_X
 {
     Q_OBJECT
@@ -90,6 +91,7 @@ class XE_EXPORT CMemoryException_X : public CSimpleException_X
     using CSimpleException_X::CSimpleException_X;
 };
 
+/// The operation is not supported. The library raises none: it is for hosts.
 class XE_EXPORT CNotSupportedException_X : public CSimpleException_X
 {
     Q_OBJECT
@@ -97,6 +99,7 @@ class XE_EXPORT CNotSupportedException_X : public CSimpleException_X
     using CSimpleException_X::CSimpleException_X;
 };
 
+/// An argument is not valid, such as an index outside a collection.
 class XE_EXPORT CInvalidArgException_X : public CSimpleException_X
 {
     Q_OBJECT
@@ -104,6 +107,7 @@ class XE_EXPORT CInvalidArgException_X : public CSimpleException_X
     using CSimpleException_X::CSimpleException_X;
 };
 
+/// A resource is not there. The library raises none: it is for hosts.
 class XE_EXPORT CResourceException_X : public CSimpleException_X
 {
     Q_OBJECT
@@ -111,6 +115,7 @@ class XE_EXPORT CResourceException_X : public CSimpleException_X
     using CSimpleException_X::CSimpleException_X;
 };
 
+/// The user has been told already, and the operation ends. A dump raises it for a null text.
 class XE_EXPORT CUserException_X : public CSimpleException_X
 {
     Q_OBJECT
@@ -125,6 +130,7 @@ extern XE_EXPORT CInvalidArgException_X _simpleInvalidArgException;
 extern XE_EXPORT CResourceException_X _simpleResourceException;
 extern XE_EXPORT CUserException_X _simpleUserException;
 
+/// Throw that object.
 [[noreturn]] XE_EXPORT void AfxThrowMemoryException_X();
 [[noreturn]] XE_EXPORT void AfxThrowNotSupportedException_X();
 [[noreturn]] XE_EXPORT void AfxThrowInvalidArgException_X();
@@ -134,7 +140,7 @@ extern XE_EXPORT CUserException_X _simpleUserException;
 // -------------------------------------------------------------------------------------- exceptions with their own text
 // Their throw functions make a new object, which the catcher gives back by Delete(), or raise std::bad_alloc.
 
-/// The library's own archive raises none: it is for hosts.
+/// Something is wrong with an archive. The library's own archive raises none: it is for hosts.
 class XE_EXPORT CArchiveException_X : public CException_X
 {
     Q_OBJECT
@@ -154,9 +160,10 @@ class XE_EXPORT CArchiveException_X : public CException_X
     CString_X m_strFileName;
 };
 
+/// Throws a new archive exception.
 [[noreturn]] XE_EXPORT void AfxThrowArchiveException_X(int cause, const wchar_t* name = nullptr);
 
-/// The library's own files raise none: it is for hosts.
+/// Something is wrong with a file. The library's own files raise none: it is for hosts.
 class XE_EXPORT CFileException_X : public CException_X
 {
     Q_OBJECT
@@ -206,6 +213,7 @@ class XE_EXPORT CFileException_X : public CException_X
     CString_X m_strFileName;
 };
 
+/// Throws a new file exception.
 [[noreturn]] XE_EXPORT void AfxThrowFileException_X(int cause, int osError = -1, const wchar_t* name = nullptr);
 
 /// An exception that carries a status code.
@@ -227,6 +235,7 @@ class XE_EXPORT COleException_X : public CException_X
     SCODE m_sc;
 };
 
+/// Throws a new exception with a status code.
 [[noreturn]] XE_EXPORT void AfxThrowOleException_X(int code);
 [[noreturn]] XE_EXPORT void AfxThrowOleException_X(long code);
 /// Throws a COleException_X for a negative code.
@@ -276,6 +285,7 @@ class XE_EXPORT COleDispatchException_X : public CException_X
     SCODE m_scError;
 };
 
+/// Throws a new exception for an automation client.
 [[noreturn]] XE_EXPORT void AfxThrowOleDispatchException_X(WORD code, const wchar_t* description, unsigned helpId = 0);
 /// The description is "AfxThrowOleDispatchException", whatever the id.
 [[noreturn]] XE_EXPORT void AfxThrowOleDispatchException_X(WORD code, unsigned descriptionId, unsigned helpId = 0);
