@@ -52,7 +52,7 @@ using LPOVERLAPPED = _OVERLAPPED*;
 
 /// Opens a file as CFile_X::Open does with modeWrite for GENERIC_WRITE alone, modeRead for GENERIC_READ alone and
 /// modeReadWrite for both or neither. So, unlike the published function, writing alone empties a file, and the
-/// disposition, which is ignored, decides nothing. INVALID_HANDLE_VALUE on failure.
+/// disposition, which is ignored, decides nothing. INVALID_HANDLE_VALUE on failure, with nothing left allocated.
 XE_EXPORT HANDLE CreateFile_X(const wchar_t* path, DWORD access, DWORD share = 0,
                               LPSECURITY_ATTRIBUTES security = nullptr, DWORD disposition = 0, DWORD flags = 0,
                               HANDLE templateFile = nullptr);

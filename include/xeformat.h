@@ -20,7 +20,8 @@
 ///
 /// A field is padded with blanks on the left, with `-` on the right: the flags `0` and blank have no effect, and a
 /// negative width from `*` pads nothing. The precision counts for floating numbers alone. A width that its conversion
-/// did not use pads what comes next. A `%` that the format ends in, with or without flags, writes nothing.
+/// did not use pads what comes next. `h` and `l` before a floating conversion, `%p` and `%n` change nothing. A `%` that
+/// the format ends in, with or without flags, writes nothing.
 #pragma once
 
 #include "xedef.h"

@@ -10,8 +10,8 @@ using HMODULE = void*; ///< what `dlopen` gives
 using FARPROC = void*; ///< the address of a function or an object; the caller casts it
 
 /// Loads a shared library by the C library's search alone: no suffix is added and SetDllDirectory_X plays no part. Its
-/// symbols serve the libraries that are loaded later. Null on failure, and for a null or empty path. Each success is to
-/// be matched by a FreeLibrary_X.
+/// symbols serve the libraries that are loaded later. Null on failure, and for a null or empty path and one that has no
+/// UTF-8 form. Each success is to be matched by a FreeLibrary_X.
 XE_EXPORT HMODULE LoadLibrary_X(const wchar_t* path);
 
 /// Lets go of a module. Returns 1 for any module, also for null.

@@ -31,7 +31,8 @@ public:
 
     /// 0 seconds, with the status `valid`; the QDateTime is null, and so are its fields.
     COleDateTime_X() = default;
-    /// Fractions of a second stay in `dt` alone. Seconds that a QDateTime cannot hold leave it null.
+    /// Fractions of a second stay in `dt` alone. Seconds that a QDateTime cannot hold, and what is no number, leave it
+    /// null.
     COleDateTime_X(double seconds);
     COleDateTime_X(int year, int month, int day, int hour, int minute, int second);
     COleDateTime_X& operator=(double seconds);

@@ -23,8 +23,9 @@ XE_EXPORT QString GetPlxResourceName();
 /// True for the names of the library's own modules, which the stack walk skips.
 XE_EXPORT bool isCurrentLibrary(const QString& module);
 
-/// The identifier table of the calling module; a key that is no decimal number counts as 0. It belongs to a cache: copy
-/// it or use it at once. A table that is empty is looked for anew each time, any other is never read again.
+/// The identifier table of the calling module; a key that is no decimal number, and one in a section, counts as 0. It
+/// belongs to a cache: copy it or use it at once. A table that is empty is looked for anew each time, any other is
+/// never read again.
 XE_EXPORT QMap<unsigned int, QString>& GetResourceIDMap();
 
 /// The string table of the calling module, likewise.

@@ -104,7 +104,8 @@ XE_EXPORT HANDLE OpenMutex(DWORD access, BOOL inherit, LPCWSTR name);
 /// it should begin with "/" and have no other. One that the system has already is joined with the value it has, while
 /// the count of this process begins at `initialCount`. When the system refuses, the handle is one to close and no more.
 ///
-/// There are named semaphores only: for a null name, a negative initial count or a maximum below 1 there is no object.
+/// There are named semaphores only: for a null name, a negative initial count or a maximum below 1 there is no object;
+/// nor for a name without a UTF-8 form, which makes 22 (EINVAL) the last error.
 XE_EXPORT HANDLE CreateSemaphore(LPSECURITY_ATTRIBUTES security, long initialCount, long maximumCount, LPCWSTR name);
 
 /// CreateSemaphore; the flags are ignored.
@@ -135,7 +136,7 @@ XE_EXPORT BOOL ResetEvent(HANDLE event);
 /// SetEvent, then ResetEvent. The result is always 0.
 XE_EXPORT BOOL PulseEvent(HANDLE event);
 
-/// Sets the state of an event to 0.
+/// Sets the state of an event to 0, in one step.
 XE_EXPORT void interLockedSetFalse(std::atomic<std::int64_t>& state);
 
 /// Lets go of a mutex, also one of another thread or of nobody, unlike the published function. 1 on success.
@@ -207,8 +208,8 @@ XE_EXPORT int WakeConditionVariable(PCONDITION_VARIABLE condition);
 XE_EXPORT int WakeAllConditionVariable(PCONDITION_VARIABLE condition);
 
 /// Leaves the critical section, which the caller is in, until the condition variable wakes it or the limit is over, and
-/// enters it again. 0 when woken, 1 on failure or when the limit is over: the reverse of the published results. It can
-/// wake without a cause, so the caller tests its own condition.
+/// enters it again. 0 when woken, 1 on failure, for null and when the limit is over: the reverse of the published
+/// results. It can wake without a cause, so the caller tests its own condition.
 XE_EXPORT BOOL SleepConditionVariableCS(PCONDITION_VARIABLE condition, LPCRITICAL_SECTION section, DWORD milliseconds);
 
 /// The same with a lock that the caller holds, shared or exclusively. The flags are ignored: when the call returns, the

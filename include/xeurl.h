@@ -105,7 +105,8 @@ inline constexpr DWORD URL_PARTFLAG_KEEPSCHEME = 1; ///< "http:80" instead of "8
 /// "https" one. E_INVALIDARG for a part with no name above. All of these leave the buffer empty, and all but E_POINTER
 /// leave `*size` alone. E_INVALIDARG with nothing written for a null argument or a size of 0.
 ///
-/// Unlike in the published function a scheme is written in small letters, so "HTTP://a" has none. A text without a
+/// User name and password count only before an "@", and may hold "%" with two hexadecimal digits behind it. Unlike in
+/// the published function a scheme is written in small letters, so "HTTP://a" has none. A text without a
 /// scheme gives S_FALSE for scheme and query and E_INVALIDARG for the other parts. The host of "file://c:/x" counts as
 /// a drive, and so as absent.
 XE_EXPORT HRESULT UrlGetPart_X(const wchar_t* url, wchar_t* buffer, DWORD* size, DWORD part, DWORD flags);
