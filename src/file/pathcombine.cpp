@@ -1,11 +1,11 @@
 #include "xepath.h"
 
+#include "text/folding.h"
 #include "xestr.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cwchar>
-#include <cwctype>
 #include <optional>
 #include <string>
 
@@ -114,11 +114,6 @@ std::optional<std::wstring> combined(const wchar_t* directory, const wchar_t* fi
     return *file ? joined(directory, file) : cutToLongest(directory);
 }
 
-bool equalFolded(wchar_t left, wchar_t right)
-{
-    return std::towupper(static_cast<std::wint_t>(left)) == std::towupper(static_cast<std::wint_t>(right));
-}
-
 bool endsComponent(wchar_t ch) { return ch == L'\\' || ch == L'\0'; }
 
 int commonLength(const wchar_t* first, const wchar_t* second)
@@ -129,7 +124,7 @@ int commonLength(const wchar_t* first, const wchar_t* second)
     for (int place = 0;; ++place) {
         if (endsComponent(first[place]) && endsComponent(second[place]))
             length = place;
-        if (!first[place] || !equalFolded(first[place], second[place]))
+        if (!first[place] || xe::upperCase(first[place]) != xe::upperCase(second[place]))
             return length == 2 ? 3 : length;
     }
 }

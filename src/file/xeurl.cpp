@@ -1,5 +1,6 @@
 #include "xeurl.h"
 
+#include "text/folding.h"
 #include "xepath.h"
 #include "xestr.h"
 
@@ -59,16 +60,11 @@ bool isSchemeElement(wchar_t ch)
     return std::iswalnum(static_cast<std::wint_t>(ch)) || ch == L'+' || ch == L'-' || ch == L'.';
 }
 
-bool equalFolded(wchar_t left, wchar_t right)
-{
-    return std::towlower(static_cast<std::wint_t>(left)) == std::towlower(static_cast<std::wint_t>(right));
-}
-
 URL_SCHEME schemeNumber(std::wstring_view name)
 {
     for (const XeUrlScheme& scheme : url_schemes) {
         const std::wstring_view known = scheme.name;
-        if (std::equal(name.begin(), name.end(), known.begin(), known.end(), equalFolded))
+        if (std::equal(name.begin(), name.end(), known.begin(), known.end(), xe::equalFolded))
             return scheme.number;
     }
     return URL_SCHEME_UNKNOWN;

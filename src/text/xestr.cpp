@@ -1,10 +1,10 @@
 #include "xestr.h"
 
 #include "text/ascii.h"
+#include "text/folding.h"
 
 #include <algorithm>
 #include <cwchar>
-#include <cwctype>
 #include <functional>
 
 namespace {
@@ -29,11 +29,6 @@ wchar_t* append(wchar_t* dest, const wchar_t* text)
 }
 
 bool equalAscii(wchar_t left, wchar_t right) { return xe::toUpper(left) == xe::toUpper(right); }
-
-bool equalFolded(wchar_t left, wchar_t right)
-{
-    return std::towlower(static_cast<std::wint_t>(left)) == std::towlower(static_cast<std::wint_t>(right));
-}
 
 wchar_t* placeIn(const wchar_t* end, const wchar_t* found)
 {
@@ -181,7 +176,10 @@ int StrCSpnI_X(const wchar_t* text, const wchar_t* set)
     return static_cast<int>(end - text);
 }
 
-wchar_t* StrStrI_X(const wchar_t* text, const wchar_t* part) { return findPart(text, wholeText, part, equalFolded); }
+wchar_t* StrStrI_X(const wchar_t* text, const wchar_t* part)
+{
+    return findPart(text, wholeText, part, xe::equalFolded);
+}
 
 wchar_t* StrStrN_X(const wchar_t* text, const wchar_t* part, UINT count)
 {
@@ -190,7 +188,7 @@ wchar_t* StrStrN_X(const wchar_t* text, const wchar_t* part, UINT count)
 
 wchar_t* StrStrNI_X(const wchar_t* text, const wchar_t* part, UINT count)
 {
-    return findPart(text, count, part, equalFolded);
+    return findPart(text, count, part, xe::equalFolded);
 }
 
 wchar_t* StrRStrI_X(const wchar_t* text, const wchar_t* end, const wchar_t* part)
@@ -201,5 +199,5 @@ wchar_t* StrRStrI_X(const wchar_t* text, const wchar_t* end, const wchar_t* part
         end = text + std::wcslen(text);
     if (std::less<>()(end, text))
         return nullptr;
-    return placeIn(end, std::find_end(text, end, part, part + std::wcslen(part), equalFolded));
+    return placeIn(end, std::find_end(text, end, part, part + std::wcslen(part), xe::equalFolded));
 }
