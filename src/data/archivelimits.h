@@ -6,6 +6,9 @@
 
 namespace xe {
 
+/// The elements that a collection makes, or makes room for, on the word of the stream alone.
+inline constexpr long long believedWithoutData = 0x100000;
+
 /// Whether a loading archive has another byte. Whoever loads a collection asks before each element, or before making room
 /// for many, whatever count the stream names.
 inline bool hasMore(CArchive_X& archive)

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr long long believedWithoutData = 0x100000;
-
 // Sets the size of an array and forgets what was in it. The block stays where it is large enough.
 template <class Array>
 void startAnew(Array& array, long long size)
@@ -23,9 +21,9 @@ template <class Array, class LoadRange>
 void load(Array& array, CArchive_X& archive, LoadRange loadRange)
 {
     const auto count = static_cast<long long>(archive.ReadCount());
-    startAnew(array, std::min(count, believedWithoutData));
+    startAnew(array, std::min(count, xe::believedWithoutData));
     for (long long size = 0; size < count && (size == 0 || xe::hasMore(archive));) {
-        const long long first = std::exchange(size, std::min(count, std::max(2 * size, believedWithoutData)));
+        const long long first = std::exchange(size, std::min(count, std::max(2 * size, xe::believedWithoutData)));
         array.SetSize(size, -1);
         loadRange(first, size);
     }
@@ -89,7 +87,7 @@ void CObArray_X::Serialize(CArchive_X& archive)
     }
     // Nothing of an object is in the stream that would bear the count out.
     const auto count = archive.ReadCount();
-    const auto believed = std::max<unsigned long long>(xe::bytesLeft(archive), believedWithoutData);
+    const auto believed = std::max<unsigned long long>(xe::bytesLeft(archive), xe::believedWithoutData);
     startAnew(*this, static_cast<long long>(std::min(count, believed)));
 }
 

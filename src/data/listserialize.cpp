@@ -5,12 +5,6 @@
 
 #include <algorithm>
 
-namespace {
-
-constexpr unsigned long long believedWithoutData = 1 << 20;
-
-} // namespace
-
 void CObList_X::Serialize(CArchive_X& archive)
 {
     CObject_X::Serialize(archive);
@@ -19,7 +13,7 @@ void CObList_X::Serialize(CArchive_X& archive)
         for (const CNode_X* node = head; node; node = node->next)
             archive << static_cast<const CObject_X*>(node->value);
     } else {
-        for (auto rest = std::min<unsigned long long>(archive.ReadCount(), believedWithoutData); rest > 0; --rest) {
+        for (auto rest = std::min<unsigned long long>(archive.ReadCount(), xe::believedWithoutData); rest > 0; --rest) {
             CObject_X* object = nullptr;
             archive >> object;
             AddTail(object);
