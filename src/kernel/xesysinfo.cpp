@@ -9,13 +9,28 @@
 #include <QScreen>
 #include <QSysInfo>
 
-#include <cwchar>
-
+#include <algorithm>
 #include <ctime>
+#include <cwchar>
+#include <iterator>
+
 #include <sys/vfs.h>
 #include <unistd.h>
 
 namespace {
+
+struct Metric
+{
+    int index;
+    int pixels;
+};
+
+constexpr Metric metrics[] = {
+    {SM_CXVSCROLL, 17}, {SM_CYHSCROLL, 17}, {SM_CYCAPTION, 23}, {SM_CXBORDER, 1},   {SM_CYBORDER, 1},
+    {SM_CXICON, 32},    {SM_CYICON, 32},    {SM_CYMENU, 20},    {SM_CYVSCROLL, 17}, {SM_CXHSCROLL, 17},
+    {SM_SWAPBUTTON, 0}, {SM_CXSIZE, 36},    {SM_CYSIZE, 22},    {SM_CXFRAME, 4},    {SM_CYFRAME, 4},
+    {SM_CXEDGE, 2},     {SM_CYEDGE, 2},     {SM_CXSMSIZE, 22},  {SM_CYSMSIZE, 22},  {SM_SERVERR2, 0},
+};
 
 BOOL writeName(const QString& name, wchar_t* buffer, DWORD* size)
 {
@@ -68,44 +83,13 @@ void GetLocalTime(SYSTEMTIME* time)
 
 int GetSystemMetrics_X(int index)
 {
-    switch (index) {
-    case SM_CXSCREEN:
+    if (index == SM_CXSCREEN)
         return screenSize().width();
-    case SM_CYSCREEN:
+    if (index == SM_CYSCREEN)
         return screenSize().height();
-    case SM_CXVSCROLL:
-    case SM_CYHSCROLL:
-    case SM_CYVSCROLL:
-    case SM_CXHSCROLL:
-        return 17;
-    case SM_CYCAPTION:
-        return 23;
-    case SM_CXBORDER:
-    case SM_CYBORDER:
-        return 1;
-    case SM_CXICON:
-    case SM_CYICON:
-        return 32;
-    case SM_CYMENU:
-        return 20;
-    case SM_SWAPBUTTON:
-    case SM_SERVERR2:
-        return 0;
-    case SM_CXSIZE:
-        return 36;
-    case SM_CYSIZE:
-    case SM_CXSMSIZE:
-    case SM_CYSMSIZE:
-        return 22;
-    case SM_CXFRAME:
-    case SM_CYFRAME:
-        return 4;
-    case SM_CXEDGE:
-    case SM_CYEDGE:
-        return 2;
-    default:
-        return -1;
-    }
+    const auto found =
+        std::find_if(std::begin(metrics), std::end(metrics), [index](const Metric& row) { return row.index == index; });
+    return found != std::end(metrics) ? found->pixels : -1;
 }
 
 UINT MapVirtualKey_X(UINT code, UINT)
