@@ -264,7 +264,8 @@ public:                              \
 // --------------------------------------------------------------------------------------------------- temporary objects
 
 /// Hands `object` to the pool of temporary objects, which deletes it at the next idle moment outside a host command. An
-/// object that is deleted earlier leaves the pool by itself.
+/// object that is deleted earlier leaves the pool by itself, and one that is in it twice is deleted once. Nothing for
+/// null.
 XE_EXPORT void AppendTempObjectPool(QObject* object);
 
 // ------------------------------------------------------------------------------------------------------ command target

@@ -16,7 +16,7 @@ class CPoint;
 class CWnd_X;
 class QAbstractSlider;
 
-// -------------------------------------------------------------------------------------------- message numbers
+// ----------------------------------------------------------------------------------------------------- message numbers
 
 inline constexpr UINT WM_NULL = 0x0000;
 inline constexpr UINT WM_CREATE = 0x0001;
@@ -81,10 +81,10 @@ inline constexpr UINT WM_HOTKEY = 0x0312;
 inline constexpr UINT WM_USER = 0x0400;
 inline constexpr UINT WM_APP = 0x8000;
 
-/// The message of a mouse event for a button that has none. No message map has an entry for it.
+/// What stands for the message of a mouse button that has none. No message map has an entry for it.
 inline constexpr UINT XE_WM_NONE = 0xFFFFFFFF;
 
-// ---------------------------------------------------------------------------------- flags, hit codes, key codes
+// ----------------------------------------------------------------------------------------- flags, hit codes, key codes
 
 inline constexpr UINT MK_LBUTTON = 0x0001;
 inline constexpr UINT MK_RBUTTON = 0x0002;
@@ -177,7 +177,7 @@ inline constexpr int VK_OEM_5 = 0xDC;
 inline constexpr int VK_OEM_6 = 0xDD;
 inline constexpr int VK_OEM_7 = 0xDE;
 
-// ------------------------------------------------------------------------------------------ messages and events
+// ------------------------------------------------------------------------------------------------- messages and events
 
 /// A window message on its way to a handler.
 struct tagMSG
@@ -240,32 +240,66 @@ XE_EXPORT int ansi_vk_to_qt_key(int vk);
 /// Fills `out` with the message that stands for `event` at `target`. 0, with `out` left as it was, for a null argument
 /// and for an event type that has no message; otherwise 1.
 ///
-/// Key messages carry the modifiers (MK_ flags) in bits 16 to 21 of lParam, where Windows has the scan code. Positions
-/// are local to the target, also those of the wheel and the context menu.
+/// | event                            | message                            | wParam        | lParam                |
+/// | -------------------------------- | ---------------------------------- | ------------- | --------------------- |
+/// | Timer                            | WM_TIMER                           | timer id      | 0                     |
+/// | MouseButtonPress and its like    | WM_LBUTTONDOWN and its like        | flags         | position              |
+/// | MouseMove                        | WM_MOUSEMOVE                       | flags         | position              |
+/// | KeyPress                         | WM_KEYDOWN; WM_SYSKEYDOWN with Alt | VK code or -1 | modifiers, 1          |
+/// | KeyRelease                       | WM_KEYUP; WM_SYSKEYUP with Alt     | VK code or -1 | modifiers, 0x80000001 |
+/// | Leave                            | WM_MOUSELEAVE                      | 0             | 0                     |
+/// | Paint, Close, ShowToParent       | WM_PAINT, WM_CLOSE, WM_SHOWWINDOW  | 0             | 0                     |
+/// | Resize                           | WM_SIZE                            | 0             | width, height         |
+/// | WindowActivate, WindowDeactivate | WM_ACTIVATE                        | 1, 0          | `target`              |
+/// | Wheel                            | WM_MOUSEWHEEL                      | delta << 16   | position              |
+/// | ContextMenu                      | WM_CONTEXTMENU                     | `target`      | position              |
+/// | HoverEnter, HoverLeave           | WM_MOUSEHOVER, WM_MOUSELEAVE       | modifiers     | position              |
+/// | NonClientAreaMouseButtonRelease  | WM_NCLBUTTONUP                     | hit code      | pointer on the screen |
+/// | XeWinMsgEvent                    | its own                            | its own       | its own               |
+///
+/// Positions are local to the target, in pixels, x in the low word and y in the high one: unlike in published messages
+/// so are those of the wheel and the context menu, and WM_MOUSELEAVE has one. Flags and modifiers are MK_ flags; key
+/// messages have the modifiers in bits 16 to 21, in place of the scan code, and the wheel has none. A mouse button that
+/// is not the left, right or middle one, of a frame not the left one, gives XE_WM_NONE. FocusIn, FocusOut, Move, Show,
+/// Hide and all other types have no message.
 XE_EXPORT int xeQEventToMsg(QObject* target, QEvent* event, tagMSG* out);
 
-/// A new event that stands for a message; the caller owns it. Mouse buttons, the mouse move, WM_KEYDOWN, WM_KEYUP,
-/// WM_CHAR, WM_SYSKEYDOWN and WM_SIZE become the Qt event of their kind, without modifiers; everything else an
-/// XeWinMsgEvent. Callers rely on the asymmetries: a key event made here carries its key code in decimal as text, WM_KEYUP
-/// takes wParam for a Qt key, and coordinates are unsigned. `target` is read for WM_SIZE alone and may be null.
+/// A new event that stands for a message; the caller owns it. It is not the mirror of the table above:
+///
+/// | message                     | event                                                                           |
+/// | --------------------------- | ------------------------------------------------------------------------------- |
+/// | WM_LBUTTONDOWN and its like | QMouseEvent at the words of lParam, taken without a sign                        |
+/// | WM_MOUSEMOVE                | likewise, without a button                                                      |
+/// | WM_KEYDOWN                  | press of ansi_vk_to_qt_key(wParam), with that key's number in decimal as text   |
+/// | WM_KEYUP                    | release of wParam, taken for a Qt key, with that number in decimal as text      |
+/// | WM_CHAR, WM_SYSKEYDOWN      | press of wParam, taken for a Qt key, with the character of that code as text    |
+/// | WM_SIZE                     | QResizeEvent to the words of lParam from the target's size, invalid without one |
+/// | any other                   | XeWinMsgEvent; so is the WM_KEYDOWN of a code that has no key                   |
+///
+/// The events have no modifiers, whatever wParam says. Since a key event has a text, a WM_KEYDOWN for a wrapped window
+/// is followed by a WM_CHAR for each digit of its key code.
 XE_EXPORT QEvent* xeMsgToQEvent(const QWidget* target, UINT message, WPARAM wParam, LPARAM lParam);
 
 /// Posts to `target` what follows from an event that was translated to `msg`: one WM_CHAR, or WM_SYSCHAR with Alt, for
 /// each character of a key press, and a WM_SETCURSOR after each mouse event unless a widget has grabbed the mouse.
 /// 1 for a mouse event and for a key press with text, 0 for anything else and for null arguments.
+///
+/// What is posted arrives after the handling of the event: a WM_CHAR can come when the key is up and its WM_KEYUP has
+/// been handled. A WM_SETCURSOR has `target` as wParam, and the mouse message in the high word of lParam.
 XE_EXPORT int TranslateMessage(QObject* target, const QEvent* event, const tagMSG* msg);
 
-/// Delivers a message at once, on the calling thread, and gives the handler's result. 0 for a message that became a
-/// mouse, key or size event, for one that nobody handled, and for a null target. Unlike Windows, the message passes the
-/// target's PreTranslateMessage() on its way. A real Qt event reaches widgets without a wrapper too: a synthetic click
-/// presses a plain QPushButton.
+/// Delivers a message at once, on the calling thread, as the event that xeMsgToQEvent() makes of it, and gives the
+/// handler's result. 0 for a message that became a mouse, key or size event, whatever its handler gave, for one that
+/// nobody handled, and for a null target. Unlike with the published function the message passes the target's
+/// PreTranslateMessage() on its way. A real Qt event reaches widgets without a wrapper too: a synthetic click presses a
+/// plain QPushButton. The event is gone when the call returns.
 XE_EXPORT LRESULT SendMessage_X(QWidget* target, UINT message, WPARAM wParam, LPARAM lParam);
 
-/// Queues a message with normal priority and returns 1, whether or not anything will handle it. Safe from any thread. A
-/// null target drops the message.
+/// Queues the event of a message with normal priority and returns 1, whether or not anything will handle it. Safe from
+/// any thread. A null target drops the message.
 XE_EXPORT LRESULT PostMessage_X(QWidget* target, UINT message, WPARAM wParam, LPARAM lParam);
 
-// ------------------------------------------------------------------------------------------------ message maps
+// -------------------------------------------------------------------------------------------------------- message maps
 
 /// A handler with its type taken off. The signature code of its entry says what it is called with.
 using AFX_PMSG_X = void (CWnd_X::*)();
@@ -281,8 +315,8 @@ struct AFX_MSGMAP_ENTRY_X
 /// Signature codes: what a handler is called with, and what becomes of its result. The macros below write them.
 ///
 /// The name lists the result and what is unpacked from wParam and lParam: v void, b BOOL, u UINT, i int, l LRESULT or
-/// LPARAM, w WPARAM, W window, p CPoint, D device context, h handle, s or S pointer. A number without a name is as valid
-/// in CWnd_X::AddMsgMapEntry(): it unpacks nothing and swallows its message without a call.
+/// LPARAM, w WPARAM, W window, p CPoint, D device context, h handle, s or S pointer. A number without a name is as
+/// valid in CWnd_X::AddMsgMapEntry(): it unpacks nothing and swallows its message without a call.
 enum AfxSig_X : unsigned long {
     AfxSig_b_D_v = 1, ///< never called: there is no device context outside a paint event
     AfxSig_b_b_v = 2,

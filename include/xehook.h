@@ -1,6 +1,8 @@
 /// @file xehook.h
 /// What belongs to no single window: keyboard hooks, message functions, the pool of temporary objects, timers, and the
-/// state of keyboard and mouse. GUI thread only.
+/// state of keyboard and mouse.
+///
+/// GUI thread only.
 #pragma once
 
 #include "xeafx.h"
@@ -24,7 +26,8 @@ struct EventRow;
 inline constexpr int WH_KEYBOARD = 2;
 inline constexpr int WH_MOUSE = 7;
 
-/// A keyboard hook: gets code 0, the VK code and the packed lParam of the key message. A result above 0 stops the event.
+/// A keyboard hook: gets code 0, the VK code and the packed lParam of the key message. A result above 0 stops the
+/// event.
 using HOOKPROC = long long (*)(int code, unsigned long wParam, long long lParam);
 
 /// A message function: true stops the event.
@@ -34,7 +37,9 @@ using WinMsgFn = bool (*)(tagMSG* message);
 /// function is set. Hooks and message functions see only input that arrives at objects whose class is exactly
 /// `CTavoView`, `CTavoMainFrame` or `XeQtCommandBar`.
 ///
-/// Both kinds may be added and removed, themselves or each other, while they are called.
+/// Both kinds may be added and removed, themselves or each other, while they are called: a removed one is not called
+/// any more, a message function that was added is called in the same walk, a hook at the next event. When one of them
+/// deletes the target, message functions are not shown it any more, and the event is stopped.
 class XE_EXPORT QGlobalEventHandler : public QObject
 {
     Q_OBJECT
@@ -61,7 +66,8 @@ public:
 
 public Q_SLOTS:
     /// Deletes the temporary objects, unless the host's main window says by its property "IsTavoCmdActive" (the address
-    /// of a function without arguments) that a command is running. A main window without the property runs none.
+    /// of a function `bool()`, as a `qlonglong`) that a command is running. Without the property, and without a main
+    /// window, none is running.
     void OnEnterIdle();
 
 private:
@@ -88,20 +94,21 @@ private:
 
 /// The one handler object. It lives from the loading of the library to the end of the process.
 extern XE_EXPORT QGlobalEventHandler g_appEventHandler;
+/// Its address.
 XE_EXPORT QGlobalEventHandler* GetGlobalEventHandler();
 
 /// Has the slot `OnEnterIdle()` of `object` called whenever the event dispatcher is about to wait; once, however often
 /// this is said. Nothing for null and while there is no dispatcher.
 XE_EXPORT void ConnectIdleSlot(QObject* object);
-/// The reverse. False if it was not connected.
+/// The reverse. False if it was not connected, and for null.
 XE_EXPORT bool DisconnectIdleSlot(QObject* object);
 
 /// Deletes the temporary objects (::AppendTempObjectPool()) at once, whatever the host is doing.
 XE_EXPORT void ClearTempObjectPool();
 
-/// Sets a keyboard hook (`id` WH_KEYBOARD) and gives its handle, the address of `proc`. The newest hook is called first;
-/// a key that repeats, and the same key event at further objects, is not shown to hooks. Null for any other id, for a
-/// null `proc` and without a QApplication.
+/// Sets a keyboard hook (`id` WH_KEYBOARD) and gives its handle, the address of `proc`. The newest hook is called
+/// first; a key that repeats, and the same key event at further objects, is not shown to hooks. Null for any other id,
+/// for a null `proc` and without a QApplication.
 XE_EXPORT HHOOK SetWindowsHookEx_X(int id, HOOKPROC proc);
 /// Takes the oldest hook with this handle away. Always 1, also for an unknown handle.
 XE_EXPORT int UnhookWindowsHookEx_X(HHOOK hook);
@@ -117,13 +124,14 @@ XE_EXPORT void RemoveWinMsgFn(WinMsgFn function);
 /// counts as new now. A null event counts as a repeat.
 XE_EXPORT bool IsRepeatFilterKeyEvent(QKeyEvent* event);
 
-/// 0x8000 while the key or button of a VK code is down at the X server, otherwise 0. The value is positive where Windows
-/// gives a negative SHORT, and the toggle state of lock keys is never reported. 'Q' reports the G key; no code reports
-/// the Q key. 0 without an X server. Each call opens a display of its own: not for tight loops.
+/// 0x8000 while the key or button of a VK code is down at the X server, otherwise 0. The value is positive where
+/// Windows gives a negative SHORT, and the toggle state of lock keys is never reported. 'Q' reports the G key; no code
+/// reports the Q key, and VK_MBUTTON has no state. 0 without an X server. Each call opens a display of its own: not for
+/// tight loops.
 XE_EXPORT int GetKeyState_X(int vk);
 /// The same for keys alone.
 XE_EXPORT int GetKeyStateByX11(int vk);
-/// 0x8000 while a mouse button (1 left, 2 right) is down, otherwise 0.
+/// 0x8000 while a mouse button (1 left, 2 right) is down at the X server, otherwise 0; 0 for any other number.
 XE_EXPORT int GetMouseStateByX11(int button);
 
 /// The upper-case form of the low 16 bits of a character; there is no shift state in the high byte, unlike Windows.
