@@ -1,5 +1,5 @@
 /// @file xeafxwin.h
-/// The window object.
+/// The window object: the wrapper of a QWidget, with its message map, its members and its handlers.
 #pragma once
 
 #include "xeafx.h"
@@ -28,19 +28,14 @@ class DispatchFrame;
 struct EventRow;
 } // namespace xe
 
-/// Allows a member that takes a window's widget to take its wrapper as well.
+/// Allows a member that takes a window's widget to take its wrapper as well; a null wrapper stands for a null widget.
 template <class Window>
 using XeIfWindow = std::enable_if_t<std::is_base_of_v<CWnd_X, Window>, int>;
 
 /// The wrapper of a QWidget: a widget that lives as a window with a message map.
 ///
-/// Attach it to a widget (SubclassWindow() for one that exists, Create() for one of its own) and it sees each event of
-/// the widget first. An event that has a message runs through PreTranslateMessage(), ::TranslateMessage() and OnWndMsg(),
-/// which calls the handler that the message map names. What the handler does decides what follows:
-/// - no entry for the message: Qt goes on as if there were no wrapper;
-/// - the handler ends in a base handler of the "pass on" kind, or calls SetCurrentEventAccepted(false): Qt goes on too
-///   (WM_CLOSE is different: the close is refused);
-/// - anything else: the event is consumed, and the widget does not see it.
+/// A host derives a class, gives it a message map with its handlers, and attaches an object of it to a widget:
+/// SubclassWindow() to one that exists, Create() to one of its own.
 ///
 /// @code
 /// class CPlanView : public CWnd_X
@@ -57,8 +52,23 @@ using XeIfWindow = std::enable_if_t<std::is_base_of_v<CWnd_X, Window>, int>;
 /// END_MESSAGE_MAP_X()
 /// @endcode
 ///
-/// The message map belongs to the object and is filled at attachment. A wrapper may be deleted, detached or destroyed
-/// inside its own handlers. GUI thread only, but for PostMessage() and the form of PostEvent() that is not unique.
+/// From then on the wrapper sees each event of the widget first. An event that has a message (xeQEventToMsg()) runs
+/// through PreTranslateMessage(), ::TranslateMessage() and OnWndMsg(), which calls the handler that the message map
+/// names. What the handler does decides what follows:
+/// - no entry for the message: Qt goes on as if there were no wrapper;
+/// - the handler ends in a base handler of the "pass on" kind, or calls SetCurrentEventAccepted(false): Qt goes on too
+///   (WM_CLOSE is different: the close is refused);
+/// - anything else: the event is consumed, and the widget does not see it.
+///
+/// The message map belongs to the object and is filled at attachment. The window ends by DestroyWindow(), which sends
+/// WM_DESTROY and WM_NCDESTROY; the wrapper itself is deleted by its owner, or by its own PostNcDestroy(). It may be
+/// deleted, detached or destroyed inside its own handlers. A wrapper that is deleted while it is attached sends
+/// nothing.
+///
+/// Unlike a published window it gets no WM_COMMAND from controls: connect to their Qt signals, by CObject_X::Connect()
+/// or by slots of the same names. CDialog_X is a window with OK and Cancel, CMenu_X its menu.
+///
+/// GUI thread only, but for PostMessage() and the form of PostEvent() that is not unique.
 class XE_EXPORT CWnd_X : public CCmdTarget_X
 {
     Q_OBJECT
@@ -66,31 +76,35 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     DECLARE_IMP_CLASS_X(QWidget)
 
     CWnd_X();
+    /// Detaches without any message. The bars of the window go too, an owned widget later.
     ~CWnd_X() override;
 
-    /// The widget, null while nothing is attached and, as the published function, for a null object.
+    /// The widget; null while nothing is attached and, as in the published function, for a null object.
     QWidget* GetSafeHwnd() const;
 
-    /// The wrapper of a widget, null if it has none or is null.
+    /// The wrapper of a widget, a temporary one too; null if it has none or is null.
     static CWnd_X* FromHandlePermanent(QWidget* widget);
-    /// The wrapper of a widget. One without gets a temporary wrapper of the class registered for it, which lives until
-    /// the next idle moment outside a host command. Null for null.
+    /// The wrapper of a widget. One without gets a temporary wrapper of the class registered for its Qt class, which
+    /// sees its events and is deleted at the next idle moment outside a host command: do not keep the pointer. Null for
+    /// null.
     static CWnd_X* FromHandle(QWidget* widget);
     /// CHandleMap_X::DeleteTemp of the handle map of windows, which FromHandle() does not use.
     static void DeleteTempMap();
 
-    /// Wraps an existing widget, which stays its owner's. 0, with the widget untouched, if it is null or of the wrong
-    /// class, or if the window refuses the attachment; otherwise 1.
+    /// Wraps an existing widget, which stays its owner's, then calls PreSubclassWindow(). 0, with the widget untouched,
+    /// if it is null or of the wrong class, or if the window refuses the attachment; otherwise 1.
     int SubclassWindow(QWidget* widget);
 
-    /// SubclassWindow() for the child of this name in `parent`; 0 if there is none.
+    /// SubclassWindow() for the child of this object name (UTF-8) in `parent`, at any depth; 0 if there is none.
     int SubclassDlgItem(const char* name, CWnd_X* parent);
 
-    /// Create() with a style. WS_VISIBLE shows the window, WS_VSCROLL and WS_HSCROLL give it scroll bars; the other bits
-    /// are only stored. 0 if the attachment fails, otherwise 1.
+    /// Makes a window of its own, a child of `parent` or, for null, of the host's main window. WS_VISIBLE shows it,
+    /// WS_VSCROLL and WS_HSCROLL give it scroll bars; the other bits are only stored. 0 if the attachment fails,
+    /// otherwise 1.
     int Create(DWORD style, QWidget* parent);
-    /// The same in a place of the parent's; see MoveWindow().
+    /// The same in a place of the parent's, or of the screen's for a top-level window; see MoveWindow().
     int Create(DWORD style, const tagRECT& rect, QWidget* parent);
+    /// The same with the parent's wrapper.
     template <class Window, XeIfWindow<Window> = 0>
     int Create(DWORD style, const Window* parent)
     {
@@ -102,23 +116,32 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
         return Create(style, rect, handleOf(parent));
     }
 
-    // ---------------------------------------------------------------------------------------- state and geometry
-    // Pixels. Without a widget these do nothing and give 0, null or a default value. What is told of the free function of
-    // the same name (xewinuser.h) holds here.
+    // ---------------------------------------------------------------------------------------------- state and geometry
+    // Pixels. Without a widget, here and in what follows, the members do nothing and give 0, null or a default value.
+    // What is told of the free function of the same name (xewinuser.h) holds for the member, unless it says otherwise.
 
+    /// SW_HIDE, SW_SHOW and SW_SHOWNORMAL; any other command does nothing. 1 in any case: not whether the window was
+    /// visible before, as in the published function.
     BOOL ShowWindow(int command) { return ShowWindow_X(GetSafeHwnd(), command); }
+    /// Gives the previous *enabled* state, unlike the published function.
     BOOL EnableWindow(BOOL enable = TRUE) { return EnableWindow_X(GetSafeHwnd(), enable); }
+    /// Whether the widget and all its parents are enabled.
     BOOL IsWindowEnabled() const { return IsWindowEnabled_X(GetSafeHwnd()); }
+    /// Whether the widget itself is not hidden, whatever its parents are.
     BOOL IsWindowVisible() const { return IsWindowVisible_X(GetSafeHwnd()); }
+    /// Whether the window is minimised.
     BOOL IsIconic() const { return IsIconic_X(GetSafeHwnd()); }
+    /// Minimises the window, or restores it if it is minimised already. 1.
     BOOL CloseWindow() { return CloseWindow_X(GetSafeHwnd()); }
+    /// Restores the window and gives it the focus. 1.
     BOOL OpenIcon() { return OpenIcon_X(GetSafeHwnd()); }
 
-    /// The style given at creation or by ModifyStyle().
+    /// The style given at creation or by ModifyStyle(); also without a widget.
     DWORD GetStyle() const { return m_dwStyle; }
-    /// Changes the stored style, and nothing about the widget. 1.
+    /// Changes the stored style and nothing about the widget, unlike the published function. 1, also without a widget.
     BOOL ModifyStyle(DWORD remove, DWORD add, UINT flags = 0);
 
+    /// Resizes, moves, and shows or hides, as the SWP_ flags allow; `after` is a sibling to go under, or null. 1.
     BOOL SetWindowPos(QWidget* after, int x, int y, int width, int height, UINT flags)
     {
         return SetWindowPos_X(GetSafeHwnd(), after, x, y, width, height, flags);
@@ -128,290 +151,432 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     {
         return SetWindowPos(handleOf(after), x, y, width, height, flags);
     }
-    /// Moves the frame and gives it this size; a negative width or height leaves the size alone.
+    /// Moves the frame, in the parent's coordinates or the screen's, and gives it this size, which MoveWindow_X() gives
+    /// to what is in the frame. A negative width or height leaves the size alone.
     void MoveWindow(int x, int y, int width, int height, BOOL repaint = TRUE);
-    /// Swapped edges of the rectangle give the same size.
+    /// The same with a rectangle, whose swapped edges give the same size. Nothing for null.
     void MoveWindow(const tagRECT* rect, BOOL repaint = TRUE);
-    /// Centres on `alternate`, else on the Qt parent, else on the screen.
+    /// Centres on the frame of `alternate`, else of the Qt parent, else on the screen.
     void CenterWindow(QWidget* alternate = nullptr);
     template <class Window, XeIfWindow<Window> = 0>
     void CenterWindow(const Window* alternate)
     {
         CenterWindow(handleOf(alternate));
     }
+    /// The frame on the screen. 1, or 0 for null.
     BOOL GetWindowRect(tagRECT* rect) const { return GetWindowRect_X(GetSafeHwnd(), rect); }
-    /// (0, 0, width, height) without the scroll bars that are shown.
+    /// (0, 0, width, height) less 17 for each scroll bar that is shown. Without a widget the rectangle stays as it is.
     void GetClientRect(tagRECT* rect) const;
+    /// From the widget's coordinates to the screen's, in place; of a rectangle both corners. Nothing for null.
     void ClientToScreen(tagPOINT* point) const;
     void ClientToScreen(tagRECT* rect) const;
+    /// From the screen's coordinates to the widget's, likewise.
     void ScreenToClient(tagPOINT* point) const;
     void ScreenToClient(tagRECT* rect) const;
 
-    // ------------------------------------------------------------------------------------------------- painting
+    // -------------------------------------------------------------------------------------------------------- painting
 
+    // A repaint comes from the event loop, never at once.
+
+    /// Asks for a repaint of the whole window, and does not wait for it.
     void UpdateWindow() { UpdateWindow_X(GetSafeHwnd()); }
     /// Asks for a repaint of the whole window. `erase` is ignored.
     void Invalidate(BOOL erase = TRUE);
-    /// A null rectangle repaints *nothing*, unlike Windows. The right and bottom edge are repainted too.
+    /// Asks for a repaint of a part. A null rectangle repaints *nothing*, unlike Windows. The right and bottom edge are
+    /// repainted too.
     void InvalidateRect(const tagRECT* rect, BOOL erase = TRUE);
+    /// Asks for a repaint of the whole window. 1.
     BOOL RedrawWindow();
+    /// With FALSE the window is not painted until TRUE follows, which repaints it.
     void SetRedraw(BOOL redraw = TRUE);
+    /// SetRedraw(FALSE) for this window alone; any number of windows may be locked. 1.
     BOOL LockWindowUpdate();
+    /// SetRedraw(TRUE).
     void UnlockWindowUpdate();
-    /// Moves the content, of the rectangle alone if one is given.
+    /// Moves the content by `dx` to the right and `dy` downwards, of the rectangle alone if one is given. Without a
+    /// rectangle the children move too.
     void ScrollWindow(int dx, int dy, const tagRECT* rect = nullptr);
+    /// The mouse cursor of the widget; without a widget the arrow.
     QCursor GetCursor() const;
+    /// Sets the mouse cursor of the widget, for itself and those of its children that have none.
     void SetCursor(const QCursor& cursor);
+    /// The icon of the window; a null one without a widget.
     QIcon GetIcon() const;
     void SetIcon(const QIcon& icon);
-    const QFont* GetFont() const; ///< the widget's own, null without one
+    /// The widget's own font, which lives and changes with the widget; null without one.
+    const QFont* GetFont() const;
+    /// Copies the font; nothing for null. `redraw` is ignored: the widget is repainted.
     void SetFont(const QFont* font, BOOL redraw = TRUE);
 
-    // -------------------------------------------------------------------------------------- focus, mouse, relations
+    // ----------------------------------------------------------------------------------------- focus, mouse, relations
 
+    /// Whether `child` is this window or below it in the same top-level window.
     BOOL IsChild(QWidget* child) const { return IsChild_X(GetSafeHwnd(), child); }
     template <class Window, XeIfWindow<Window> = 0>
     BOOL IsChild(const Window* child) const
     {
         return IsChild(handleOf(child));
     }
+    /// The wrapper, made by FromHandle(), of the logical parent, else of the Qt parent; null without one.
     CWnd_X* GetParent() const;
-    CWnd_X* SetParent(QWidget* parent); ///< gives the old parent
+    /// Sets both parents, and gives the wrapper of the old one, made by FromHandle().
+    CWnd_X* SetParent(QWidget* parent);
     template <class Window, XeIfWindow<Window> = 0>
     CWnd_X* SetParent(const Window* parent)
     {
         return SetParent(handleOf(parent));
     }
+    /// The wrapper, made by FromHandle(), of the widget that stands for all screens together.
     static CWnd_X* GetDesktopWindow();
+    /// The active window of this program, or null.
     static QWidget* GetActiveWindow() { return GetActiveWindow_X(); }
+    /// Asks the window system to activate this widget's window. Gives the widget that is the active window at the
+    /// moment; null if there is none, and without a widget, when nothing happens. Unlike from the published function
+    /// the result is a widget, for FromHandle(), as it is from the two below.
     QWidget* SetActiveWindow();
+    /// The widget of this program with the keyboard focus, or null.
     static QWidget* GetFocus() { return GetFocus_X(); }
+    /// Activates this widget's window, as SetActiveWindow(), and gives the widget the focus in it. Gives the widget
+    /// that had the focus before; null if none had, and without a widget, when nothing happens.
     QWidget* SetFocus();
+    /// The widget that has grabbed the mouse, or null. A button held down over a widget is no grab.
     static QWidget* GetCapture() { return GetCapture_X(); }
+    /// Has this widget, which must be visible, grab the mouse: all mouse events come to it until ReleaseCapture().
+    /// Gives the widget that had grabbed it before; null if none had, and without a widget, when nothing happens.
     QWidget* SetCapture();
+    /// Ends the grab of whichever widget has one.
     static void ReleaseCapture() { ReleaseCapture_X(); }
-    /// The child at a place on the screen, null if there is none. The viewport of a scroll area stands for the area.
+    /// The wrapper, made by FromHandle(), of the innermost child at a place on the screen; null if there is none. The
+    /// viewport of a scroll area stands for the area.
     CWnd_X* WindowFromPoint(CPoint screen) const;
 
-    // ---------------------------------------------------------------------------------------------- dialog items
-    // An item is named by its widget, its object name, or a resource id of the calling module. One that is not there gives
-    // null or 0.
+    // ---------------------------------------------------------------------------------------------------- dialog items
+    // An item is named by its widget, its object name (UTF-8), or a resource id of the calling module (xeresource.h).
+    // One that is not there gives null or 0.
 
-    QWidget* GetChildWidget(const char* name) const; ///< at any depth
+    /// The first child of this name at any depth; null for a null or empty name.
+    QWidget* GetChildWidget(const char* name) const;
+    /// The item's wrapper, made by FromHandle().
     CWnd_X* GetDlgItem(QWidget* widget) const { return FromHandle(widget); }
     CWnd_X* GetDlgItem(const char* name) const { return FromHandle(GetChildWidget(name)); }
     CWnd_X* GetDlgItem(int id) const { return FromHandle(GetDlgItem_X(GetSafeHwnd(), id)); }
+    /// The item's widget, which `*out` gets too, null as well; `out` may be null.
     QWidget* GetDlgItem(int id, QWidget** out) const;
+    /// The resource id of this window's object name; 0 for a name without one.
     int GetDlgCtrlID() const { return GetDlgCtrlID_X(GetSafeHwnd()); }
-    int SetDlgCtrlID(int id); ///< renames the widget; gives the old id
+    /// Gives the widget the object name of another id, an empty one for an id without a name. Gives the old id.
+    int SetDlgCtrlID(int id);
 
+    /// Fills in the item's text and gives its length in elements; `text` stays as it is without the item.
     int GetDlgItemText(QWidget* item, CString_X& text) const { return GetWindowText_X(item, text); }
     int GetDlgItemText(const char* name, CString_X& text) const { return GetDlgItemText(GetChildWidget(name), text); }
     int GetDlgItemText(int id, CString_X& text) const { return GetDlgItemText(GetDlgItem_X(GetSafeHwnd(), id), text); }
+    /// Writes the item's text with its terminator, cut to `size` elements in all. Gives the number before the
+    /// terminator.
     UINT GetDlgItemText(int id, wchar_t* buffer, int size) const
     {
         return GetDlgItemText_X(GetSafeHwnd(), id, buffer, size);
     }
+    /// Sets the item's text as SetWindowText_X() does. 1.
     BOOL SetDlgItemText(QWidget* item, const wchar_t* text) { return SetWindowText_X(item, text); }
     BOOL SetDlgItemText(const char* name, const wchar_t* text) { return SetDlgItemText(GetChildWidget(name), text); }
     BOOL SetDlgItemText(int id, const wchar_t* text) { return SetDlgItemText_X(GetSafeHwnd(), id, text); }
+    /// The first number anywhere in the item's text; `*translated` tells whether there is one. See GetDlgItemInt_X().
     UINT GetDlgItemInt(QWidget* item, BOOL* translated = nullptr, BOOL isSigned = TRUE) const;
     UINT GetDlgItemInt(int id, BOOL* translated = nullptr, BOOL isSigned = TRUE) const
     {
         return GetDlgItemInt_X(GetSafeHwnd(), id, translated, isSigned);
     }
+    /// Writes a number as SetDlgItemInt_X() does, so that -1 becomes "-4294967295". 1.
     BOOL SetDlgItemInt(QWidget* item, UINT value, BOOL isSigned = TRUE);
     BOOL SetDlgItemInt(int id, UINT value, BOOL isSigned = TRUE)
     {
         return SetDlgItemInt_X(GetSafeHwnd(), id, value, isSigned);
     }
+    /// Checks a button for any value but 0, BST_INDETERMINATE too: there is no third state. Nothing for null.
     void CheckDlgButton(QAbstractButton* button, UINT value);
+    /// Whether a button is checked, 1 or 0; 0 for null.
     UINT IsDlgButtonChecked(QAbstractButton* button) const;
 
     /// Runs DoDataExchange(): with TRUE from the controls to the variables, with FALSE the other way. 1, or 0 when the
-    /// exchange was given up.
+    /// exchange was given up. An exception of a host's own that leaves DoDataExchange() gives it up too.
     int UpdateData(BOOL saveAndValidate = TRUE);
 
+    /// MessageBox_X() over this window, or over the host's main window without a widget. Gives the id of the button.
     int MessageBox(const wchar_t* text, const wchar_t* caption = nullptr, UINT style = 0);
+    /// Starts a timer of the process-wide id, which sends WM_TIMER to this window, or calls `proc`. Gives the id. See
+    /// SetTimer_X(), also for an id that is in use.
     UINT_PTR SetTimer(UINT_PTR id, UINT milliseconds, TIMERPROC proc = nullptr);
+    /// Ends the timer with this id, whichever window's it is. 0 if there is none.
     BOOL KillTimer(UINT_PTR id) { return GetSafeHwnd() ? KillTimer_X(GetSafeHwnd(), id) : FALSE; }
 
-    // ---------------------------------------------------------------------------------------------- scroll bars
-    // `bar` is SB_HORZ, SB_VERT or SB_BOTH.
+    // ----------------------------------------------------------------------------------------------------- scroll bars
+    // Children of the widget, along its right and its bottom edge. `bar` is SB_HORZ or SB_VERT, of the functions that
+    // show and hide also SB_BOTH. Positions, ranges and pages are in units of the host's.
 
-    BOOL IsScrollBarEnabled(int bar) const; ///< whether the bar is there and not hidden
-    /// Shows or hides a bar, which is made when it is missing.
+    /// Whether the bar is there and not hidden.
+    BOOL IsScrollBarEnabled(int bar) const;
+    /// Shows or hides a bar. One to be shown is made when it is missing.
     void ShowScrollBar(UINT bar, BOOL show = TRUE);
+    /// ShowScrollBar(): a disabled bar is a hidden one.
     void EnableScrollBarCtrl(int bar, BOOL enable = TRUE) { ShowScrollBar(static_cast<UINT>(bar), enable); }
-    /// A disabled bar is a hidden one: shows it for ESB_ENABLE_BOTH and hides it otherwise. 1.
+    /// Shows a bar for ESB_ENABLE_BOTH and hides it otherwise. 1.
     BOOL EnableScrollBar(int bar, UINT arrows = ESB_ENABLE_BOTH);
-    int GetScrollLimit(int bar) const; ///< the maximum less 1
-    int GetScrollPos(int bar) const; ///< 0 without the bar
-    /// Gives the old position; 0 without the bar. `redraw` is ignored.
+    /// The maximum less 1; 0 without the bar.
+    int GetScrollLimit(int bar) const;
+    /// The bar's value; 0 without the bar.
+    int GetScrollPos(int bar) const;
+    /// Sets the bar's value, cut to its range, and gives the old one; 0 without the bar. `redraw` is ignored.
     int SetScrollPos(int bar, int position, BOOL redraw = TRUE);
-    /// Fills what is not null; nothing without the bar.
+    /// Writes the ends of the range to what is not null; nothing without the bar.
     void GetScrollRange(int bar, int* minimum, int* maximum) const;
+    /// Sets the ends of the range; nothing without the bar. `redraw` is ignored.
     void SetScrollRange(int bar, int minimum, int maximum, BOOL redraw = TRUE);
+    /// Sets what the record's `fMask` names, SIF_POS and SIF_TRACKPOS alike as the position of the slider. Whether it
+    /// named anything; 0 without the bar and for null. The published function gives the position.
     BOOL SetScrollInfo(int bar, tagSCROLLINFO* info, BOOL redraw = TRUE);
-    /// Fills what `mask` asks for and writes `mask` to the record; what the record says itself is not looked at.
+    /// Fills what `mask` asks for and writes `mask` to the record; what the record says itself is not looked at. 1; 0
+    /// without the bar and for null.
     BOOL GetScrollInfo(int bar, tagSCROLLINFO* info, UINT mask = SIF_ALL) const;
 
-    // ------------------------------------------------------------------------------------------------- messages
+    // -------------------------------------------------------------------------------------------------------- messages
 
     /// Makes `handler` the one for `message`, in place of an earlier entry. The signature code selects how the handlers
-    /// are called; the message-map macros write the right one, and XeHandler takes the type off a handler. A null handler
-    /// is not called, and the message still counts as handled.
+    /// are called; the message-map macros write the right one, and XeHandler takes the type off a handler.
+    ///
+    /// A null handler is not called, the second one is all the same, and the message counts as handled, with the result
+    /// that its signature fixes, else 0. The second handler is not called when the first has deleted the wrapper, or
+    /// the widget that the message names.
     void AddMsgMapEntry(UINT message, unsigned long signature, AFX_PMSG_X handler, AFX_PMSG_X secondHandler = nullptr);
 
     /// Sets or clears the accept flag of the event now being handled: false passes it on to Qt. Nothing outside a
     /// handler.
     void SetCurrentEventAccepted(bool accepted);
 
-    /// SendMessage_X() and PostMessage_X() to the widget; 0 without one.
+    /// SendMessage_X() to the widget: gives the handler's result; 0 without a widget.
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    /// PostMessage_X() to the widget: 1; 0 without a widget, and the message is dropped.
     LRESULT PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
-    /// Delivers an event of the caller's to the widget at once. False without a widget or event, otherwise true, whatever
-    /// became of it.
+    /// Delivers an event of the caller's to the widget at once. False without a widget or event, otherwise true,
+    /// whatever became of it.
     bool SendEvent(QEvent* event);
 
-    /// Queues `event` for the widget, handing it over. With `unique` only one event of a type waits at a time: while one
-    /// queued this way has not been delivered, the new one is deleted and the result is false.
-    /// Without a widget the result is false too, and the event stays the caller's.
+    /// Queues `event` for the widget, handing it over. With `unique` only one event of a type waits at a time: while
+    /// one queued this way has not been delivered, the new one is deleted and the result is false. Without a widget or
+    /// event the result is false too, and the event stays the caller's. What waits when the wrapper is attached anew
+    /// was for the widget before, and no longer counts.
     bool PostEvent(QEvent* event, int priority = Qt::NormalEventPriority, bool unique = false);
 
+    /// The way of an event of the widget's to its handler, as the class says. True stops the event. A null event is
+    /// left alone.
+    ///
+    /// A handler that deletes the wrapper has its result counted as if the wrapper lived; when PreTranslateMessage()
+    /// did it with the result 0, Qt gets the event. A handler that deletes the widget stops the event.
     bool eventFilter(QObject* target, QEvent* event) override;
-    /// Brings the window to life: OnCreate(), the slots, OnMessageMap(). Combo boxes in the window no longer cut the texts
-    /// of their lists short.
+    /// Brings the window to life: OnCreate(), then the slots of the wrapper take over connections of the widget's slots
+    /// of the same names (ConnectSlotsFrom()), then OnMessageMap(). In all combo boxes below, the lists show their
+    /// texts whole from then on. There is no message map during OnCreate(). False, which undoes the attachment, when
+    /// OnCreate() refuses or the widget has gone.
     bool OnAttach() override;
+    /// Deletes the scroll bars and the menu bar, when control returns to the event loop.
     void OnDetach() override;
+    /// Enters OnDestroy(), OnNcDestroy() and OnSize(), and connects OnEnterIdle() to the event loop.
     void OnMessageMap() override;
 
-    // --------------------------------------------------------------------------------------------- overridables
+    // ---------------------------------------------------------------------------------------------------- overridables
 
     QT_WARNING_PUSH
     QT_WARNING_DISABLE_CLANG("-Woverloaded-virtual") // hides the form for any object: a window's parent is a window
-    /// Makes a QWidget with this Qt parent and hover and mouse tracking on, and attaches it as an owned one.
+    /// Makes a QWidget with this Qt parent, hover events and mouse tracking on, and attaches it as an owned one. False
+    /// when the attachment fails.
     virtual bool AttachDefault(QWidget* parent);
     QT_WARNING_POP
-    /// Builds the child widgets of the window: generated form code of the host.
+    /// Builds the child widgets of the window: the code of a form, or the host's own. Here nothing.
     virtual void SetupUI();
-    /// Places the scroll bars along the edges; the corner between them stays empty. Called when the window's size changes.
+    /// Places the scroll bars along the edges; the corner between them stays empty. Called when the window's size
+    /// changes.
     virtual void RecalcLayout();
     QT_WARNING_PUSH
     QT_WARNING_DISABLE_GCC("-Woverloaded-virtual") // a dialog hides it by its forms with a template
-    /// AttachDefault(); a null parent stands for the host's main window, if there is one.
+    /// AttachDefault(); a null parent stands for the host's main window, if there is one. 0 when that fails, otherwise
+    /// 1.
     virtual int Create(QWidget* parent);
     QT_WARNING_POP
-    /// DestroyWindow_X() of the widget; 0 without one.
+    /// DestroyWindow_X() of the widget: hides the window and takes it apart with its children. 0 without a widget,
+    /// otherwise 1.
     virtual int DestroyWindow();
-    /// The last call that a wrapper gets from its window. An override may delete the wrapper.
+    /// The last call that a wrapper gets from its window. An override may delete the wrapper. Here nothing.
     virtual void PostNcDestroy();
     /// Sees each message of the window first; a non-zero result ends its handling, and Qt does not see the event.
     virtual int PreTranslateMessage(tagMSG* message);
     /// Looks the message up in the map and calls its handler. 0, with `result` unwritten, without an entry or when the
     /// handler has passed the message up; otherwise 1. `result` may be null.
     ///
-    /// WM_SETCURSOR with the window's own widget as wParam asks the wrapped ancestors first, outermost first: the first
-    /// that claims it with a result that is not 0 has it.
+    /// WM_SETCURSOR with the window's own widget as wParam asks the wrapped ancestors first, outermost first, about the
+    /// widget under the mouse: the first that claims it with a result that is not 0 has it. When one of them deletes
+    /// that widget, nobody else is asked.
     virtual int OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
-    /// Names the pairs of control and variable: one DDX_ call each, and DDV_ calls behind them (xeafxddx.h).
+    /// Names the pairs of control and variable: one DDX_ call each, and DDV_ calls behind them (xeafxddx.h). Here
+    /// nothing.
     virtual void DoDataExchange(CDataExchange_X* exchange);
-    /// Puts the menu into the window's menu bar and shows that; null empties and hides it. 0 without a menu bar.
+    /// Adds the menu to the window's menu bar and shows that; null empties and hides it. 1; 0 without a menu bar, which
+    /// a QSplitter never has.
     virtual int SetMenu(CMenu_X* menu);
+    /// Adds several menus; a null one is left out.
     virtual int SetMenu(QList<CMenu_X*> menus);
-    /// Called when SubclassWindow() has attached an existing widget.
+    /// Called when SubclassWindow() has attached an existing widget. Here nothing.
     virtual void PreSubclassWindow();
-    /// The title of the window; a control's text in the classes of controls.
+    /// Fills in the title of the window, in the classes of controls the control's text. Without a widget `text` stays.
     virtual void GetWindowText(CString_X& text) const;
+    /// Sets that text; null stands for the empty one.
     virtual void SetWindowText(const wchar_t* text);
-    /// The vertical bar if `bar` is not 0, else the horizontal one; null if it was never made.
+    /// The vertical bar if `bar` is not 0, else the horizontal one; null if it was never made. It belongs to the
+    /// window.
     virtual QScrollBar* GetScrollBarCtrl(int bar) const;
-    /// The first step of an attachment: calls SetupUI(), makes the scroll bars of the style and a hidden menu bar. A result
-    /// that is not 0 refuses the attachment.
+    /// The first step of an attachment: calls SetupUI(), makes the scroll bars of the style and a hidden menu bar. Of
+    /// the record only the style is filled in. A result that is not 0 refuses the attachment. It is not called by
+    /// WM_CREATE, which nobody sends.
     virtual int OnCreate(tagCREATESTRUCTW* createStruct);
 
-    // ---------------------------------------------------------- handlers that pass the event on to the widget (Qt)
+    // -------------------------------------------------------------- handlers that pass the event on to the widget (Qt)
+    // A host declares a handler of the same name and type and enters it by ON_WM_..._X(); one that calls its base here
+    // passes the event on. Of two forms both are called; the one with `_X` gets wrappers made by FromHandle().
+    //
+    // Points are pixels in the widget's coordinates, `flags` and `modifiers` MK_ flags, `vk` VK codes (0xFFFFFFFF for a
+    // key without one). What Qt's events carry is the table of xeQEventToMsg(). "From the host alone" is said where no
+    // event of Qt's becomes the message: the handler is called when the host sends it, with what the host has packed.
 
+    /// The window has become active (WA_ACTIVE) or inactive (WA_INACTIVE). `other` is this window itself, not the other
+    /// one, and `minimized` 0.
     void OnActivate(UINT state, QWidget* other, BOOL minimized);
     void OnActivate_X(UINT state, CWnd_X* other, BOOL minimized);
+    /// From the host alone: wParam and the low 32 bits of lParam.
     void OnActivateApp(BOOL active, DWORD threadId);
+    /// From the host alone: the widget in lParam.
     void OnCaptureChanged(QWidget* other);
     void OnCaptureChanged_X(CWnd_X* other);
+    /// From the host alone: the low 32 bits of wParam.
     void OnEnable(BOOL enabled);
+    /// From the host alone.
     void OnFontChange();
+    /// A key without Alt has gone down. `repeatCount` is 1 also for a key that repeats; `modifiers` are MK_ flags, not
+    /// the published scan code and flags.
     void OnKeyDown(UINT vk, UINT repeatCount, UINT modifiers);
+    /// A key without Alt has gone up. `modifiers` has bit 15 set as well.
     void OnKeyUp(UINT vk, UINT repeatCount, UINT modifiers);
+    /// From the host alone: the widget in wParam. A QFocusEvent has no message.
     void OnKillFocus(QWidget* other);
     void OnKillFocus_X(CWnd_X* other);
+    /// A mouse button has been clicked twice, gone down or gone up. `flags` are the MK_ flags of keys, Alt included,
+    /// and of the buttons that are down after that; `point` is signed.
     void OnLButtonDblClk(UINT flags, CPoint point);
     void OnLButtonDown(UINT flags, CPoint point);
     void OnLButtonUp(UINT flags, CPoint point);
     void OnMButtonDblClk(UINT flags, CPoint point);
     void OnMButtonDown(UINT flags, CPoint point);
     void OnMButtonUp(UINT flags, CPoint point);
+    /// From the host alone: the low 32 bits of wParam, and the record in lParam. The message's result is 1.
     void OnMeasureItem(int id, tagMEASUREITEMSTRUCT* item);
+    /// The mouse has come in, at once and not after a time. `flags` has the keys and no buttons.
     void OnMouseHover(UINT flags, CPoint point);
+    /// The mouse has gone out. With hover events on (as Create() has them) it is called twice, for Qt's HoverLeave and
+    /// Leave.
     void OnMouseLeave();
+    /// The mouse has moved, also without a button down if the widget tracks it. `flags` and `point` as above.
     void OnMouseMove(UINT flags, CPoint point);
+    /// From the host alone: the words of lParam, without a sign.
     void OnMove(int x, int y);
+    /// From the host alone: wParam, and the rectangle in lParam. The message's result is 1.
     void OnMoving(UINT side, tagRECT* rect);
+    /// The left button has gone up on the frame. `hitCode` is HTCAPTION, HTLEFT, HTRIGHT or HTBOTTOM; the point is the
+    /// pointer's on the screen.
     void OnNcLButtonUp(UINT hitCode, CPoint screenPoint);
+    /// From the host alone: the widget in wParam.
     void OnPaletteChanged(QWidget* other);
     void OnPaletteChanged_X(CWnd_X* other);
+    /// From the host alone: the widget in wParam.
     void OnPaletteIsChanging(QWidget* other);
     void OnPaletteIsChanging_X(CWnd_X* other);
+    /// As OnLButtonDblClk() and its like.
     void OnRButtonDblClk(UINT flags, CPoint point);
     void OnRButtonDown(UINT flags, CPoint point);
     void OnRButtonUp(UINT flags, CPoint point);
+    /// From the host alone: the widget in wParam. A QFocusEvent has no message.
     void OnSetFocus(QWidget* other);
     void OnSetFocus_X(CWnd_X* other);
+    /// The widget has been shown (Qt's ShowToParent), and both arguments are 0 all the same: the message carries
+    /// nothing. Hiding has no message.
     void OnShowWindow(BOOL shown, UINT status);
-    /// Calls RecalcLayout() before it passes the event on.
+    /// The widget has this size, in pixels up to 65535; `type` is 0. Calls RecalcLayout() before it passes the event
+    /// on.
     void OnSize(UINT type, int width, int height);
+    /// From the host alone: wParam, and the rectangle in lParam. The message's result is 1.
     void OnSizing(UINT side, tagRECT* rect);
+    /// From the host alone: the low 32 bits of wParam, and the record in lParam.
     void OnStyleChanged(int which, tagSTYLESTRUCT* style);
     void OnStyleChanging(int which, tagSTYLESTRUCT* style);
+    /// From the host alone.
     void OnSysColorChange();
+    /// A key has gone down or up with Alt, as OnKeyDown() and OnKeyUp() say.
     void OnSysKeyDown(UINT vk, UINT repeatCount, UINT modifiers);
     void OnSysKeyUp(UINT vk, UINT repeatCount, UINT modifiers);
+    /// A timer of SetTimer() without a function, or of QObject::startTimer(), is due; `id` is its id.
     void OnTimer(UINT_PTR id);
+    /// From the host alone: the record in lParam.
     void OnWindowPosChanged(tagWINDOWPOS* position);
     void OnWindowPosChanging(tagWINDOWPOS* position);
 
-    // ------------------------------------------------------- handlers that do nothing: the event counts as consumed
+    // ---------------------------------------------------------- handlers that do nothing: the event counts as consumed
 
+    /// A key press without Alt has made a character, a whole code point; `repeatCount` is 1, `modifiers` are MK_ flags.
+    /// It comes behind OnKeyDown(), from the event queue.
     void OnChar(UINT character, UINT repeatCount, UINT modifiers);
-    /// The window closes.
+    /// The window is to close, and does; SetCurrentEventAccepted(false) refuses.
     void OnClose();
+    /// A context menu is wanted at a place in the widget's coordinates, signed; `widget` is this window. The published
+    /// point is on the screen.
     void OnContextMenu(QWidget* widget, CPoint point);
     void OnContextMenu_X(CWnd_X* window, CPoint point);
+    /// From the host alone: wParam.
     void OnDropFiles(HDROP files);
+    /// From the host alone: the low 32 bits of wParam, and the words of lParam.
     void OnHotKey(UINT id, UINT key1, UINT key2);
+    /// From the host alone: the words of wParam, with a sign, and the bar in lParam. Qt's scroll bars have signals
+    /// instead.
     void OnHScroll(UINT code, UINT position, QWidget* bar);
-    /// The widget does not paint itself.
+    /// The widget is to be painted. It does not paint itself: only an entry that ends without this base leaves that to
+    /// an override, and no entry at all to the widget.
     void OnPaint();
+    /// The same as OnChar() for a key press with Alt.
     void OnSysChar(UINT character, UINT repeatCount, UINT modifiers);
+    /// As OnHScroll().
     void OnVScroll(UINT code, UINT position, QWidget* bar);
 
-    // --------------------------------------------------------------------------------- handlers that give a result
+    // ------------------------------------------------------------------------------------- handlers that give a result
 
     /// 0. Never called by a message: there is no device context outside a paint event.
     HBRUSH OnCtlColor(CDC_X* dc, QWidget* widget, UINT type);
     HBRUSH OnCtlColor_X(CDC_X* dc, CWnd_X* window, UINT type);
+    /// 0. Never called by a message, likewise.
     BOOL OnEraseBkgnd(CDC_X* dc);
-    /// 0, which passes the wheel on to the widget.
+    /// The wheel has turned. `delta` is in eighths of a degree, 120 a notch, away from the user above 0; `flags` is 0;
+    /// the point is in the widget's coordinates, whose negative values come as 65536 more. Here 0, which passes the
+    /// event on to the widget.
     BOOL OnMouseWheel(UINT flags, short delta, CPoint point);
+    /// From the host alone: the words of lParam, with a sign. Here 0.
     LRESULT OnNcHitTest(CPoint point);
-    /// Sets the text cursor on a QLineEdit and the arrow on any other widget; 0.
+    /// The mouse, which nobody has grabbed, has done something: `widget` is the one under it, which may be a child,
+    /// `hitCode` 0, `message` the mouse message. Here sets the text cursor on a QLineEdit and the arrow on any other
+    /// widget, and gives 0. The outermost wrapped window is asked first; see OnWndMsg().
     BOOL OnSetCursor(QWidget* widget, UINT hitCode, UINT message);
     BOOL OnSetCursor_X(CWnd_X* window, UINT hitCode, UINT message);
 
-    // ------------------------------------------------------------------------------------- handlers of destruction
+    // ----------------------------------------------------------------------------------------- handlers of destruction
 
-    /// Deletes the scroll bars and the menu bar.
+    /// The window is being destroyed, its children are still there. Here deletes the scroll bars and the menu bar.
     void OnDestroy();
-    /// Detaches, which deletes an owned widget later, and calls PostNcDestroy().
+    /// The children are gone. Here detaches, which deletes an owned widget later, and calls PostNcDestroy().
     void OnNcDestroy();
 
 public Q_SLOTS:
@@ -419,7 +584,10 @@ public Q_SLOTS:
     void OnEnterIdle();
 
 Q_SIGNALS:
+    /// Not emitted by the library, for a timer either: it is there for hosts that connect to it or emit it.
     void timeOut(unsigned long id);
+    /// Emitted whenever the event loop is about to wait, from the attachment on and as long as the wrapper lives, also
+    /// without a widget: the moment to update what shows the state of commands.
     void updateCmdUi();
 
 protected:
@@ -427,10 +595,11 @@ protected:
 
     /// Builds the window: OnCreate(). False if that refuses the attachment.
     bool CreateContents();
-    /// Connects the slots, fills the message map and looks after the combo boxes. False if the widget has gone meanwhile.
+    /// Connects the slots, fills the message map and looks after the combo boxes. False if the widget has gone
+    /// meanwhile.
     bool ConnectContents();
 
-    DWORD m_dwStyle = 0; ///< see GetStyle(); controls read their own bits in it
+    DWORD m_dwStyle = 0; ///< what GetStyle() gives
 
 private:
     friend class xe::DispatchFrame;
