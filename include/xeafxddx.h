@@ -13,12 +13,13 @@
 /// }
 /// @endcode
 ///
-/// CWnd_X::UpdateData() calls the override, in either direction. A control is named by its resource id, its object name or
-/// itself. A value that does not pass gives the exchange up: a message box comes up once UpdateData() has returned, and
-/// the control has the focus. The messages are Chinese, whatever the locale.
+/// CWnd_X::UpdateData() calls the override, in either direction. A control is named by its resource id, its object name
+/// or itself. A value that does not pass gives the exchange up: a message box comes up once UpdateData() has returned,
+/// and the control has the focus. The messages are Chinese, whatever the locale.
 ///
 /// A name or an id without a control of the right class gives the exchange up as well, without a box and with a warning
-/// in the log that names it. Only DDX_Text() and DDX_Radio() go on after the warning: nothing is shown and nothing stored.
+/// in the log that names it. Only DDX_Text() and DDX_Radio() go on after the warning: nothing is shown and nothing
+/// stored.
 #pragma once
 
 #include "xeafxstr.h"
@@ -35,22 +36,27 @@
 
 class CWnd_X;
 
-/// One run of DoDataExchange().
+/// One run of DoDataExchange(): its direction, its window, and the control that it is at. CWnd_X::UpdateData() makes
+/// one; a host uses it in exchange functions of its own.
 class XE_EXPORT CDataExchange_X
 {
 public:
+    /// `saveAndValidate` not 0: from the controls to the variables. The window is not owned; a null one has no
+    /// controls.
     CDataExchange_X(CWnd_X* dialog, int saveAndValidate);
 
+    /// The window's widget, or null.
     QWidget* GetDlgQWidget() const;
-    /// The control of this name, null if there is none.
+    /// The control of this object name (UTF-8) at any depth; null if there is none, and for a null or empty name.
     QWidget* GetDlgItem(const char* name) const;
-    QWidget* FindControl(const QString& name) const; ///< GetDlgItem() of Qt's own text
+    /// The same with a name of Qt's.
+    QWidget* FindControl(const QString& name) const;
     /// Makes `control` the one that Fail() is about.
     void PrepareCtrl(QWidget* control) { m_pCurCtrl = control; }
 
     /// Gives the exchange up by an exception, a QString, which UpdateData() catches. When saving to a prepared control,
-    /// the message, unless it is null or empty, comes up in a box from the event queue, once however often this happens;
-    /// the control gets the focus, and its text is selected.
+    /// the message, unless it is null or empty, comes up in a box from the event queue, once however often this
+    /// happens; the control gets the focus, and its text is selected.
     [[noreturn]] void Fail(const wchar_t* message = nullptr);
 
     /// A warning in the log about a control that is not there; `wanted` is the class that was looked for.
@@ -86,44 +92,54 @@ enum TextDataType {
 /// Sets a control's text unless it is that already, so that an equal text causes no change signal. Nothing for null.
 XE_EXPORT void AfxSetWindowText(QWidget* control, CString_X text);
 
-// ---------------------------------------------------------------------------------- exchange with the control itself
+// ------------------------------------------------------------------------------------ exchange with the control itself
+// Saving goes from the control to the variable, loading the other way. Each makes its control the one that Fail() is
+// about. A null control of another function than DDX_Text(), DDX_Radio() and DDX_Control() gives the exchange up.
 
+/// The text of a control, as GetWindowText_X() and AfxSetWindowText() have it. A null control does nothing.
 XE_EXPORT void DDX_Text(CDataExchange_X* exchange, QWidget* control, CString_X& value);
 
-/// Numbers: a text that is none, an empty one too, fails and leaves the variable; a null control leaves it without a failure. Float and double are shown with six
-/// significant digits, so a value is not always read back as it was.
+/// Numbers: a text that is none, an empty one too, fails and leaves the variable. A null control leaves it without a
+/// failure. Float and double are shown with six significant digits, so a value is not always read back as it was.
 XE_EXPORT void DDX_Text(CDataExchange_X* exchange, QWidget* control, short& value);
 XE_EXPORT void DDX_Text(CDataExchange_X* exchange, QWidget* control, int& value);
 XE_EXPORT void DDX_Text(CDataExchange_X* exchange, QWidget* control, long& value);
 XE_EXPORT void DDX_Text(CDataExchange_X* exchange, QWidget* control, float& value);
 XE_EXPORT void DDX_Text(CDataExchange_X* exchange, QWidget* control, double& value);
 XE_EXPORT void DDX_Text(CDataExchange_X* exchange, QWidget* control, unsigned int& value);
-/// The same with the type as a value. An unknown type loads nothing and fails to save; the variable is left.
+/// The same with the type as a value; nothing for a null `value`. An unknown type loads nothing and fails to save; the
+/// variable is left.
 XE_EXPORT void DDX_TextWithFormat(CDataExchange_X* exchange, QWidget* control, void* value, TextDataType type);
 
-/// 0 or 1; there is no third state.
+/// Whether a button, or a group box that can be checked, is checked: 0 or 1. Loading checks it for any value but 0;
+/// there is no third state.
 XE_EXPORT void DDX_Check(CDataExchange_X* exchange, QAbstractButton* control, int& value);
 XE_EXPORT void DDX_Check(CDataExchange_X* exchange, QGroupBox* control, int& value);
 
-/// The place of the checked button in the run of radio buttons that begins with `first` and follows the *tab order*; it
-/// ends at the first other widget. Without a checked button the variable is left. A null button does nothing.
+/// The place, from 0 on, of the checked button in the run of radio buttons that begins with `first` and follows the
+/// *tab order*; it ends at the first other widget, and at `first` when there is none. Without a checked button the
+/// variable is left. Loading checks the button at the place and no other. A null button does nothing.
 XE_EXPORT void DDX_Radio(CDataExchange_X* exchange, QRadioButton* first, int& value);
 
-/// The current row; loading sends no signals.
+/// The current row, -1 for none; loading sends no signals.
 XE_EXPORT void DDX_CBIndex(CDataExchange_X* exchange, QComboBox* control, int& value);
-/// The current text. Loading sends no signals and selects the row of exactly this text, if there is one, case-sensitive;
-/// unlike the published function it does not look for prefixes.
+/// The current text. Loading sends no signals and selects the row of exactly this text, if there is one,
+/// case-sensitive; unlike the published function it does not look for prefixes.
 XE_EXPORT void DDX_CBString(CDataExchange_X* exchange, QComboBox* control, CString_X& value);
+/// The text of a line edit. Loading sends the signals of a change.
 XE_EXPORT void DDX_CBString(CDataExchange_X* exchange, QLineEdit* control, CString_X& value);
-XE_EXPORT void DDX_CBStringExact(CDataExchange_X* exchange, QComboBox* control, CString_X& value); ///< DDX_CBString()
+/// DDX_CBString().
+XE_EXPORT void DDX_CBStringExact(CDataExchange_X* exchange, QComboBox* control, CString_X& value);
 
+/// The value of a scroll bar or slider; loading cuts it to the range and sends the signals of a change.
 XE_EXPORT void DDX_Scroll(CDataExchange_X* exchange, QScrollBar* control, int& value);
 XE_EXPORT void DDX_Slider(CDataExchange_X* exchange, QSlider* control, int& value);
 
-/// Has `window` wrap the control when the controls are loaded; nothing if it wraps a widget already.
+/// Has `window` wrap the control (CWnd_X::SubclassWindow()) when the controls are loaded; nothing if it wraps a widget
+/// already, and for a null control.
 XE_EXPORT void DDX_Control(CDataExchange_X* exchange, QWidget* control, CWnd_X& window);
 
-// ----------------------------------------------------------------------------------------- exchange by name or by id
+// ------------------------------------------------------------------------------------------- exchange by name or by id
 
 namespace xe::detail {
 
@@ -174,6 +190,8 @@ Widget& CDataExchange_X::RequireControl(Key key)
     }
     return *widget;
 }
+
+// `control` is an object name (UTF-8) or a resource id.
 
 template <class Key, class Value, xe::detail::IfControlKey<Key> = 0>
 void DDX_Text(CDataExchange_X* exchange, Key control, Value& value)
@@ -229,11 +247,11 @@ void DDX_Control(CDataExchange_X* exchange, Key control, CWnd_X& window)
     DDX_Control(exchange, &exchange->RequireControl<QWidget>(control), window);
 }
 
-// ------------------------------------------------------------------------------------------------------- validation
+// ---------------------------------------------------------------------------------------------------------- validation
 // Each is about the control exchanged last. They fail when saving alone.
 
-/// Fails for a text of more than `limit` elements, and limits what can be typed, in both directions. Nothing for a limit
-/// of 0 or less.
+/// Fails for a text of more than `limit` elements; in both directions limits what can be typed into the control.
+/// Nothing for a limit of 0 or less.
 XE_EXPORT void DDV_MaxChars(CDataExchange_X* exchange, const CString_X& value, int limit);
 /// Fail for a value outside [minimum, maximum]; a minimum above the maximum passes everything.
 XE_EXPORT void DDV_MinMaxInt(CDataExchange_X* exchange, int value, int minimum, int maximum);

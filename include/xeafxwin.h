@@ -302,7 +302,7 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     /// exchange was given up. An exception of a host's own that leaves DoDataExchange() gives it up too.
     int UpdateData(BOOL saveAndValidate = TRUE);
 
-    /// MessageBox_X() over this window, or over the host's main window without a widget. Gives the id of the button.
+    /// MessageBox_X() over this window. Gives the id of the button; 0, and no box, without a widget.
     int MessageBox(const wchar_t* text, const wchar_t* caption = nullptr, UINT style = 0);
     /// Starts a timer of the process-wide id, which sends WM_TIMER to this window, or calls `proc`. Gives the id. See
     /// SetTimer_X(), also for an id that is in use.
@@ -545,8 +545,8 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     /// From the host alone: the words of wParam, with a sign, and the bar in lParam. Qt's scroll bars have signals
     /// instead.
     void OnHScroll(UINT code, UINT position, QWidget* bar);
-    /// The widget is to be painted. It does not paint itself: only an entry that ends without this base leaves that to
-    /// an override, and no entry at all to the widget.
+    /// The widget is to be painted. With an entry in the message map the handler does that, and the widget does not;
+    /// without an entry the widget paints itself.
     void OnPaint();
     /// The same as OnChar() for a key press with Alt.
     void OnSysChar(UINT character, UINT repeatCount, UINT modifiers);
