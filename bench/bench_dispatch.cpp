@@ -4,7 +4,9 @@
 
 #include <benchmark/benchmark.h>
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QVariant>
 
@@ -38,14 +40,20 @@ public:
     long long calls = 0;
 };
 
+// The same by hand: the handler gets the buttons and the place.
 class FilteringMouseMoves : public QObject
 {
 public:
     bool eventFilter(QObject*, QEvent* event) override
     {
-        calls += event->type() == QEvent::MouseMove;
-        return event->type() == QEvent::MouseMove;
+        if (event->type() != QEvent::MouseMove)
+            return false;
+        const auto* const mouse = static_cast<QMouseEvent*>(event);
+        mouseMove(mouse->buttons(), mouse->modifiers(), mouse->pos());
+        return true;
     }
+
+    virtual void mouseMove(Qt::MouseButtons, Qt::KeyboardModifiers, QPoint) { ++calls; }
 
     long long calls = 0;
 };
@@ -110,6 +118,24 @@ void sendMouseMoveToFilter(benchmark::State& state)
         state.SkipWithError("the filter was not called");
 }
 
+// A window with children, each wrapped or not, that gets an event.
+template <bool wrapped>
+void sendToParent(benchmark::State& state)
+{
+    constexpr std::size_t count = 100;
+    QWidget window;
+    std::vector<QWidget> children(count);
+    std::vector<CWnd_X> wrappers(wrapped ? count : 0);
+    for (std::size_t i = 0; i < count; ++i) {
+        children[i].setParent(&window);
+        if (wrapped)
+            wrappers[i].SubclassWindow(&children[i]);
+    }
+    QMouseEvent event(QEvent::MouseMove, QPointF(3, 4), QPointF(3, 4), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(QCoreApplication::sendEvent(&window, &event));
+}
+
 void findWrapper(benchmark::State& state)
 {
     WrappedWidget target;
@@ -126,9 +152,26 @@ void readProperty(benchmark::State& state)
         benchmark::DoNotOptimize(target.widget.property("owner"));
 }
 
+// What a window object needs of Qt, at the least: a filter, an address on the widget and the other way round, word of
+// the widget's end and of idle moments, and a menu bar.
+class TiedFilter : public PassingFilter
+{
+public:
+    void tieTo(QWidget& widget)
+    {
+        widget.installEventFilter(this);
+        widget.setProperty("owner", static_cast<qlonglong>(reinterpret_cast<qintptr>(this)));
+        widget.setProperty("parent", static_cast<qlonglong>(0));
+        connect(&widget, &QObject::destroyed, this, [] {});
+        connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this, [] {});
+        auto* const menuBar = new QMenuBar(&widget);
+        menuBar->hide();
+    }
+};
+
 void tie(CWnd_X& window, QWidget& widget) { window.SubclassWindow(&widget); }
 
-void tie(PassingFilter& filter, QWidget& widget) { widget.installEventFilter(&filter); }
+void tie(TiedFilter& filter, QWidget& widget) { filter.tieTo(widget); }
 
 // A whole population at once: attaching one more must not cost more the more there are.
 template <class Watcher>
@@ -153,11 +196,13 @@ BENCHMARK(sendPrivateMessage)->Name("private_message/ours");
 BENCHMARK(sendUntranslated<FilteredWidget>)->Name("private_message/peer:sendEvent to an event filter");
 BENCHMARK(sendMouseMoveToWindow)->Name("mouse_move/ours");
 BENCHMARK(sendMouseMoveToFilter)->Name("mouse_move/peer:event filter");
+BENCHMARK(sendToParent<true>)->Name("wrapped_children/ours");
+BENCHMARK(sendToParent<false>)->Name("wrapped_children/peer:plain children");
 BENCHMARK(findWrapper)->Name("from_handle_permanent/ours");
 BENCHMARK(readProperty)->Name("from_handle_permanent/peer:property");
 BENCHMARK(attachPopulation<CWnd_X>)->Name("attach/ours")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
-BENCHMARK(attachPopulation<PassingFilter>)
-    ->Name("attach/peer:event filter")
+BENCHMARK(attachPopulation<TiedFilter>)
+    ->Name("attach/peer:filter, properties, connections, menu bar")
     ->Arg(1000)
     ->Arg(10000)
     ->Unit(benchmark::kMillisecond);

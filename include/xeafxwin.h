@@ -616,11 +616,13 @@ private:
 
     bool filterMessage(const xe::EventRow& row, QObject* target, QEvent* event);
     bool filterWithoutMessage(QObject* target, QEvent* event);
+    bool handleMessage(const xe::DispatchFrame& frame, UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
     bool callEntry(const xe::DispatchFrame& frame, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     bool offerCursorToAncestors(const xe::DispatchFrame& frame, WPARAM wParam, LPARAM lParam, LRESULT& result);
     void forgetPending(QEvent* event);
 
     xe::DispatchFrame* m_dispatch = nullptr; // the innermost event or message in progress
+    QPointer<QObject> m_attached;            // the widget of the last attachment
     QVector<PendingEvent> m_pendingEvents;   // posted as unique and not yet delivered
     std::map<UINT, AFX_MSGMAP_ENTRY_X> m_messageMap;
     QPointer<QScrollBar> m_horizontalBar; // children of the widget

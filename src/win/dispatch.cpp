@@ -10,7 +10,7 @@
 
 namespace {
 
-// Only an override of PreTranslateMessage() sees the whole record of a message.
+// Whether PreTranslateMessage() is overridden: only then does anybody see the whole record of a message.
 bool looksAtMessages(const CWnd_X& window)
 {
     static const void* const base = [] {
@@ -56,7 +56,7 @@ bool CWnd_X::eventFilter(QObject* target, QEvent* event)
 bool CWnd_X::filterWithoutMessage(QObject* target, QEvent* event)
 {
     if (event->type() == XeMsgBoxEvent::EventType) {
-        const xe::DispatchFrame frame(*this, event);
+        const xe::DispatchFrame frame(*this, target, event);
         const auto* box = static_cast<const XeMsgBoxEvent*>(event);
         MessageBox(box->text, box->caption, 0);
         event->setAccepted(true);
@@ -69,25 +69,24 @@ bool CWnd_X::filterWithoutMessage(QObject* target, QEvent* event)
 
 bool CWnd_X::filterMessage(const xe::EventRow& row, QObject* target, QEvent* event)
 {
-    const xe::DispatchFrame frame(*this, event);
-    const QPointer<QObject> living(target);
-
+    const xe::DispatchFrame frame(*this, target, event);
     xe::PointerPosition pointer;
     tagMSG message = xe::translateEvent(row, *target, *event, pointer);
-    if (looksAtMessages(*this))
-        xe::stampMessage(message, pointer);
-
     const bool acceptedBefore = event->isAccepted();
     event->setAccepted(true);
     LRESULT result = 0;
-    const bool screened = PreTranslateMessage(&message);
+    bool screened = false;
+    if (looksAtMessages(*this)) {
+        xe::stampMessage(message, pointer);
+        screened = PreTranslateMessage(&message);
+    }
     bool handled = screened;
-    if (!screened && frame.isAlive() && living) {
+    if (!screened && frame.isAlive() && frame.hasTarget()) {
         TranslateMessage(target, event, &message);
         handled = OnWndMsg(message.message, message.wParam, message.lParam, &result);
     }
 
-    if (!living) {
+    if (!frame.hasTarget()) {
         event->setAccepted(true); // Qt must go on neither with a widget that is gone nor from it to its parents
     } else if (!handled) {
         event->setAccepted(acceptedBefore);
@@ -102,7 +101,14 @@ bool CWnd_X::filterMessage(const xe::EventRow& row, QObject* target, QEvent* eve
 
 int CWnd_X::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
 {
+    if (m_dispatch)
+        return handleMessage(*m_dispatch, message, wParam, lParam, result);
     const xe::DispatchFrame frame(*this);
+    return handleMessage(frame, message, wParam, lParam, result);
+}
+
+bool CWnd_X::handleMessage(const xe::DispatchFrame& frame, UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
+{
     LRESULT value = 0;
     const bool claimed = (message == WM_SETCURSOR && offerCursorToAncestors(frame, wParam, lParam, value))
                          || (frame.isAlive() && callEntry(frame, message, wParam, lParam, value));

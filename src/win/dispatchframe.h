@@ -2,34 +2,32 @@
 
 #include "xeafxwin.h"
 
+#include <QPointer>
+
 namespace xe {
 
 /// An event or message in progress on a wrapper. It lives on the stack; frames of one wrapper nest.
 ///
-/// A handler may delete its wrapper. The wrapper's destructor then tells every frame, so whoever dispatched can ask
-/// isAlive() before touching the wrapper again.
+/// A handler may delete its wrapper, the widget or both. The wrapper's destructor tells every frame, so whoever
+/// dispatched can ask isAlive() before touching the wrapper again, and hasTarget() before touching the widget.
 class DispatchFrame
 {
 public:
     /// An event from Qt, which the end of the frame takes off the wrapper's list of pending events.
-    DispatchFrame(CWnd_X& window, QEvent* event)
+    DispatchFrame(CWnd_X& window, QObject* target, QEvent* event)
         : m_window(&window),
           m_event(event),
           m_outer(window.m_dispatch),
+          m_target(target),
           m_ownsEvent(true)
     {
+        if (window.m_attached != target)
+            guard(target);
         window.m_dispatch = this;
     }
 
-    /// A message within whatever event is in progress.
-    explicit DispatchFrame(CWnd_X& window)
-        : m_window(&window),
-          m_event(window.m_dispatch ? window.m_dispatch->m_event : nullptr),
-          m_outer(window.m_dispatch),
-          m_ownsEvent(false)
-    {
-        window.m_dispatch = this;
-    }
+    /// A message without an event of its own.
+    explicit DispatchFrame(CWnd_X& window) : m_window(&window) { window.m_dispatch = this; }
 
     ~DispatchFrame()
     {
@@ -45,18 +43,41 @@ public:
     bool isAlive() const { return m_window; }
     QEvent* event() const { return m_event; }
 
+    /// Whether the object that the event came to is still there, the wrapper's or not.
+    bool hasTarget() const { return m_isGuarded ? m_guard : m_window->m_attached == m_target; }
+
     /// The wrapper is going: no frame from `innermost` outward may touch it any more.
     static void abandon(DispatchFrame* innermost)
     {
+        keepTargets(innermost);
         for (DispatchFrame* frame = innermost; frame; frame = frame->m_outer)
             frame->m_window = nullptr;
     }
 
+    /// The wrapper is about to forget the widget that it was attached to. A frame looks after its target by a pointer of
+    /// its own from then on; before, the wrapper's serves all, since making one for each event takes longer than the rest.
+    static void keepTargets(DispatchFrame* innermost)
+    {
+        for (DispatchFrame* frame = innermost; frame; frame = frame->m_outer) {
+            if (!frame->m_isGuarded)
+                frame->guard(frame->m_window->m_attached);
+        }
+    }
+
 private:
+    void guard(QObject* target)
+    {
+        m_guard = target;
+        m_isGuarded = true;
+    }
+
     CWnd_X* m_window;
-    QEvent* m_event;
-    DispatchFrame* m_outer;
-    bool m_ownsEvent;
+    QEvent* m_event = nullptr;
+    DispatchFrame* m_outer = nullptr;
+    QObject* m_target = nullptr;
+    QPointer<QObject> m_guard; // the target, once the wrapper's own pointer is not to be relied on
+    bool m_isGuarded = false;
+    bool m_ownsEvent = false;
 };
 
 } // namespace xe

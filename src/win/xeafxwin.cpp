@@ -64,6 +64,8 @@ bool CWnd_X::OnAttach() { return CreateContents() && ConnectContents(); }
 bool CWnd_X::CreateContents()
 {
     m_pendingEvents.clear(); // whatever was queued was for another widget
+    xe::DispatchFrame::keepTargets(m_dispatch);
+    m_attached = GetImpQObject();
     tagCREATESTRUCTW createStruct{};
     createStruct.style = static_cast<LONG>(m_dwStyle);
     return !OnCreate(&createStruct);
