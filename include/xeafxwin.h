@@ -372,7 +372,8 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     /// left alone.
     ///
     /// A handler that deletes the wrapper has its result counted as if the wrapper lived; when PreTranslateMessage()
-    /// did it with the result 0, Qt gets the event. A handler that deletes the widget stops the event.
+    /// did it with the result 0, Qt gets the event. A handler that deletes the widget stops the event, which
+    /// stays accepted, and its result counts: Qt must go on neither with the widget nor from it to its parents.
     bool eventFilter(QObject* target, QEvent* event) override;
     /// Brings the window to life: OnCreate(), then the slots of the wrapper take over connections of the widget's slots
     /// of the same names (ConnectSlotsFrom()), then OnMessageMap(). In all combo boxes below, the lists show their
