@@ -6,11 +6,12 @@
 
 #include "xeafx.h"
 
+/// What an extension module keeps of itself: a static record, zero until the first AfxInitExtensionModule_X().
 struct AFX_EXTENSION_MODULE_X
 {
     BOOL bInitialized;
     HINSTANCE hModule;
-    HINSTANCE hResource;
+    HINSTANCE hResource;  ///< the module's own handle
     HINSTANCE hClassList; ///< what the module state's current resource handle was
 };
 
@@ -27,7 +28,9 @@ class XE_EXPORT CDynLinkLibrary_X : public CCmdTarget_X
     Q_OBJECT
     DECLARE_DYNAMIC_X(CDynLinkLibrary_X)
 
+    /// Takes the module's handle from the record.
     explicit CDynLinkLibrary_X(AFX_EXTENSION_MODULE_X& state, BOOL system = FALSE);
+    /// `resources` is ignored.
     CDynLinkLibrary_X(HINSTANCE module, HINSTANCE resources);
 
     HINSTANCE m_hModule;

@@ -22,8 +22,7 @@ public:
     /// Writes the elements of the text as they are. Throws the CUserException_X for null, unless there is no file.
     void OutputString(const wchar_t* text);
 
-    // Numbers are decimal, floating numbers have 6 (float) or 15 (double) digits behind the point.
-
+    /// A number in decimal. A floating one has 6 (float) or 15 (double) digits behind the point.
     CDumpContext_X& operator<<(unsigned char number);
     CDumpContext_X& operator<<(unsigned short number);
     CDumpContext_X& operator<<(int number);
@@ -44,12 +43,11 @@ public:
     /// Converts by the C locale and writes at most 512 elements, up to what is no text there. "(NULL)" for null.
     CDumpContext_X& operator<<(const char* text);
 
-    /// A fixed text, whatever the object: its Dump() is not called. "NULL" for null.
+    /// A fixed text, whatever the object: unlike in the published class its Dump() is not called. "NULL" for null.
     CDumpContext_X& operator<<(const CObject_X* object);
     CDumpContext_X& operator<<(const CObject_X& object) { return *this << &object; }
 
-    // "0x" and two digits for a byte, four for a word, eight for an int, sixteen for 64 bits.
-
+    /// A number as "0x" and two digits for a byte, four for a word, eight for an int, sixteen for 64 bits.
     CDumpContext_X& DumpAsHex(unsigned char number);
     CDumpContext_X& DumpAsHex(unsigned short number);
     CDumpContext_X& DumpAsHex(int number);
@@ -63,7 +61,7 @@ public:
     void HexDump(const wchar_t* prefix, unsigned char* bytes, int count, int width);
 
     int depth = 0; ///< not read
-    CFile_X* file;
+    CFile_X* file; ///< not owned; null drops what is written
 };
 
 /// How much memory the process has, in kB as the system counts it; no single allocations. The difference of two states

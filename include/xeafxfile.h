@@ -64,9 +64,11 @@ class XE_EXPORT CFile_X : public CObject_X
     enum BufferCommand : unsigned int { bufferRead = 0, bufferWrite = 1, bufferCommit = 2, bufferCheck = 3 };
     enum BufferFlags : unsigned int { bufferDirect = 1, bufferBlocking = 2 }; ///< the answer to bufferCheck
 
+    /// With a QFile of its own that has no name.
     CFile_X();
-    /// Opens the file by CommonInit(): whether that worked is not reported.
+    /// Opens the file by CommonInit(): whether that worked is not reported. `Imp<QFile>()->isOpen()` tells.
     CFile_X(const wchar_t* name, unsigned int flags);
+    /// Closes a QFile that it owns.
     ~CFile_X() override;
 
     /// Calls the virtual Open() and drops the result. Nothing happens for a null name.
@@ -108,8 +110,10 @@ class XE_EXPORT CFile_X : public CObject_X
 
     // -------------------------------------------------------------------------------------------------------- commands
 
+    /// Seek() to the start.
     void SeekToBegin() { Seek(0, begin); }
-    unsigned long long SeekToEnd(); ///< 1 if the QFile could be moved to its end, else 0: not the position
+    /// 1 if the QFile could be moved to its end, else 0: not the position.
+    unsigned long long SeekToEnd();
 
     /// Fills the record and returns 1, also for a file that does not exist: size 0 and invalid dates then.
     int GetStatus(CFileStatus_X& status) const;
@@ -127,6 +131,7 @@ class XE_EXPORT CStdioFile_X : public CFile_X
     DECLARE_DYNAMIC_X(CStdioFile_X)
 
     CStdioFile_X() = default;
+    /// Opens the file as CFile_X does; without `typeText` line ends are read as they are.
     CStdioFile_X(const wchar_t* name, unsigned int flags);
     ~CStdioFile_X() override;
 
@@ -157,8 +162,11 @@ class XE_EXPORT CMemFile_X : public CFile_X
     Q_OBJECT
     DECLARE_DYNAMIC_X(CMemFile_X)
 
+    /// An empty file with a block of its own, which is made by the first write.
     explicit CMemFile_X(unsigned int growBytes = 1024);
+    /// Attach() to a block of the caller's.
     CMemFile_X(unsigned char* block, unsigned int size, unsigned int growBytes = 0);
+    /// Frees the block if the file owns it.
     ~CMemFile_X() override;
 
     /// Takes a block of the caller's in place of the present one, which is freed if the file owns it. The caller goes
@@ -170,8 +178,8 @@ class XE_EXPORT CMemFile_X : public CFile_X
     /// again.
     unsigned char* Detach();
 
-    unsigned long long GetPosition() const override { return position; }
-    unsigned long long GetLength() const override { return fileSize; }
+    unsigned long long GetPosition() const override { return position; } ///< in bytes, also beyond the end
+    unsigned long long GetLength() const override { return fileSize; }   ///< in bytes
     int GetStatus(CFileStatus_X& status) const; ///< size, attribute 0 and an empty name; the dates stay. 1
     using CFile_X::GetStatus;
 
@@ -255,8 +263,8 @@ public:
 
     virtual ~CFileFind_X() = default; // behind the overridables, whose order is part of the interface
 
-    int IsDirectory() const;
-    void Close(); ///< forgets the entries
+    int IsDirectory() const; ///< 1 if the current directory has a directory of the entry's name
+    void Close();            ///< forgets the entries
 
 protected:
     QStringList files;

@@ -14,7 +14,9 @@ class CRuntimeClass_X;
 template <class Type>
 struct ConstructDestruct_X
 {
+    /// Makes a wrapper in the memory at `place`, which has room and alignment for one.
     static void Construct(CObject_X* place) { new (place) Type; }
+    /// Ends a wrapper made by Construct(); the memory stays.
     static void Destruct(CObject_X* object) { static_cast<Type*>(object)->~Type(); }
 };
 
@@ -29,20 +31,26 @@ public:
     /// without class or functions makes no temporary wrappers.
     CHandleMap_X(CRuntimeClass_X* runtimeClass, void (*construct)(CObject_X*), void (*destruct)(CObject_X*),
                  std::size_t offset, int handles = 1);
+    /// DeleteTemp(). Permanent wrappers stay as they are.
     virtual ~CHandleMap_X();
     CHandleMap_X(const CHandleMap_X&) = delete;
     CHandleMap_X& operator=(const CHandleMap_X&) = delete;
 
-    /// The permanent wrapper, or the temporary one, which is made if need be and gets the handle written into it. Null for
-    /// a null handle. AfxThrowMemoryException_X() without memory.
+    /// The permanent wrapper, or the temporary one, which is made if need be and gets the handle written into it. Null
+    /// for a null handle. Raises a CMemoryException_X* without memory.
     CObject_X* FromHandle(void* handle);
     /// Destroys all temporary wrappers, their handles being null by then.
     void DeleteTemp();
 
-    CObject_X* LookupPermanent(void* handle) const; ///< or null
-    CObject_X* LookupTemporary(void* handle) const; ///< or null
+    /// The permanent wrapper; null if there is none.
+    CObject_X* LookupPermanent(void* handle) const;
+    /// The temporary wrapper; null if there is none.
+    CObject_X* LookupTemporary(void* handle) const;
+    /// Enters a permanent wrapper, which is not owned, in place of the one that the handle may have. A temporary one is
+    /// not found any more, and is destroyed by DeleteTemp() all the same.
     void SetPermanent(void* handle, CObject_X* wrapper);
-    void RemoveHandle(void* handle); ///< from the permanent half
+    /// Takes a handle out of the permanent half; nothing for one that is not there.
+    void RemoveHandle(void* handle);
 
 private:
     CObject_X* makeTemporary(void* handle);
@@ -58,10 +66,10 @@ private:
     int m_handles;
 };
 
-// The process's maps, one for a kind of handle. They are made at the first call with a non-zero argument; before that the
-// result is null.
-XE_EXPORT CHandleMap_X* afxMapHWND_X(int create = 0); ///< stays empty
-XE_EXPORT CHandleMap_X* afxMapHMENU_X(int create = 0);
-XE_EXPORT CHandleMap_X* afxMapHDC_X(int create = 0);        ///< two handles; holds permanent wrappers only
-XE_EXPORT CHandleMap_X* afxMapHGDIOBJ_X(int create = 0);    ///< holds permanent wrappers only
-XE_EXPORT CHandleMap_X* afxMapHIMAGELIST_X(int create = 0); ///< holds permanent wrappers only
+// The process's maps, one for a kind of handle. They are made at the first call with a non-zero argument; before that
+// the result is null. That of device contexts writes two handles into a wrapper.
+XE_EXPORT CHandleMap_X* afxMapHWND_X(int create = 0);       ///< of windows; the library leaves it empty
+XE_EXPORT CHandleMap_X* afxMapHMENU_X(int create = 0);      ///< of menus
+XE_EXPORT CHandleMap_X* afxMapHDC_X(int create = 0);        ///< of device contexts; permanent wrappers only
+XE_EXPORT CHandleMap_X* afxMapHGDIOBJ_X(int create = 0);    ///< of pens and their like; permanent wrappers only
+XE_EXPORT CHandleMap_X* afxMapHIMAGELIST_X(int create = 0); ///< of image lists; permanent wrappers only

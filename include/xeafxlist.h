@@ -84,9 +84,10 @@ public:
     POSITION FindIndex(long long index) const;
 
     // ------------------------------------------------------------------------------------------------------- insertion
-    // The value may be one of the list's own elements. A null position means the head for InsertBefore, the tail for
-    // InsertAfter. The result is the new element's position.
+    // The value may be one of the list's own elements. The result is the new element's position.
 
+    /// Adds an element in front or at the end, before or behind the one at a position. A null position means the head
+    /// for InsertBefore, the tail for InsertAfter.
     POSITION AddHead(const Value& value) { return insert(head, value); }
     POSITION AddTail(const Value& value) { return insert(nullptr, value); }
     POSITION InsertBefore(POSITION position, const Value& value) { return insert(nodeOrHead(position), value); }

@@ -37,13 +37,15 @@ public:
     COleDateTime_X(int year, int month, int day, int hour, int minute, int second);
     COleDateTime_X& operator=(double seconds);
 
+    /// The local time of now.
     static COleDateTime_X GetCurrentTime();
 
+    /// Stores a status and changes nothing else.
     void SetStatus(DateTimeStatus newStatus) { status = newStatus; }
     /// `invalid` and `null` only after SetStatus(): nothing else sets them.
     DateTimeStatus GetStatus() const { return status; }
 
-    // Fields in local time. A null QDateTime has the date fields 0 and the time fields -1.
+    /// A field in local time. A null QDateTime has the date fields 0 and the time fields -1.
     int GetYear() const { return date().year(); }
     int GetMonth() const { return date().month(); }
     int GetDay() const { return date().day(); }
@@ -71,8 +73,8 @@ public:
     /// %m month, %d day, %H hour, %M minute, %S second. All else stays, `%A` and `%%` too.
     CString_X Format(const wchar_t* format) const;
 
-    // Valid values compare by their seconds. A value that is not valid is equal to nothing but, if both are null,
-    // another one; it is neither less nor greater than any.
+    /// Valid values compare by their seconds. A value that is not valid is equal to nothing but, if both are null,
+    /// another one; it is neither less nor greater than any.
     bool operator==(const COleDateTime_X& other) const;
     bool operator!=(const COleDateTime_X& other) const { return !(*this == other); }
     bool operator<(const COleDateTime_X& other) const;
