@@ -9,11 +9,11 @@
 #include <algorithm>
 #include <iterator>
 
+using xe::atKey;
 using xe::deliver;
 using xe::g_appRegistry;
 using xe::multibyte;
 using xe::pathBelow;
-using xe::pathOf;
 
 namespace {
 
@@ -50,11 +50,10 @@ LSTATUS openKey(HKEY parent, const char* subKey, PHKEY out, LSTATUS failure)
 
 LSTATUS removeTree(HKEY key, const wchar_t* subKey)
 {
-    const QString* const path = pathOf(key);
-    if (!path)
-        return ERROR_INVALID_HANDLE;
-    g_appRegistry.remove(pathBelow(*path, subKey));
-    return ERROR_SUCCESS;
+    return atKey(key, [=](const QString& path) {
+        g_appRegistry.remove(pathBelow(path, subKey));
+        return ERROR_SUCCESS;
+    });
 }
 
 void copyEntry(const QString& source, const QString& destination)
@@ -74,6 +73,19 @@ void copyEntries(const QString& source, const QString& destination)
         values.insert(name, g_appRegistry.entry(source, name));
     for (auto value = values.cbegin(); value != values.cend(); ++value)
         g_appRegistry.setValue(destination + QLatin1Char('/') + value.key(), value.value());
+}
+
+// Delivers the text that `textOf` has for the entry at an index, given the key's path and the entry's name.
+template <class TextOf>
+LSTATUS enumerate(HKEY key, DWORD index, wchar_t* buffer, DWORD* length, TextOf textOf)
+{
+    return atKey(key, [=](const QString& path) {
+        const QStringList& entries = g_appRegistry.entriesBelow(path, index);
+        if (index >= static_cast<DWORD>(entries.size()))
+            return ERROR_PATH_NOT_FOUND;
+        deliver(textOf(path, entries[static_cast<int>(index)]), buffer, length);
+        return ERROR_SUCCESS;
+    });
 }
 
 DWORD wideLength(const QString& text) { return static_cast<DWORD>(xe::toWide(text).size()); }
@@ -134,11 +146,10 @@ LSTATUS RegOpenUserClassesRoot_X(HANDLE, DWORD options, REGSAM access, PHKEY out
 
 LSTATUS RegCloseKey_X(HKEY key)
 {
-    const QString* const path = pathOf(key);
-    if (!path)
-        return ERROR_INVALID_HANDLE;
-    delete path;
-    return ERROR_SUCCESS;
+    return atKey(key, [](const QString& path) {
+        delete &path;
+        return ERROR_SUCCESS;
+    });
 }
 
 LSTATUS RegFlushKey_X(HKEY)
@@ -162,41 +173,34 @@ LSTATUS RegDeleteKeyValue_X(HKEY key, const wchar_t* subKey, const wchar_t*) { r
 
 LSTATUS RegRenameKey_X(HKEY key, const wchar_t* oldName, const wchar_t* newName)
 {
-    const QString* const path = pathOf(key);
-    if (!path)
-        return ERROR_INVALID_HANDLE;
-    const QString oldPath = pathBelow(*path, oldName);
-    const QString text = g_appRegistry.value(oldPath).toString();
-    g_appRegistry.remove(oldPath);
-    g_appRegistry.setValue(pathBelow(*path, newName), text);
-    return ERROR_SUCCESS;
+    return atKey(key, [=](const QString& path) {
+        const QString oldPath = pathBelow(path, oldName);
+        const QString text = g_appRegistry.value(oldPath).toString();
+        g_appRegistry.remove(oldPath);
+        g_appRegistry.setValue(pathBelow(path, newName), text);
+        return ERROR_SUCCESS;
+    });
 }
 
 LSTATUS RegCopyTree_X(HKEY source, const wchar_t* subKey, HKEY destination)
 {
-    const QString* const from = pathOf(source);
-    const QString* const to = pathOf(destination);
-    if (!from || !to)
-        return ERROR_INVALID_HANDLE;
-    if (subKey)
-        copyEntry(pathBelow(*from, subKey), pathBelow(*to, subKey));
-    else
-        copyEntries(*from, *to);
-    return ERROR_SUCCESS;
+    const auto copy = [=](const QString& from, const QString& to) {
+        if (subKey)
+            copyEntry(pathBelow(from, subKey), pathBelow(to, subKey));
+        else
+            copyEntries(from, to);
+        return ERROR_SUCCESS;
+    };
+    return atKey(source, [&](const QString& from) {
+        return atKey(destination, [&](const QString& to) { return copy(from, to); });
+    });
 }
 
 // ---------------------------------------------------------------------------------------------------- enumeration
 
 LSTATUS RegEnumKeyEx_X(HKEY key, DWORD index, wchar_t* name, DWORD* length, DWORD*, wchar_t*, DWORD*, FILETIME*)
 {
-    const QString* const path = pathOf(key);
-    if (!path)
-        return ERROR_INVALID_HANDLE;
-    const QStringList& entries = g_appRegistry.entriesBelow(*path, index);
-    if (index >= static_cast<DWORD>(entries.size()))
-        return ERROR_PATH_NOT_FOUND;
-    deliver(entries[static_cast<int>(index)], name, length);
-    return ERROR_SUCCESS;
+    return enumerate(key, index, name, length, [](const QString&, const QString& entry) { return entry; });
 }
 
 LSTATUS RegEnumKey_X(HKEY key, DWORD index, wchar_t* name, DWORD* length)
@@ -206,31 +210,25 @@ LSTATUS RegEnumKey_X(HKEY key, DWORD index, wchar_t* name, DWORD* length)
 
 LSTATUS RegEnumValue_X(HKEY key, DWORD index, wchar_t* text, DWORD* length, DWORD*, DWORD*, void*, DWORD*)
 {
-    const QString* const path = pathOf(key);
-    if (!path)
-        return ERROR_INVALID_HANDLE;
-    const QStringList& entries = g_appRegistry.entriesBelow(*path, index);
-    if (index >= static_cast<DWORD>(entries.size()))
-        return ERROR_PATH_NOT_FOUND;
-    deliver(g_appRegistry.entry(*path, entries[static_cast<int>(index)]).toString(), text, length);
-    return ERROR_SUCCESS;
+    return enumerate(key, index, text, length, [](const QString& path, const QString& entry) {
+        return g_appRegistry.entry(path, entry).toString();
+    });
 }
 
 LSTATUS RegQueryInfoKey_X(HKEY key, wchar_t*, DWORD*, DWORD*, DWORD*, DWORD*, DWORD*, DWORD* values,
                           DWORD* maxValueNameLength, DWORD* maxValueLength, DWORD*, FILETIME*)
 {
-    const QString* const path = pathOf(key);
-    if (!path)
-        return ERROR_INVALID_HANDLE;
-    const QStringList& entries = g_appRegistry.entriesBelow(*path);
-    DWORD longestName = 0;
-    DWORD longestText = 0;
-    for (const QString& name : entries) {
-        longestName = std::max(longestName, wideLength(name));
-        longestText = std::max(longestText, wideLength(g_appRegistry.entry(*path, name).toString()));
-    }
-    store(values, static_cast<DWORD>(entries.size()));
-    store(maxValueNameLength, longestName);
-    store(maxValueLength, longestText);
-    return ERROR_SUCCESS;
+    return atKey(key, [=](const QString& path) {
+        const QStringList& entries = g_appRegistry.entriesBelow(path);
+        DWORD longestName = 0;
+        DWORD longestText = 0;
+        for (const QString& name : entries) {
+            longestName = std::max(longestName, wideLength(name));
+            longestText = std::max(longestText, wideLength(g_appRegistry.entry(path, name).toString()));
+        }
+        store(values, static_cast<DWORD>(entries.size()));
+        store(maxValueNameLength, longestName);
+        store(maxValueLength, longestText);
+        return ERROR_SUCCESS;
+    });
 }

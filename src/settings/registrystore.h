@@ -48,11 +48,13 @@ private:
 
 extern RegistryStore g_appRegistry;
 
-// The path of an opened key. Null for null and for the predefined keys, which are numbers where no address can be.
-inline const QString* pathOf(HKEY key)
+// What the action makes of an opened key's path; ERROR_INVALID_HANDLE for null and for the predefined keys, which are
+// numbers where no address can be.
+template <class Action>
+LSTATUS atKey(HKEY key, Action action)
 {
     constexpr std::uintptr_t firstPredefined = 0xFFFFFFFF80000000;
-    return reinterpret_cast<std::uintptr_t>(key) < firstPredefined ? key : nullptr;
+    return key && reinterpret_cast<std::uintptr_t>(key) < firstPredefined ? action(*key) : ERROR_INVALID_HANDLE;
 }
 
 // The path of a name below another path, "\" in the name counting as "/". 8-bit names are Latin-1.

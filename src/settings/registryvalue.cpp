@@ -9,11 +9,11 @@
 
 #include <cstring>
 
+using xe::atKey;
 using xe::deliver;
 using xe::g_appRegistry;
 using xe::multibyte;
 using xe::pathBelow;
-using xe::pathOf;
 
 namespace {
 
@@ -52,13 +52,12 @@ QVariant keptValue(DWORD type, const void* data)
 template <class Char>
 LSTATUS setValue(HKEY key, const Char* name, DWORD type, const void* data)
 {
-    const QString* const path = pathOf(key);
-    if (!path)
-        return ERROR_INVALID_HANDLE;
-    const QVariant value = keptValue<Char>(type, data);
-    if (value.isValid())
-        g_appRegistry.setValue(pathBelow(*path, name), value);
-    return ERROR_SUCCESS;
+    return atKey(key, [=](const QString& path) {
+        const QVariant value = keptValue<Char>(type, data);
+        if (value.isValid())
+            g_appRegistry.setValue(pathBelow(path, name), value);
+        return ERROR_SUCCESS;
+    });
 }
 
 // Where a query's answer goes; each may be null.
@@ -86,6 +85,34 @@ struct Answer
 
     void giveText(const std::string& text) const { give(REG_SZ, text.c_str(), text.size() + 1); }
 };
+
+// Gives nothing for a name without a value.
+void query(const QString& path, const char* name, const Answer& answer)
+{
+    const QVariant value = g_appRegistry.valueBelow(path, QLatin1String(name && *name ? name : "Default"));
+    switch (value.userType()) {
+    case QMetaType::UInt:
+        answer.giveNumber(REG_DWORD, value.value<unsigned int>());
+        break;
+    case QMetaType::ULongLong:
+        answer.giveNumber(REG_QWORD, value.value<unsigned long long>());
+        break;
+    case QMetaType::QString:
+        answer.giveText(multibyte(*static_cast<const QString*>(value.constData())));
+        break;
+    }
+}
+
+// Gives the total length of the entries' texts, terminators included.
+DWORD collectTexts(const QString& path, const value_entW* first, const value_entW* end, QStringList& texts)
+{
+    DWORD length = 0;
+    for (const value_entW* entry = first; entry != end; ++entry) {
+        texts += g_appRegistry.value(pathBelow(path, entry->ve_valuename)).toString();
+        length += static_cast<DWORD>(xe::toWide(texts.last()).size()) + 1;
+    }
+    return length;
+}
 
 } // namespace
 
@@ -119,23 +146,10 @@ LSTATUS RegDeleteValue_X(HKEY key, const wchar_t* name) { return setValue(key, n
 
 LSTATUS RegQueryValueExA_X(HKEY key, const char* name, DWORD*, DWORD* type, void* data, DWORD* size)
 {
-    const QString* const path = pathOf(key);
-    if (!path)
-        return ERROR_INVALID_HANDLE;
-    const QVariant value = g_appRegistry.valueBelow(*path, QLatin1String(name && *name ? name : "Default"));
-    const Answer answer = {type, data, size};
-    switch (value.userType()) {
-    case QMetaType::UInt:
-        answer.giveNumber(REG_DWORD, value.value<unsigned int>());
-        break;
-    case QMetaType::ULongLong:
-        answer.giveNumber(REG_QWORD, value.value<unsigned long long>());
-        break;
-    case QMetaType::QString:
-        answer.giveText(multibyte(*static_cast<const QString*>(value.constData())));
-        break;
-    }
-    return ERROR_SUCCESS;
+    return atKey(key, [=](const QString& path) {
+        query(path, name, {type, data, size});
+        return ERROR_SUCCESS;
+    });
 }
 
 LSTATUS RegQueryValueExW_X(HKEY key, const wchar_t* name, DWORD* reserved, DWORD* type, void* data, DWORD* size)
@@ -179,26 +193,22 @@ LSTATUS RegGetValue_X(HKEY key, const wchar_t* subKey, const wchar_t*, DWORD, DW
 
 LSTATUS RegQueryMultipleValues_X(HKEY key, value_entW* list, DWORD count, wchar_t* buffer, DWORD* total)
 {
-    const QString* const path = pathOf(key);
-    if (!path)
-        return ERROR_INVALID_HANDLE;
-    value_entW* const end = list ? list + count : list;
-    QStringList texts;
-    DWORD length = 0;
-    for (const value_entW* entry = list; entry != end; ++entry) {
-        texts += g_appRegistry.value(pathBelow(*path, entry->ve_valuename)).toString();
-        length += static_cast<DWORD>(xe::toWide(texts.last()).size()) + 1;
-    }
-    if (total)
-        *total = length;
-    if (!buffer)
-        return ERROR_MORE_DATA;
-    for (value_entW* entry = list; entry != end; ++entry) {
-        QString& text = texts[static_cast<int>(entry - list)];
-        deliver(text, buffer, &entry->ve_valuelen);
-        entry->ve_type = REG_SZ;
-        entry->ve_valueptr = text.data();
-        buffer += entry->ve_valuelen + 1;
-    }
-    return ERROR_SUCCESS;
+    return atKey(key, [=](const QString& path) {
+        value_entW* const end = list ? list + count : list;
+        QStringList texts;
+        const DWORD length = collectTexts(path, list, end, texts);
+        if (total)
+            *total = length;
+        if (!buffer)
+            return ERROR_MORE_DATA;
+        wchar_t* next = buffer;
+        for (value_entW* entry = list; entry != end; ++entry) {
+            QString& text = texts[static_cast<int>(entry - list)];
+            deliver(text, next, &entry->ve_valuelen);
+            entry->ve_type = REG_SZ;
+            entry->ve_valueptr = text.data();
+            next += entry->ve_valuelen + 1;
+        }
+        return ERROR_SUCCESS;
+    });
 }
