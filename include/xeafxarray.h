@@ -43,12 +43,14 @@ public:
     XeArray(const XeArray&) = delete;
     XeArray& operator=(const XeArray&) = delete;
 
+    /// The number of elements.
     long long GetSize() const { return size; }
     long long GetCount() const { return size; }
     bool IsEmpty() const { return size == 0; }
-    long long GetUpperBound() const { return size - 1; } ///< -1 when empty
+    /// The highest index; -1 for an empty array.
+    long long GetUpperBound() const { return size - 1; }
 
-    // ------------------------------------------------------------------------------------------------------ room
+    // ------------------------------------------------------------------------------------------------------------ room
 
     /// Sets the number of elements. A negative size raises; 0 frees the block.
     ///
@@ -56,14 +58,20 @@ public:
     /// and never shrink here. `growBy` from 0 upward becomes the step, a negative one leaves it alone. Step 0 means an
     /// eighth of the size, at least 4 and at most 1024. A step that leads beyond the largest number raises.
     void SetSize(long long newSize, long long growBy = -1);
-    void FreeExtra();                    ///< gives back the room behind the elements
-    void RemoveAll() { SetSize(0, -1); } ///< frees the block; the step stays
+    /// Gives back the room behind the elements.
+    void FreeExtra();
+    /// Empties the array and frees the block; the step stays.
+    void RemoveAll() { SetSize(0, -1); }
 
-    // -------------------------------------------------------------------------------------------------- elements
+    // -------------------------------------------------------------------------------------------------------- elements
 
+    /// A copy of an element. Raises for an index outside the array, as the three below do.
     Element GetAt(long long index) const { return data[checked(index)]; }
+    /// Replaces an element.
     void SetAt(long long index, Argument value) { data[checked(index)] = value; }
+    /// The element itself, to be changed in place.
     Element& ElementAt(long long index) { return data[checked(index)]; }
+    /// GetAt(), or ElementAt() of an array that may be changed.
     Element operator[](long long index) const { return GetAt(index); }
     Element& operator[](long long index) { return ElementAt(index); }
 
@@ -71,13 +79,13 @@ public:
     const Element* GetData() const { return data; }
     Element* GetData() { return data; }
 
-    // ------------------------------------------------------------------------------------------------- insertion
+    // ------------------------------------------------------------------------------------------------------- insertion
     // The value may be one of the array's own elements.
 
     /// Sets an element; the array grows to hold a new index. Raises for a negative one.
     void SetAtGrow(long long index, Argument value);
 
-    /// Returns the index of the new element.
+    /// Adds an element at the end. Returns its index.
     long long Add(Argument value);
 
     /// Adds the elements of another array and returns the old size. Raises for the array itself.
@@ -154,7 +162,7 @@ extern template class XeArray<class CPtrArray_X, void*>;
 extern template class XeArray<class CObArray_X, CObject_X*>;
 extern template class XeArray<class CStringArray_X, CString_X>;
 
-// ----------------------------------------------------------------------------------------------- the array classes
+// --------------------------------------------------------------------------------------------------- the array classes
 // Loading replaces what was in the array. The count is believed as far as the archive still has data, and up to
 // 1,048,576 elements without; where the data ends early the rest is 0, null or empty, and nothing is raised.
 
