@@ -51,7 +51,7 @@ void formatByStream(benchmark::State& state)
     }
 }
 
-// ----------------------------------------------------------------------------------------------------- string operations
+// --------------------------------------------------------------------------------------------------- string operations
 
 template <class String>
 void append(benchmark::State& state)

@@ -15,8 +15,8 @@
 
 namespace {
 
-// Texts of both kinds and an int at once: each byte and each element up to the last is a letter or a terminator. The low
-// half of its address is a small number, since a `*` takes it for a width.
+// Texts of both kinds and an int at once: each byte and each element up to the last is a letter or a terminator. The
+// low half of its address is a small number, since a `*` takes it for a width.
 void* argumentForAll()
 {
     constexpr std::uintptr_t lowPart = 0x40;

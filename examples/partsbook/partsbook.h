@@ -6,9 +6,10 @@
 
 /// The parts of a file: an archive if its name ends in ".parts", else CSV.
 ///
-/// In a CSV file, a line that is not changed is saved byte for byte as it was read. That holds for the first line with the names of
-/// the columns, for blank lines and for lines that cannot be read, which are kept in their places. A changed line keeps
-/// its line end, and a new one ends as the first line of the file does. An archive has the parts alone.
+/// In a CSV file, a line that is not changed is saved byte for byte as it was read. That holds for the first line with
+/// the names of the columns, for blank lines and for lines that cannot be read, which are kept in their places. A
+/// changed line keeps its line end, and a new one ends as the first line of the file does. An archive has the parts
+/// alone.
 class PartsBook
 {
 public:

@@ -21,8 +21,8 @@ struct IncomingConnection
 /// Qt has no public way to ask for this: the function is the library's one use of private Qt headers.
 QVector<IncomingConnection> incomingConnections(const QObject* receiver);
 
-/// True if `signal` of `sender` is connected to the meta-method `method` of `receiver`. Takes time by the connections of
-/// the receiver, where Qt::UniqueConnection takes time by those of the signal.
+/// True if `signal` of `sender` is connected to the meta-method `method` of `receiver`. Takes time by the connections
+/// of the receiver, where Qt::UniqueConnection takes time by those of the signal.
 bool isConnected(const QObject* sender, const QMetaMethod& signal, const QObject* receiver, const QMetaMethod& method);
 
 } // namespace xe

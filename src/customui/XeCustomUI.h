@@ -63,8 +63,8 @@ public:
     using QDoubleSpinBox::setLineEdit;
 };
 
-/// A button with a list to choose from. `lineEdit()` and `setLineEdit(QLineEdit*)` come from QComboBox: the first is null
-/// until the box is made editable, the second makes it editable and takes ownership of the field.
+/// A button with a list to choose from. `lineEdit()` and `setLineEdit(QLineEdit*)` come from QComboBox: the first is
+/// null until the box is made editable, the second makes it editable and takes ownership of the field.
 class XECUI_EXPORT XeCUIComboBox : public QComboBox
 {
     Q_OBJECT

@@ -26,8 +26,8 @@ const link_map* linkMapAt(void* address)
 #endif
 }
 
-// The file as a stack trace names it: the program by the name that it was started with, and code that no module holds by
-// its address.
+// The file as a stack trace names it: the program by the name that it was started with, and code that no module holds
+// by its address.
 QString fileAt(void* address)
 {
     Dl_info info;

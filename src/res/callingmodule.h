@@ -8,7 +8,8 @@ namespace xe {
 /// What is left of a module's file name: no folder, and nothing from its first "." on.
 QString moduleName(const QString& file);
 
-/// The name of the module that holds a return address. Right also after a module has taken the place of an unloaded one.
+/// The name of the module that holds a return address. Right also after a module has taken the place of an unloaded
+/// one.
 struct Module
 {
     QString name;

@@ -7,8 +7,8 @@
 namespace xe {
 
 /// An INI text without the entries that Qt cannot read and live. Qt believes what a @Variant(...) value says of itself:
-/// how deep lists lie in lists, for which it takes the stack, and how long they are, for which it takes memory. The text
-/// itself if it has no such value.
+/// how deep lists lie in lists, for which it takes the stack, and how long they are, for which it takes memory. The
+/// text itself if it has no such value.
 QByteArray withoutHarmfulEntries(const QByteArray& ini);
 
 /// The content of a file; empty if it cannot be read.

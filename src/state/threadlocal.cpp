@@ -59,7 +59,7 @@ struct ThreadLocalObjects
 
 using xe::ThreadLocalObjects;
 
-// ------------------------------------------------------------------------------------------------------ an object a thread
+// -------------------------------------------------------------------------------------------------- an object a thread
 
 CThreadLocalObject_X::~CThreadLocalObject_X()
 {
@@ -98,7 +98,7 @@ CNoTrackObject_X* CThreadLocalObject_X::GetDataNA()
     return slot && data ? static_cast<CNoTrackObject_X*>(data->GetThreadValue(slot)) : nullptr;
 }
 
-// ---------------------------------------------------------------------------------------------------- an object a process
+// ------------------------------------------------------------------------------------------------- an object a process
 
 CProcessLocalObject_X::~CProcessLocalObject_X() { delete m_object; }
 
@@ -112,7 +112,7 @@ CNoTrackObject_X* CProcessLocalObject_X::GetData(CNoTrackObject_X* (*create)())
     return m_object;
 }
 
-// ------------------------------------------------------------------------------------------------------ all slots at once
+// --------------------------------------------------------------------------------------------------- all slots at once
 
 void AfxInitLocalData_X(void* instance)
 {

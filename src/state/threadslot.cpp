@@ -25,7 +25,7 @@ private:
 
 } // namespace
 
-// --------------------------------------------------------------------------------------------------- the list of threads
+// ------------------------------------------------------------------------------------------------- the list of threads
 
 void CSimpleList_X::AddHead(void* element)
 {
@@ -67,7 +67,7 @@ void CThreadData_X::growTo(int newCount)
     count = newCount;
 }
 
-// ------------------------------------------------------------------------------------------------------------- the slots
+// ----------------------------------------------------------------------------------------------------------- the slots
 
 // Values on their way out. They are deleted when the lock is open again, since their destructors are the host's.
 class CThreadSlotData_X::Doomed

@@ -19,7 +19,7 @@ void* CNoTrackObject_X::operator new(std::size_t size)
 
 void CNoTrackObject_X::operator delete(void* block) noexcept { LocalFree_X(block); }
 
-// -------------------------------------------------------------------------------------------------- state of the module
+// ------------------------------------------------------------------------------------------------- state of the module
 
 AFX_MODULE_STATE_X afxModuleState(FALSE);
 AFX_MODULE_THREAD_STATE_X gdiThreadState;

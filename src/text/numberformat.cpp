@@ -79,8 +79,8 @@ private:
 
 } // namespace
 
-// In any locale but the classic one a stream of its own writes the number: it knows about grouping, the decimal point and
-// facets of the host's own.
+// In any locale but the classic one a stream of its own writes the number: it knows about grouping, the decimal point
+// and facets of the host's own.
 template <class Value>
 void WideInserter::insertByStream(Value value)
 {

@@ -12,8 +12,8 @@
 
 namespace xe {
 
-/// Inserts into a buffer what a std::wostream with the global locale would write, blank being the fill character. In the
-/// classic locale it writes the digits itself, but for the rare form that keeps trailing zeros.
+/// Inserts into a buffer what a std::wostream with the global locale would write, blank being the fill character. In
+/// the classic locale it writes the digits itself, but for the rare form that keeps trailing zeros.
 class WideInserter
 {
 public:

@@ -52,8 +52,8 @@ constexpr std::uint32_t tailBits(unsigned char byte) { return byte ^ 0x80U; }
 
 constexpr bool isElement(std::uint32_t value) { return value <= 0x10FFFF && value - 0xD800 >= 0x800; }
 
-// Writes the element of the sequence of two to four bytes that starts here and returns the sequence's length; 0 if it is
-// not valid. A first byte that starts no sequence gives a value out of the range of its length.
+// Writes the element of the sequence of two to four bytes that starts here and returns the sequence's length; 0 if it
+// is not valid. A first byte that starts no sequence gives a value out of the range of its length.
 std::size_t decodeSequence(const unsigned char* bytes, std::size_t left, wchar_t& element)
 {
     const std::uint32_t lead = bytes[0];

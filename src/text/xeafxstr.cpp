@@ -76,7 +76,7 @@ CString_X& CString_X::assignWide(std::wstring&& text) noexcept
     return *this;
 }
 
-// ------------------------------------------------------------------------------------------------ elements, narrow text
+// ----------------------------------------------------------------------------------------------- elements, narrow text
 
 void CString_X::SetAt(int index, wchar_t ch) noexcept
 {

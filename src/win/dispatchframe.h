@@ -54,8 +54,9 @@ public:
             frame->m_window = nullptr;
     }
 
-    /// The wrapper is about to forget the widget that it was attached to. A frame looks after its target by a pointer of
-    /// its own from then on; before, the wrapper's serves all, since making one for each event takes longer than the rest.
+    /// The wrapper is about to forget the widget that it was attached to. A frame looks after its target by a pointer
+    /// of its own from then on; before, the wrapper's serves all, since making one for each event takes longer than the
+    /// rest.
     static void keepTargets(DispatchFrame* innermost)
     {
         for (DispatchFrame* frame = innermost; frame; frame = frame->m_outer) {

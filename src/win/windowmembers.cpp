@@ -145,7 +145,7 @@ void CWnd_X::SetFont(const QFont* font, BOOL)
         widget->setFont(*font);
 }
 
-// ---------------------------------------------------------------------------------------------- focus, mouse, relations
+// --------------------------------------------------------------------------------------------- focus, mouse, relations
 
 CWnd_X* CWnd_X::GetParent() const { return FromHandle(GetParent_X(GetSafeHwnd())); }
 
@@ -168,7 +168,7 @@ CWnd_X* CWnd_X::WindowFromPoint(CPoint screen) const
     return FromHandle(child);
 }
 
-// -------------------------------------------------------------------------------------------------------- text and items
+// ------------------------------------------------------------------------------------------------------ text and items
 
 void CWnd_X::GetWindowText(CString_X& text) const
 {

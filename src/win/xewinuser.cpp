@@ -222,7 +222,8 @@ BOOL SetWindowPos_X(HWND window, HWND after, int x, int y, int width, int height
 
 namespace {
 
-// Null if there is none, and when it is no longer a living widget: nothing keeps a parent alive that is not the Qt parent.
+// Null if there is none, and when it is no longer a living widget: nothing keeps a parent alive that is not the Qt
+// parent.
 QWidget* logicalParent(const QWidget& window)
 {
     auto* const parent = static_cast<QWidget*>(xe::linkedParent(window));
