@@ -1,11 +1,10 @@
-#pragma once
-
-/// \file
+/// @file XeCustomUI.h
 /// Six entry widgets, each a Qt widget with a class name and a meta-object of its own, so that style sheets, forms and
 /// run-time class checks can tell them from the plain Qt widget. They look and behave exactly like their base class.
 ///
 /// A widget is made with `new` and handed to its parent, which owns it. Without a parent it is a window of its own and
 /// belongs to the caller.
+#pragma once
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
