@@ -1,19 +1,26 @@
 /// @file xeafxmenu.h
-/// Menus.
+/// Menus. GUI thread only.
 #pragma once
 
 #include "xeafx.h"
 
 #include <QMenu>
 
-/// The wrapper of a QMenu, which is what a menu handle is here.
+/// The wrapper of a QMenu, which is what a menu handle is here. CWnd_X::SetMenu() puts it into a window's menu bar.
+///
+///     CMenu_X file(mainWindow);
+///     file.Imp<QMenu>()->setTitle("File");
+///     file.Imp<QMenu>()->addAction("Open", open);
+///     window.SetMenu(&file);
+///
+/// Its items are the QMenu's actions: it has no functions for them.
 class XE_EXPORT CMenu_X : public CObject_X
 {
     Q_OBJECT
     DECLARE_DYNAMIC_X(CMenu_X)
     DECLARE_IMP_CLASS_X(QMenu)
 
-    /// With a parent the menu is made at once.
+    /// With a parent the menu is made at once, by AttachDefault(); without one there is none yet.
     explicit CMenu_X(QWidget* parent = nullptr);
 
     QT_WARNING_PUSH

@@ -86,7 +86,7 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     static CWnd_X* FromHandlePermanent(QWidget* widget);
     /// The wrapper of a widget. One without gets a temporary wrapper of the class registered for its Qt class, which
     /// sees its events and is deleted at the next idle moment outside a host command: do not keep the pointer. Null for
-    /// null.
+    /// null, and where no class of windows is registered.
     static CWnd_X* FromHandle(QWidget* widget);
     /// CHandleMap_X::DeleteTemp of the handle map of windows, which FromHandle() does not use.
     static void DeleteTempMap();
@@ -120,8 +120,8 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     // Pixels. Without a widget, here and in what follows, the members do nothing and give 0, null or a default value.
     // What is told of the free function of the same name (xewinuser.h) holds for the member, unless it says otherwise.
 
-    /// SW_HIDE, SW_SHOW and SW_SHOWNORMAL; any other command does nothing. 1 in any case: not whether the window was
-    /// visible before, as in the published function.
+    /// Hides or shows the window by SW_HIDE, SW_SHOW and SW_SHOWNORMAL; any other command does nothing. 1 in any case:
+    /// the published function tells whether the window was visible before.
     BOOL ShowWindow(int command) { return ShowWindow_X(GetSafeHwnd(), command); }
     /// Gives the previous *enabled* state, unlike the published function.
     BOOL EnableWindow(BOOL enable = TRUE) { return EnableWindow_X(GetSafeHwnd(), enable); }
@@ -151,8 +151,8 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     {
         return SetWindowPos(handleOf(after), x, y, width, height, flags);
     }
-    /// Moves the frame, in the parent's coordinates or the screen's, and gives it this size, which MoveWindow_X() gives
-    /// to what is in the frame. A negative width or height leaves the size alone.
+    /// Moves the frame, in the parent's coordinates or the screen's, and gives the frame this size; MoveWindow_X()
+    /// gives it to the widget in the frame. A negative width or height leaves the size alone.
     void MoveWindow(int x, int y, int width, int height, BOOL repaint = TRUE);
     /// The same with a rectangle, whose swapped edges give the same size. Nothing for null.
     void MoveWindow(const tagRECT* rect, BOOL repaint = TRUE);
@@ -175,7 +175,6 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     void ScreenToClient(tagRECT* rect) const;
 
     // -------------------------------------------------------------------------------------------------------- painting
-
     // A repaint comes from the event loop, never at once.
 
     /// Asks for a repaint of the whole window, and does not wait for it.
