@@ -15,7 +15,7 @@
 
 class QDebug;
 
-namespace xe {
+namespace xe::detail {
 
 /// Whether a type cannot go through the `...` of a C function: an object with a copy constructor of its own.
 template <class T>
@@ -34,7 +34,11 @@ decltype(auto) formatArgument(const T& argument)
     }
 }
 
-} // namespace xe
+/// Leaves a function to pointers to narrow text.
+template <class T>
+using IfNarrowText = std::enable_if_t<std::is_pointer_v<T> && std::is_convertible_v<T, const char*>, int>;
+
+} // namespace xe::detail
 
 /// A wide text: a std::wstring with the operations of the published string class and a UTF-8 copy on demand.
 ///
@@ -275,16 +279,16 @@ public:
     void FormatV(const wchar_t* format, std::va_list arguments);
     void AppendFormat(const wchar_t* format, ...); ///< Format, behind the present text
 
-    template <class... Arguments, std::enable_if_t<(xe::isManagedObject<Arguments> || ...), int> = 0>
+    template <class... Arguments, std::enable_if_t<(xe::detail::isManagedObject<Arguments> || ...), int> = 0>
     void Format(const wchar_t* format, const Arguments&... arguments)
     {
-        Format(format, xe::formatArgument(arguments)...);
+        Format(format, xe::detail::formatArgument(arguments)...);
     }
 
-    template <class... Arguments, std::enable_if_t<(xe::isManagedObject<Arguments> || ...), int> = 0>
+    template <class... Arguments, std::enable_if_t<(xe::detail::isManagedObject<Arguments> || ...), int> = 0>
     void AppendFormat(const wchar_t* format, const Arguments&... arguments)
     {
-        AppendFormat(format, xe::formatArgument(arguments)...);
+        AppendFormat(format, xe::detail::formatArgument(arguments)...);
     }
 
     char* utf8Cache = nullptr; ///< the last UTF-8 copy, owned; null if there is none
@@ -300,16 +304,13 @@ private:
 };
 
 // By way of its pointer a narrow text would be compared by address: write CString_X(narrow).
-template <class Narrow>
-using XeIfNarrowText = std::enable_if_t<std::is_pointer_v<Narrow> && std::is_convertible_v<Narrow, const char*>, int>;
-
-template <class Narrow, XeIfNarrowText<Narrow> = 0>
+template <class Narrow, xe::detail::IfNarrowText<Narrow> = 0>
 bool operator==(const CString_X& text, Narrow narrow) = delete;
-template <class Narrow, XeIfNarrowText<Narrow> = 0>
+template <class Narrow, xe::detail::IfNarrowText<Narrow> = 0>
 bool operator==(Narrow narrow, const CString_X& text) = delete;
-template <class Narrow, XeIfNarrowText<Narrow> = 0>
+template <class Narrow, xe::detail::IfNarrowText<Narrow> = 0>
 bool operator!=(const CString_X& text, Narrow narrow) = delete;
-template <class Narrow, XeIfNarrowText<Narrow> = 0>
+template <class Narrow, xe::detail::IfNarrowText<Narrow> = 0>
 bool operator!=(Narrow narrow, const CString_X& text) = delete;
 
 /// A QString made from wide text, up to its first 0 element. It is a QString: pass it wherever Qt takes one.

@@ -28,9 +28,11 @@ class DispatchFrame;
 struct EventRow;
 } // namespace xe
 
+namespace xe::detail {
 /// Allows a member that takes a window's widget to take its wrapper as well; a null wrapper stands for a null widget.
 template <class Window>
-using XeIfWindow = std::enable_if_t<std::is_base_of_v<CWnd_X, Window>, int>;
+using IfWindow = std::enable_if_t<std::is_base_of_v<CWnd_X, Window>, int>;
+} // namespace xe::detail
 
 /// The wrapper of a QWidget: a widget that lives as a window with a message map.
 ///
@@ -105,12 +107,12 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     /// The same in a place of the parent's, or of the screen's for a top-level window; see MoveWindow().
     int Create(DWORD style, const tagRECT& rect, QWidget* parent);
     /// The same with the parent's wrapper.
-    template <class Window, XeIfWindow<Window> = 0>
+    template <class Window, xe::detail::IfWindow<Window> = 0>
     int Create(DWORD style, const Window* parent)
     {
         return Create(style, handleOf(parent));
     }
-    template <class Window, XeIfWindow<Window> = 0>
+    template <class Window, xe::detail::IfWindow<Window> = 0>
     int Create(DWORD style, const tagRECT& rect, const Window* parent)
     {
         return Create(style, rect, handleOf(parent));
@@ -146,7 +148,7 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     {
         return SetWindowPos_X(GetSafeHwnd(), after, x, y, width, height, flags);
     }
-    template <class Window, XeIfWindow<Window> = 0>
+    template <class Window, xe::detail::IfWindow<Window> = 0>
     BOOL SetWindowPos(const Window* after, int x, int y, int width, int height, UINT flags)
     {
         return SetWindowPos(handleOf(after), x, y, width, height, flags);
@@ -158,7 +160,7 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     void MoveWindow(const tagRECT* rect, BOOL repaint = TRUE);
     /// Centres on the frame of `alternate`, else of the Qt parent, else on the screen.
     void CenterWindow(QWidget* alternate = nullptr);
-    template <class Window, XeIfWindow<Window> = 0>
+    template <class Window, xe::detail::IfWindow<Window> = 0>
     void CenterWindow(const Window* alternate)
     {
         CenterWindow(handleOf(alternate));
@@ -211,7 +213,7 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
 
     /// Whether `child` is this window or below it in the same top-level window.
     BOOL IsChild(QWidget* child) const { return IsChild_X(GetSafeHwnd(), child); }
-    template <class Window, XeIfWindow<Window> = 0>
+    template <class Window, xe::detail::IfWindow<Window> = 0>
     BOOL IsChild(const Window* child) const
     {
         return IsChild(handleOf(child));
@@ -220,7 +222,7 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     CWnd_X* GetParent() const;
     /// Sets both parents, and gives the wrapper of the old one, made by FromHandle().
     CWnd_X* SetParent(QWidget* parent);
-    template <class Window, XeIfWindow<Window> = 0>
+    template <class Window, xe::detail::IfWindow<Window> = 0>
     CWnd_X* SetParent(const Window* parent)
     {
         return SetParent(handleOf(parent));
