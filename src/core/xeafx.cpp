@@ -4,6 +4,8 @@
 #include "core/objectlinks.h"
 #include "xeresource.h"
 
+#include <utility>
+
 CRuntimeClass_X CObject_X::s_classInfo(&CObject_X::staticMetaObject, CObject_X::GetImpMetaObject(),
                                        &QObject::staticMetaObject, &CObject_X::CreateObject,
                                        CObject_X::GetImpMetaList(), sizeof(CObject_X));

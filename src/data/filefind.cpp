@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
+
 QString CFileFind_X::entry() const { return files.value(index); }
 
 CString_X CFileFind_X::GetFileName() const { return QFileInfo(entry()).fileName(); }

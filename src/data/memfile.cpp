@@ -1,5 +1,6 @@
 #include "xeafxfile.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <limits>

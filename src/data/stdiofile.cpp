@@ -1,5 +1,7 @@
 #include "xeafxfile.h"
 
+#include <algorithm>
+
 IMPLEMENT_DYNAMIC_X(CStdioFile_X, CFile_X)
 
 namespace {

@@ -2,6 +2,9 @@
 
 #include "xeafxfile.h"
 
+#include <algorithm>
+#include <cwchar>
+
 CArchive_X::CArchive_X(CFile_X* stream, unsigned int direction, int size, void* block)
     : file(stream),
       mode(direction),

@@ -3,6 +3,8 @@
 #include <QAbstractEventDispatcher>
 #include <QFileInfo>
 
+#include <algorithm>
+
 IMPLEMENT_DYNAMIC_X(CFile_X, CObject_X)
 
 namespace {

@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <cwchar>
+#include <limits>
 
 #include <sys/stat.h>
 
