@@ -12,6 +12,7 @@
 class QBrush;
 class QMenu;
 class QWidget;
+struct _IMAGELIST;
 
 #if defined(XE_BUILDING_LIBRARY)
 #define XE_EXPORT Q_DECL_EXPORT
@@ -101,6 +102,14 @@ using HDROP = void*;
 using HHOOK = void*;    ///< the address of the hook function
 using HWND = QWidget*;  ///< the widget
 using HBRUSH = QBrush*; ///< the brush
+using HGDIOBJ = void*;  ///< the address of a Qt value on the heap, as the five that follow
+using HPEN = void*;     ///< of a QPen
+using HBITMAP = void*;  ///< of a QImage
+using HICON = void*;    ///< of a QImage
+using HRGN = void*;     ///< of a QRegion
+using HFONT = void*;    ///< of a QFont
+using HPALETTE = void*; ///< always null
+using HIMAGELIST = _IMAGELIST*; ///< whatever the host takes for one
 
 // ------------------------------------------------------------------------------------------------------------- records
 
