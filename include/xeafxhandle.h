@@ -47,13 +47,14 @@ public:
     /// The temporary wrapper; null if there is none.
     CObject_X* LookupTemporary(void* handle) const;
     /// Enters a permanent wrapper, which is not owned, in place of the one that the handle may have. A temporary one is
-    /// not found any more, and is destroyed by DeleteTemp() all the same.
+    /// not found any more, and is destroyed by DeleteTemp() all the same. Nothing for a null handle.
     void SetPermanent(void* handle, CObject_X* wrapper);
     /// Takes a handle out of the permanent half; nothing for one that is not there.
     void RemoveHandle(void* handle);
 
 private:
     CObject_X* makeTemporary(void* handle);
+    void* readHandle(const CObject_X* wrapper) const;
     void writeHandle(CObject_X* wrapper, void* handle) const;
 
     CFixedAllocNoSync_X m_alloc;
@@ -68,8 +69,9 @@ private:
 
 // The process's maps, one for a kind of handle. They are made at the first call with a non-zero argument; before that
 // the result is null. That of device contexts writes two handles into a wrapper.
-XE_EXPORT CHandleMap_X* afxMapHWND_X(int create = 0);       ///< of windows; the library leaves it empty
-XE_EXPORT CHandleMap_X* afxMapHMENU_X(int create = 0);      ///< of menus
-XE_EXPORT CHandleMap_X* afxMapHDC_X(int create = 0);        ///< of device contexts; permanent wrappers only
-XE_EXPORT CHandleMap_X* afxMapHGDIOBJ_X(int create = 0);    ///< of pens and their like; permanent wrappers only
-XE_EXPORT CHandleMap_X* afxMapHIMAGELIST_X(int create = 0); ///< of image lists; permanent wrappers only
+XE_EXPORT CHandleMap_X* afxMapHWND_X(int create = 0);  ///< of windows; the library leaves it empty
+XE_EXPORT CHandleMap_X* afxMapHMENU_X(int create = 0); ///< of menus
+XE_EXPORT CHandleMap_X* afxMapHDC_X(int create = 0);   ///< of device contexts; permanent wrappers only
+XE_EXPORT CHandleMap_X* afxMapHGDIOBJ_X(
+    int create = 0); ///< of pens and their like; temporary ones are plain CGdiObject_X
+XE_EXPORT CHandleMap_X* afxMapHIMAGELIST_X(int create = 0); ///< of image lists

@@ -36,6 +36,8 @@ CHandleMap_X::CHandleMap_X(CRuntimeClass_X* runtimeClass, void (*construct)(CObj
       m_handles(handles)
 {
     m_permanentMap.InitHashTable(permanentBuckets, FALSE);
+    m_permanentMap.SetAt(nullptr,
+                         nullptr); // a map without entries frees its table: one object at a time would make it anew
     m_temporaryMap.InitHashTable(temporaryBuckets, FALSE);
 }
 
@@ -65,6 +67,11 @@ CObject_X* CHandleMap_X::makeTemporary(void* handle)
     return wrapper;
 }
 
+void* CHandleMap_X::readHandle(const CObject_X* wrapper) const
+{
+    return *reinterpret_cast<void* const*>(reinterpret_cast<const char*>(wrapper) + m_offset);
+}
+
 void CHandleMap_X::writeHandle(CObject_X* wrapper, void* handle) const
 {
     auto* const place = reinterpret_cast<void**>(reinterpret_cast<char*>(wrapper) + m_offset);
@@ -77,10 +84,13 @@ void CHandleMap_X::DeleteTemp()
     POSITION position = m_temporaryMap.GetStartPosition();
     while (position) {
         void* handle = nullptr;
-        void* wrapper = nullptr;
-        m_temporaryMap.GetNextAssoc(position, handle, wrapper);
-        writeHandle(static_cast<CObject_X*>(wrapper), nullptr);
-        m_destruct(static_cast<CObject_X*>(wrapper));
+        void* value = nullptr;
+        m_temporaryMap.GetNextAssoc(position, handle, value);
+        auto* const wrapper = static_cast<CObject_X*>(value);
+        if (LookupPermanent(readHandle(wrapper)) == wrapper) // somebody attached a handle to it
+            RemoveHandle(readHandle(wrapper));
+        writeHandle(wrapper, nullptr);
+        m_destruct(wrapper);
     }
     m_temporaryMap.RemoveAll();
     m_alloc.FreeAll();
@@ -90,6 +100,14 @@ CObject_X* CHandleMap_X::LookupPermanent(void* handle) const { return find(m_per
 
 CObject_X* CHandleMap_X::LookupTemporary(void* handle) const { return find(m_temporaryMap, handle); }
 
-void CHandleMap_X::SetPermanent(void* handle, CObject_X* wrapper) { m_permanentMap.SetAt(handle, wrapper); }
+void CHandleMap_X::SetPermanent(void* handle, CObject_X* wrapper)
+{
+    if (handle)
+        m_permanentMap.SetAt(handle, wrapper);
+}
 
-void CHandleMap_X::RemoveHandle(void* handle) { m_permanentMap.RemoveKey(handle); }
+void CHandleMap_X::RemoveHandle(void* handle)
+{
+    if (handle)
+        m_permanentMap.RemoveKey(handle);
+}
