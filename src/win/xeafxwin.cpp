@@ -1,5 +1,6 @@
 #include "xeafxwin.h"
 
+#include "core/nullobject.h"
 #include "win/dispatchframe.h"
 #include "win/menubar.h"
 #include "xehost.h"
@@ -20,9 +21,7 @@ CWnd_X::~CWnd_X()
 
 QWidget* CWnd_X::GetSafeHwnd() const
 {
-    // Hosts ask null objects too. Read through a volatile, `this` is not taken for non-null.
-    const CWnd_X* const volatile self = this;
-    const CWnd_X* const window = self;
+    const CWnd_X* const window = xe::maybeNull(this);
     QObject* const imp = window ? window->GetImpQObject() : nullptr;
     return imp && imp->isWidgetType() ? static_cast<QWidget*>(imp) : nullptr;
 }
