@@ -99,16 +99,16 @@ using HINSTANCE = void*;
 using HMENU = QMenu*;
 using HDC = void*;
 using HDROP = void*;
-using HHOOK = void*;    ///< the address of the hook function
-using HWND = QWidget*;  ///< the widget
-using HBRUSH = QBrush*; ///< the brush
-using HGDIOBJ = void*;  ///< the address of a Qt value on the heap, as the five that follow
-using HPEN = void*;     ///< of a QPen
-using HBITMAP = void*;  ///< of a QImage
-using HICON = void*;    ///< of a QImage
-using HRGN = void*;     ///< of a QRegion
-using HFONT = void*;    ///< of a QFont
-using HPALETTE = void*; ///< always null
+using HHOOK = void*;            ///< the address of the hook function
+using HWND = QWidget*;          ///< the widget
+using HBRUSH = QBrush*;         ///< the brush
+using HGDIOBJ = void*;          ///< the address of a Qt value on the heap, as the five that follow
+using HPEN = void*;             ///< of a QPen
+using HBITMAP = void*;          ///< of a QImage
+using HICON = void*;            ///< of a QImage
+using HRGN = void*;             ///< of a QRegion
+using HFONT = void*;            ///< of a QFont
+using HPALETTE = void*;         ///< always null
 using HIMAGELIST = _IMAGELIST*; ///< whatever the host takes for one
 
 // ------------------------------------------------------------------------------------------------------------- records

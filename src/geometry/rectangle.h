@@ -1,4 +1,9 @@
-// Between Win32 points and rectangles, whose right and bottom are one past the last pixel, and Qt's, which name it.
+// Between Win32 points and rectangles and Qt's. A rectangle has one of three meanings:
+//
+//  - right and bottom are one past the last pixel, as published: toQRect(), toRect();
+//  - its numbers are the first and the last column and row, as in regions and in the cells of a grid: cornersToQRect(),
+//    toCorners();
+//  - a place, a width and a height: that is QRect(x, y, width, height).
 #pragma once
 
 #include "xedef.h"
@@ -24,5 +29,12 @@ inline tagRECT toRect(const QRect& rect)
 {
     return {rect.left(), rect.top(), sum(rect.right(), 1), sum(rect.bottom(), 1)};
 }
+
+inline QRect cornersToQRect(const tagRECT& rect)
+{
+    return {QPoint(rect.left, rect.top), QPoint(rect.right, rect.bottom)};
+}
+
+inline tagRECT toCorners(const QRect& rect) { return {rect.left(), rect.top(), rect.right(), rect.bottom()}; }
 
 } // namespace xe
