@@ -1,20 +1,18 @@
 // The handle maps of the graphics classes.
 
 #include "state/handlemapmaker.h"
+#include "xeafxgdi.h"
+#include "xeafximg.h"
 #include "xeafxstat.h"
 
-namespace {
+CHandleMap_X* afxMapHDC_X(int create) { return xe::handleMapOf<CObject_X>(gdiThreadState.m_pmapHDC, create); }
 
-// A map that holds permanent wrappers only.
-CHandleMap_X* permanentMap(CHandleMap_X*& map, int create, int handles)
+CHandleMap_X* afxMapHGDIOBJ_X(int create)
 {
-    return xe::handleMap(map, create, nullptr, nullptr, nullptr, xe::impOffset, handles);
+    return xe::handleMapOf(gdiThreadState.m_pmapHGDIOBJ, create, &CGdiObject_X::m_hObject);
 }
 
-} // namespace
-
-CHandleMap_X* afxMapHDC_X(int create) { return permanentMap(gdiThreadState.m_pmapHDC, create, 2); }
-
-CHandleMap_X* afxMapHGDIOBJ_X(int create) { return permanentMap(gdiThreadState.m_pmapHGDIOBJ, create, 1); }
-
-CHandleMap_X* afxMapHIMAGELIST_X(int create) { return permanentMap(gdiThreadState.m_pmapHIMAGELIST, create, 1); }
+CHandleMap_X* afxMapHIMAGELIST_X(int create)
+{
+    return xe::handleMapOf(gdiThreadState.m_pmapHIMAGELIST, create, &CImageList_X::m_hImageList);
+}
