@@ -1,4 +1,5 @@
-// Controls that are not there, or are of another class: the exchange is given up, with a warning and without a box.
+// Controls that are not there, or are of another class: the exchange is given up, with a warning and without a box; but
+// texts and radio buttons are passed over.
 
 #include "boxwatch.h"
 #include "exchangewindow.h"
@@ -26,6 +27,7 @@ struct Function
     const char* name;
     const char* control; // the class it wants
     std::function<void(CDataExchange_X*, Key, Variables&)> exchange;
+    bool survives = false; // goes on without the control
 };
 
 template <class Key>
@@ -33,13 +35,14 @@ QVector<Function<Key>> functions()
 {
     using Exchange = CDataExchange_X;
     return {
-        {"DDX_Text", "QWidget", [](Exchange* exchange, Key key, Variables& v) { DDX_Text(exchange, key, v.text); }},
+        {"DDX_Text", "QWidget", [](Exchange* exchange, Key key, Variables& v) { DDX_Text(exchange, key, v.text); },
+         true},
         {"DDX_Text of a number", "QWidget",
-         [](Exchange* exchange, Key key, Variables& v) { DDX_Text(exchange, key, v.number); }},
+         [](Exchange* exchange, Key key, Variables& v) { DDX_Text(exchange, key, v.number); }, true},
         {"DDX_Check", "QAbstractButton",
          [](Exchange* exchange, Key key, Variables& v) { DDX_Check(exchange, key, v.number); }},
         {"DDX_Radio", "QRadioButton",
-         [](Exchange* exchange, Key key, Variables& v) { DDX_Radio(exchange, key, v.number); }},
+         [](Exchange* exchange, Key key, Variables& v) { DDX_Radio(exchange, key, v.number); }, true},
         {"DDX_CBIndex", "QComboBox",
          [](Exchange* exchange, Key key, Variables& v) { DDX_CBIndex(exchange, key, v.number); }},
         {"DDX_CBString", "QComboBox",
@@ -73,6 +76,12 @@ public:
     // Each direction gives up with the warning; nothing else happens.
     void failsQuietly(const Exchange& exchange, const char* control, const char* name)
     {
+        endsQuietly(exchange, control, name, 0);
+    }
+
+    // Each direction ends with the result after the warning; nothing else happens.
+    void endsQuietly(const Exchange& exchange, const char* control, const char* name, int result)
+    {
         Variables variables;
         BoxWatch watch;
         const auto run = [&](CDataExchange_X* dataExchange) {
@@ -80,9 +89,9 @@ public:
             exchange(dataExchange, variables);
         };
         warnAbout(control, name);
-        QCOMPARE(window.load(run), 0);
+        QCOMPARE(window.load(run), result);
         warnAbout(control, name);
-        QCOMPARE(window.save(run), 0);
+        QCOMPARE(window.save(run), result);
         QVERIFY(variables.areUntouched());
         QVERIFY(!edit.hasSelectedText());
         QCOMPARE(watch.take(), QString());
@@ -115,6 +124,7 @@ private slots:
     void nullControl_data();
     void nullControl();
     void nullControlOfDdxControl();
+    void aControlOfTheHostsOwnFunction();
     void dialogDoesNotOpen();
 };
 
@@ -123,13 +133,14 @@ void tst_DdxMissing::unknownName_data()
     QTest::addColumn<Exchange>("exchange");
     QTest::addColumn<QString>("control");
     QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("result");
     for (const auto& function : functions<const char*>()) {
         const auto row = [&function](const char* what, const char* key, const char* name) {
             const auto exchange = [function, key](CDataExchange_X* dataExchange, Variables& variables) {
                 function.exchange(dataExchange, key, variables);
             };
-            QTest::addRow("%s: %s", function.name, what)
-                << Exchange(exchange) << QString::fromLatin1(function.control) << QString::fromLatin1(name);
+            QTest::addRow("%s: %s", function.name, what) << Exchange(exchange) << QString::fromLatin1(function.control)
+                                                         << QString::fromLatin1(name) << int(function.survives);
         };
         row("unknown", "unknown", "unknown");
         row("empty", "", "");
@@ -142,7 +153,8 @@ void tst_DdxMissing::unknownName()
     QFETCH(Exchange, exchange);
     QFETCH(QString, control);
     QFETCH(QString, name);
-    Form().failsQuietly(exchange, qPrintable(control), qPrintable(name));
+    QFETCH(int, result);
+    Form().endsQuietly(exchange, qPrintable(control), qPrintable(name), result);
 }
 
 void tst_DdxMissing::unknownId_data()
@@ -150,13 +162,14 @@ void tst_DdxMissing::unknownId_data()
     QTest::addColumn<Exchange>("exchange");
     QTest::addColumn<QString>("control");
     QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("result");
     for (const auto& function : functions<int>()) {
         const auto row = [&function](const char* what, int id, const char* name) {
             const auto exchange = [function, id](CDataExchange_X* dataExchange, Variables& variables) {
                 function.exchange(dataExchange, id, variables);
             };
-            QTest::addRow("%s: %s", function.name, what)
-                << Exchange(exchange) << QString::fromLatin1(function.control) << QString::fromLatin1(name);
+            QTest::addRow("%s: %s", function.name, what) << Exchange(exchange) << QString::fromLatin1(function.control)
+                                                         << QString::fromLatin1(name) << int(function.survives);
         };
         row("not in the table", 4711, "4711");
         row("zero", 0, "0");
@@ -170,7 +183,8 @@ void tst_DdxMissing::unknownId()
     QFETCH(Exchange, exchange);
     QFETCH(QString, control);
     QFETCH(QString, name);
-    Form().failsQuietly(exchange, qPrintable(control), qPrintable(name));
+    QFETCH(int, result);
+    Form().endsQuietly(exchange, qPrintable(control), qPrintable(name), result);
 }
 
 void tst_DdxMissing::wrongClass_data()
@@ -178,6 +192,7 @@ void tst_DdxMissing::wrongClass_data()
     QTest::addColumn<Exchange>("byName");
     QTest::addColumn<Exchange>("byId");
     QTest::addColumn<QString>("control");
+    QTest::addColumn<int>("result");
     const auto byName = functions<const char*>();
     const auto byId = functions<int>();
     for (int i = 0; i < byName.size(); ++i) {
@@ -189,7 +204,8 @@ void tst_DdxMissing::wrongClass_data()
         const auto id = [function = byId[i]](CDataExchange_X* dataExchange, Variables& variables) {
             function.exchange(dataExchange, IDC_NAME, variables);
         };
-        QTest::newRow(byName[i].name) << Exchange(name) << Exchange(id) << QString::fromLatin1(byName[i].control);
+        QTest::newRow(byName[i].name) << Exchange(name) << Exchange(id) << QString::fromLatin1(byName[i].control)
+                                      << int(byName[i].survives);
     }
 }
 
@@ -198,18 +214,19 @@ void tst_DdxMissing::wrongClass()
     QFETCH(Exchange, byName);
     QFETCH(Exchange, byId);
     QFETCH(QString, control);
+    QFETCH(int, result);
     Form form;
-    form.failsQuietly(byName, qPrintable(control), "IDC_NAME");
-    form.failsQuietly(byId, qPrintable(control), "IDC_NAME");
+    form.endsQuietly(byName, qPrintable(control), "IDC_NAME", result);
+    form.endsQuietly(byId, qPrintable(control), "IDC_NAME", result);
 }
 
 void tst_DdxMissing::idThatIsNoNameIsNotTakenForOne()
 {
     Form form;
     form.edit.setObjectName(QStringLiteral("4711"));
-    form.failsQuietly(
+    form.endsQuietly(
         [](CDataExchange_X* exchange, Variables& variables) { DDX_Text(exchange, 4711, variables.number); }, "QWidget",
-        "4711");
+        "4711", 1);
 }
 
 void tst_DdxMissing::groupBoxHasNoName()
@@ -283,17 +300,39 @@ void tst_DdxMissing::nullControlOfDdxControl()
     QVERIFY(variables.areUntouched());
 }
 
+// The lookup that hosts write exchange functions with.
+void tst_DdxMissing::aControlOfTheHostsOwnFunction()
+{
+    Form form;
+    enum { FieldId = IDC_NAME };
+    const auto found = [&](CDataExchange_X* exchange) {
+        QCOMPARE(exchange->LookUpControl<QLineEdit>("IDC_NAME"), &form.edit);
+        QCOMPARE(exchange->LookUpControl<QLineEdit>(IDC_NAME), &form.edit);
+        QCOMPARE(exchange->LookUpControl<QWidget>(FieldId), &form.edit);
+        QCOMPARE(&exchange->RequireControl<QLineEdit>("IDC_NAME"), &form.edit);
+    };
+    QCOMPARE(form.window.load(found), 1);
+    const auto missing = [&](CDataExchange_X* exchange) {
+        warnAbout("QLabel", "IDC_NAME");
+        QCOMPARE(exchange->LookUpControl<QLabel>(IDC_NAME), nullptr);
+        warnAbout("QLabel", "4711");
+        exchange->RequireControl<QLabel>(4711);
+        QFAIL("gone on without the control");
+    };
+    QCOMPARE(form.window.load(missing), 0);
+}
+
 void tst_DdxMissing::dialogDoesNotOpen()
 {
     class PartDialog : public CDialog_X
     {
     public:
-        void DoDataExchange(CDataExchange_X* exchange) override { DDX_Text(exchange, "unknown", m_number); }
+        void DoDataExchange(CDataExchange_X* exchange) override { DDX_Check(exchange, "unknown", m_number); }
 
     private:
         int m_number = 5;
     } dialog;
-    QTest::ignoreMessage(QtWarningMsg, "Data exchange of CDialog_X: there is no QWidget named \"unknown\"");
+    QTest::ignoreMessage(QtWarningMsg, "Data exchange of CDialog_X: there is no QAbstractButton named \"unknown\"");
     QCOMPARE(dialog.DoModal(), 3);
 }
 
