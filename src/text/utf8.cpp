@@ -5,13 +5,11 @@
 #include <cstring>
 
 // Each direction counts first and then converts into memory of the right size, looking at the validity of what it
-// converts. Both go over ASCII in blocks; where a block is not ASCII they take the next two element by element.
+// converts. Both go over ASCII in blocks; where a block is not ASCII they go on element by element for a while.
 
 namespace xe {
 
 namespace {
-
-constexpr std::size_t blockSize = 8;
 
 // ------------------------------------------------------------------------------------------------------------ decoding
 
@@ -20,7 +18,7 @@ constexpr std::size_t blockSize = 8;
 template <class Sum, class Item, class Count>
 std::size_t total(std::basic_string_view<Item> items, Count count)
 {
-    constexpr std::size_t partSize = 64;
+    constexpr std::size_t partSize = 32;
     std::size_t sum = 0;
     for (; items.size() >= partSize; items.remove_prefix(partSize)) {
         Sum part = 0;
@@ -36,46 +34,64 @@ std::size_t total(std::basic_string_view<Item> items, Count count)
 // One element comes of each byte that does not continue a sequence; of invalid bytes not more than that.
 std::size_t mostElements(std::string_view bytes)
 {
-    return total<std::uint8_t>(bytes, [](char byte) -> std::uint8_t { return (byte & 0xC0) != 0x80; });
+    constexpr auto lastTail = static_cast<signed char>(0xBF);
+    return total<std::uint8_t>(bytes,
+                               [](char byte) -> std::uint8_t { return static_cast<signed char>(byte) > lastTail; });
 }
+
+std::uint64_t eightBytes(const unsigned char* bytes)
+{
+    std::uint64_t eight;
+    std::memcpy(&eight, bytes, sizeof eight);
+    return eight;
+}
+
+constexpr std::size_t byteBlock = 16;
 
 bool isAsciiBlock(const unsigned char* bytes)
 {
-    std::uint64_t block;
-    static_assert(sizeof block == blockSize);
-    std::memcpy(&block, bytes, sizeof block);
-    return (block & 0x8080808080808080U) == 0;
+    return ((eightBytes(bytes) | eightBytes(bytes + 8)) & 0x8080808080808080U) == 0;
+}
+
+wchar_t* widenBlock(const unsigned char* bytes, wchar_t* out)
+{
+    unsigned char block[byteBlock]; // of which a compiler sees that it does not overlap with the elements
+    std::memcpy(block, bytes, sizeof block);
+    return std::copy_n(block, byteBlock, out);
 }
 
 // The six bits of a byte that continues a sequence; for any other byte more than that.
-constexpr std::uint32_t tailBits(unsigned char byte) { return byte ^ 0x80U; }
+constexpr std::uint32_t tailBits(unsigned char byte) { return byte - 0x80U; }
+constexpr bool isTail(std::uint32_t bits) { return bits < 0x40; }
 
-constexpr bool isElement(std::uint32_t value) { return value <= 0x10FFFF && value - 0xD800 >= 0x800; }
+constexpr bool isSurrogate(std::uint32_t value) { return value - 0xD800 < 0x800; }
 
 // Writes the element of the sequence of two to four bytes that starts here and returns the sequence's length; 0 if it
-// is not valid. A first byte that starts no sequence gives a value out of the range of its length.
-std::size_t decodeSequence(const unsigned char* bytes, std::size_t left, wchar_t& element)
+// is not valid. A first byte that starts no sequence gives a value out of the range of its length. Nothing is read
+// behind a byte that ends the sequence too early, as the text's terminator does.
+std::size_t decodeSequence(const unsigned char* bytes, wchar_t& element)
 {
     const std::uint32_t lead = bytes[0];
-    const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    if (length > left)
-        return 0;
     const std::uint32_t second = tailBits(bytes[1]);
-    if (length == 2) {
+    if (lead < 0xE0) {
         const std::uint32_t value = (lead - 0xC0) << 6 | second;
         element = static_cast<wchar_t>(value);
-        return second < 0x40 && value - 0x80 < 0x780 ? 2 : 0;
+        return isTail(second) && value - 0x80 < 0x780 ? 2 : 0;
     }
+    if (!isTail(second))
+        return 0;
     const std::uint32_t third = tailBits(bytes[2]);
-    if (length == 3) {
+    if (lead < 0xF0) {
         const std::uint32_t value = (lead & 0x0F) << 12 | second << 6 | third;
         element = static_cast<wchar_t>(value);
-        return (second | third) < 0x40 && value >= 0x800 && isElement(value) ? 3 : 0;
+        return isTail(third) && value >= 0x800 && !isSurrogate(value) ? 3 : 0;
     }
+    if (!isTail(third))
+        return 0;
     const std::uint32_t fourth = tailBits(bytes[3]);
     const std::uint32_t value = (lead & 0x0F) << 18 | second << 12 | third << 6 | fourth;
     element = static_cast<wchar_t>(value);
-    return (second | third | fourth) < 0x40 && value - 0x10000 < 0x100000 ? 4 : 0;
+    return isTail(fourth) && value - 0x10000 < 0x100000 ? 4 : 0;
 }
 
 // ------------------------------------------------------------------------------------------------------------ encoding
@@ -88,10 +104,12 @@ std::size_t encodedSize(std::wstring_view text)
            });
 }
 
+constexpr std::size_t elementBlock = 8;
+
 bool isAsciiBlock(const wchar_t* elements)
 {
     std::uint32_t bits = 0;
-    for (std::size_t i = 0; i < blockSize; ++i)
+    for (std::size_t i = 0; i < elementBlock; ++i)
         bits |= static_cast<std::uint32_t>(elements[i]);
     return bits < 0x80;
 }
@@ -109,7 +127,7 @@ char* encodeElement(std::uint32_t value, char* out)
         out[1] = tail(value);
         return out + 2;
     }
-    if (!isElement(value))
+    if (value > 0x10FFFF || isSurrogate(value))
         return nullptr;
     if (value < 0x10000) {
         out[0] = static_cast<char>(0xE0 | value >> 12);
@@ -131,14 +149,14 @@ char* encodeInto(char* out, std::wstring_view text)
     const wchar_t* const end = element + text.size();
     while (element != end) {
         const auto left = static_cast<std::size_t>(end - element);
-        if (left >= blockSize && isAsciiBlock(element)) {
-            for (std::size_t i = 0; i < blockSize; ++i)
+        if (left >= elementBlock && isAsciiBlock(element)) {
+            for (std::size_t i = 0; i < elementBlock; ++i)
                 out[i] = static_cast<char>(element[i]);
-            out += blockSize;
-            element += blockSize;
+            out += elementBlock;
+            element += elementBlock;
             continue;
         }
-        for (const wchar_t* const next = element + std::min(left, 2 * blockSize); element != next; ++element) {
+        for (const wchar_t* const next = element + std::min(left, 2 * elementBlock); element != next; ++element) {
             out = encodeElement(static_cast<std::uint32_t>(*element), out);
             if (!out)
                 return nullptr;
@@ -149,25 +167,25 @@ char* encodeInto(char* out, std::wstring_view text)
 
 } // namespace
 
-std::optional<std::wstring> decodeUtf8(std::string_view text)
+std::optional<std::wstring> decodeUtf8(const char* text)
 {
-    std::wstring elements(mostElements(text), L'\0');
+    const auto* bytes = reinterpret_cast<const unsigned char*>(text);
+    const unsigned char* const end = bytes + std::strlen(text);
+    std::wstring elements(mostElements({text, static_cast<std::size_t>(end - bytes)}), L'\0');
     wchar_t* out = elements.data();
-    const auto* bytes = reinterpret_cast<const unsigned char*>(text.data());
-    const unsigned char* const end = bytes + text.size();
     while (bytes != end) {
         const auto left = static_cast<std::size_t>(end - bytes);
-        if (left >= blockSize && isAsciiBlock(bytes)) {
-            out = std::copy_n(bytes, blockSize, out);
-            bytes += blockSize;
+        if (left >= byteBlock && isAsciiBlock(bytes)) {
+            out = widenBlock(bytes, out);
+            bytes += byteBlock;
             continue;
         }
-        const unsigned char* const stop = bytes + std::min(left, 2 * blockSize);
+        const unsigned char* const stop = bytes + std::min(left, byteBlock);
         do {
             if (*bytes < 0x80) {
                 *out++ = *bytes++;
             } else {
-                const std::size_t length = decodeSequence(bytes, static_cast<std::size_t>(end - bytes), *out++);
+                const std::size_t length = decodeSequence(bytes, *out++);
                 if (length == 0)
                     return {};
                 bytes += length;

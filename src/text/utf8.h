@@ -9,8 +9,8 @@
 
 namespace xe {
 
-/// Nothing if the bytes are not valid UTF-8.
-std::optional<std::wstring> decodeUtf8(std::string_view bytes);
+/// The elements of a text that ends at its first 0. Nothing if that is not valid UTF-8.
+std::optional<std::wstring> decodeUtf8(const char* text);
 
 /// The text as UTF-8 with a terminator. Null if an element has no UTF-8 form.
 std::unique_ptr<char[]> encodeUtf8(std::wstring_view text);
