@@ -139,18 +139,25 @@ private:
 template <class Array, class Element>
 inline void XeArray<Array, Element>::SetAtGrow(long long index, Argument value)
 {
-    if (index == size && size < capacity)
-        ++size;
-    else if (!holds(index))
-        return growAndSet(index, value);
-    data[index] = value;
+    if (holds(index))
+        data[index] = value;
+    else if (index == size)
+        Add(value);
+    else
+        growAndSet(index, value);
 }
 
+// The size is written behind the element: a byte may lie anywhere, so whatever was written before it is read again.
 template <class Array, class Element>
 inline long long XeArray<Array, Element>::Add(Argument value)
 {
     const long long index = size;
-    SetAtGrow(index, value);
+    if (index < capacity) {
+        data[index] = value;
+        size = index + 1;
+    } else {
+        growAndSet(index, value);
+    }
     return index;
 }
 
