@@ -81,7 +81,7 @@ public:
     /// Decodes UTF-8. Raises std::range_error if that is invalid; there is no fallback encoding.
     CString_X(const char* utf8);
 
-    ~CString_X() { CleanUtf8Mem(); }
+    ~CString_X() { delete[] utf8Cache; }
 
     /// Replaces the wide text; the argument may lie in the object's own storage. The UTF-8 copy stays as it is.
     CString_X& operator=(std::nullptr_t) { return *this = L""; }
