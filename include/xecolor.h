@@ -6,6 +6,20 @@
 
 #include "xedef.h"
 
+// ------------------------------------------------------------------------------------------------ colours and channels
+
+#if !defined(RGB) // a host may have brought them along as macros
+/// The colour of three channels from 0 to 255, of which the lowest 8 bits are taken.
+constexpr COLORREF RGB(int red, int green, int blue)
+{
+    return static_cast<COLORREF>((red & 0xFF) | (green & 0xFF) << 8 | (blue & 0xFF) << 16);
+}
+/// The channels of a colour.
+constexpr BYTE GetRValue(COLORREF color) { return static_cast<BYTE>(color); }
+constexpr BYTE GetGValue(COLORREF color) { return static_cast<BYTE>(color >> 8); }
+constexpr BYTE GetBValue(COLORREF color) { return static_cast<BYTE>(color >> 16); }
+#endif
+
 // ------------------------------------------------------------------------------------------------ the system's colours
 
 inline constexpr int COLOR_MENU = 4;

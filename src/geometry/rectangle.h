@@ -3,7 +3,7 @@
 //  - right and bottom are one past the last pixel, as published: toQRect(), toRect();
 //  - its numbers are the first and the last column and row, as in regions and in the cells of a grid: cornersToQRect(),
 //    toCorners();
-//  - a place, a width and a height: that is QRect(x, y, width, height).
+//  - a place, a width and a height: sizedQRect().
 #pragma once
 
 #include "xedef.h"
@@ -28,6 +28,12 @@ inline QRect toQRect(const tagRECT& rect)
 inline tagRECT toRect(const QRect& rect)
 {
     return {rect.left(), rect.top(), sum(rect.right(), 1), sum(rect.bottom(), 1)};
+}
+
+/// QRect(x, y, width, height) for numbers of any size.
+inline QRect sizedQRect(LONG x, LONG y, LONG width, LONG height)
+{
+    return {QPoint(x, y), QPoint(difference(sum(x, width), 1), difference(sum(y, height), 1))};
 }
 
 inline QRect cornersToQRect(const tagRECT& rect)
