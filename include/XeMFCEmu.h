@@ -6,6 +6,7 @@
 #include "xeafxarc.h"
 #include "xeafxarray.h"
 #include "xeafxcoll.h"
+#include "xeafxdc.h"
 #include "xeafxddx.h"
 #include "xeafxdlg.h"
 #include "xeafxdll.h"

@@ -71,7 +71,7 @@ private:
 // the result is null. That of device contexts writes two handles into a wrapper.
 XE_EXPORT CHandleMap_X* afxMapHWND_X(int create = 0);  ///< of windows; the library leaves it empty
 XE_EXPORT CHandleMap_X* afxMapHMENU_X(int create = 0); ///< of menus
-XE_EXPORT CHandleMap_X* afxMapHDC_X(int create = 0);   ///< of device contexts; permanent wrappers only
+XE_EXPORT CHandleMap_X* afxMapHDC_X(int create = 0);   ///< of device contexts
 XE_EXPORT CHandleMap_X* afxMapHGDIOBJ_X(
     int create = 0); ///< of pens and their like; temporary ones are plain CGdiObject_X
 XE_EXPORT CHandleMap_X* afxMapHIMAGELIST_X(int create = 0); ///< of image lists
