@@ -124,10 +124,11 @@ class XE_EXPORT CDC_X : public CObject_X, public QPainter
     explicit CDC_X(QWidget* widget);
     ~CDC_X() override;
 
-    // ------------------------------------------------------------------------------------------------------- handles
+    // --------------------------------------------------------------------------------------------------------- handles
     // A handle is any value of the host's; nothing is drawn through it.
 
-    /// Takes the handle, enters the context in the handle map under it and passes it to SetAttribDC(). 0 for null, else 1.
+    /// Takes the handle, enters the context in the handle map under it and passes it to SetAttribDC(). 0 for null, else
+    /// 1.
     int Attach(void* handle);
     /// Gives the handle up, and calls ReleaseAttribDC(). The old handle, null without one.
     void* Detach();
@@ -141,7 +142,7 @@ class XE_EXPORT CDC_X : public CObject_X, public QPainter
     virtual void SetAttribDC(void* handle);
     virtual void ReleaseAttribDC();
 
-    // --------------------------------------------------------------------------------------------------- coordinates
+    // ----------------------------------------------------------------------------------------------------- coordinates
 
     /// Moves the painter's viewport there. The old origin.
     CPoint SetViewportOrg(int x, int y);
@@ -160,7 +161,7 @@ class XE_EXPORT CDC_X : public CObject_X, public QPainter
     void DPtoLP(tagRECT* rect) const;
     void DPtoLP(tagSIZE* size) const;
 
-    // --------------------------------------------------------------------------------------------------------- state
+    // ----------------------------------------------------------------------------------------------------------- state
     // A setter gives the old value. A literal such as `SetTextColor(0)` is the form with a palette index, unlike
     // `SetTextColor(RGB(0, 0, 0))`.
 
@@ -204,7 +205,7 @@ class XE_EXPORT CDC_X : public CObject_X, public QPainter
     CPalette_X* SelectPalette(CPalette_X* palette, BOOL background);
     UINT RealizePalette() { return 0; } ///< nothing, 0
 
-    // ------------------------------------------------------------------------------------------------------- drawing
+    // --------------------------------------------------------------------------------------------------------- drawing
 
     int MoveTo(int x, int y); ///< 1, unlike the published function
     int MoveTo(tagPOINT point) { return MoveTo(point.x, point.y); }
@@ -266,17 +267,17 @@ class XE_EXPORT CDC_X : public CObject_X, public QPainter
     }
 
     int DrawEdge(const tagRECT* rect, UINT edge, UINT flags); ///< DrawEdge_X()
-    /// Draws the rectangle by pen and brush: BLACKNESS and WHITENESS with a brush of that colour, DSTINVERT and PATINVERT
-    /// in Qt's raster operations, anything else plainly. The pen draws its outline each time, and DSTINVERT under no
-    /// brush inverts the outline alone, unlike the published function. 1.
+    /// Draws the rectangle by pen and brush: BLACKNESS and WHITENESS with a brush of that colour, DSTINVERT and
+    /// PATINVERT in Qt's raster operations, anything else plainly. The pen draws its outline each time, and DSTINVERT
+    /// under no brush inverts the outline alone, unlike the published function. 1.
     int PatBlt(int x, int y, int width, int height, UINT operation);
     /// Inverts the colours, and converts the caller's rectangle by LPtoDP().
     ///
-    /// On an image: what the converted rectangle covers of it, whatever the clip; each pixel becomes opaque. On a widget:
-    /// what has been painted so far, right and bottom edge included. On anything else nothing.
+    /// On an image: what the converted rectangle covers of it, whatever the clip; each pixel becomes opaque. On a
+    /// widget: what has been painted so far, right and bottom edge included. On anything else nothing.
     void InvertRect(tagRECT* rect);
 
-    // ---------------------------------------------------------------------------------------------------------- text
+    // ------------------------------------------------------------------------------------------------------------ text
 
     /// Width and height of a line of text in the painter's font.
     CSize GetOutputTextExtent(const CString_X& text) const;
@@ -291,7 +292,7 @@ class XE_EXPORT CDC_X : public CObject_X, public QPainter
     /// The first `length` UTF-16 units; all up to the terminator for a negative length.
     int DrawText(const wchar_t* text, int length, const tagRECT* rect, int flags);
 
-    // ------------------------------------------------------------------------------------------------ regions, clip
+    // --------------------------------------------------------------------------------------------------- regions, clip
 
     /// Makes the region the clip; nothing without a handle: unlike with the published function, null does not take the
     /// clip away. 0.
@@ -314,23 +315,23 @@ class XE_EXPORT CDC_X : public CObject_X, public QPainter
 
     int FillRgn(CRgn_X* region, CBrush_X* brush); ///< 1; 0 without a handle of either
     int PaintRgn(CRgn_X* region);                 ///< with the painter's brush
-    /// Draws a frame around the rectangle that bounds the region, `width` and `height` thick: outside it at the left and
-    /// the top, over its last column and row at the right and the bottom. 1; 0 without a handle of either.
+    /// Draws a frame around the rectangle that bounds the region, `width` and `height` thick: outside it at the left
+    /// and the top, over its last column and row at the right and the bottom. 1; 0 without a handle of either.
     int FrameRgn(CRgn_X* region, CBrush_X* brush, int width, int height);
     /// Turns the region white, whatever was there, and leaves the clip narrowed and the composition mode changed. 0.
     int InvertRgn(CRgn_X* region);
 
-    // -------------------------------------------------------------------------------------------------- overridables
+    // ---------------------------------------------------------------------------------------------------- overridables
 
-    /// A solid white, light grey, grey, dark grey or black brush, or a white or black pen. Nothing for NULL_BRUSH and for
-    /// an index beyond. Always null.
+    /// A solid white, light grey, grey, dark grey or black brush, or a white or black pen. Nothing for NULL_BRUSH and
+    /// for an index beyond. Always null.
     virtual CGdiObject_X* SelectStockObject(int index);
     /// QPainter::save(): text colour, current position and working palette are not saved. 0.
     virtual int SaveDC();
     /// QPainter::restore(), one step, whatever `level` is. 1.
     virtual int RestoreDC(int level);
 
-    // -------------------------------------------------------------------------------------------------------- fields
+    // ---------------------------------------------------------------------------------------------------------- fields
 
     CPoint m_ptCurrent;             ///< the current position
     void* m_hDC = nullptr;          ///< by Attach()
@@ -360,11 +361,11 @@ public:
     ~CClientDC_X() override;
 };
 
-// --------------------------------------------------------------------------------------------------- free functions
+// ------------------------------------------------------------------------------------------------------ free functions
 
-/// Qt's text flags for DT_ flags: an alignment of DT_RIGHT, DT_VCENTER and DT_CENTER, which centres vertically too, with
-/// the flags for DT_SINGLELINE, DT_WORDBREAK and DT_NOPREFIX. Under the last one Qt takes the "&" out of "A&B", unlike
-/// the published function: a text needs "&&". All other flags give nothing.
+/// Qt's text flags for DT_ flags: an alignment of DT_RIGHT, DT_VCENTER and DT_CENTER, which centres vertically too,
+/// with the flags for DT_SINGLELINE, DT_WORDBREAK and DT_NOPREFIX. Under the last one Qt takes the "&" out of "A&B",
+/// unlike the published function: a text needs "&&". All other flags give nothing.
 XE_EXPORT int ToQtTextFlag(UINT format);
 
 /// CDC_X::DrawText() in GetTextColor(), whether a text colour has been set or not. 0 for a null context.

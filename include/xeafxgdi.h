@@ -16,7 +16,7 @@
 class CDC_X;
 class CFont_X; ///< a host's class over QFont: the library takes its address for that of a QFont
 
-// ------------------------------------------------------------------------------------------------------------ numbers
+// ------------------------------------------------------------------------------------------------------------- numbers
 
 inline constexpr int PS_SOLID = 0;
 inline constexpr int PS_DASH = 1;
@@ -39,7 +39,7 @@ inline constexpr int HS_BDIAGONAL = 3;
 inline constexpr int HS_CROSS = 4;
 inline constexpr int HS_DIAGCROSS = 5;
 
-// ------------------------------------------------------------------------------------------------------------ records
+// ------------------------------------------------------------------------------------------------------------- records
 
 struct tagLOGPEN
 {
@@ -115,7 +115,7 @@ using IfNumber = std::enable_if_t<std::is_integral_v<Number>>;
 
 } // namespace xe::detail
 
-// -------------------------------------------------------------------------------------------------------- the base class
+// ------------------------------------------------------------------------------------------------------ the base class
 
 /// What pens, brushes, bitmaps, palettes and regions have in common: a handle, the address of a Qt value on the heap.
 ///
@@ -172,7 +172,7 @@ private:
     void* m_held = nullptr; // the handle that this object is counted as a holder of
 };
 
-// -------------------------------------------------------------------------------------------------------------- pens
+// ---------------------------------------------------------------------------------------------------------------- pens
 
 /// A pen: the handle is a QPen*.
 class XE_EXPORT CPen_X : public CGdiObject_X
@@ -220,7 +220,7 @@ class XE_EXPORT CPen_X : public CGdiObject_X
     static int mapToMfcPenStyle(Qt::PenStyle style);
 };
 
-// ------------------------------------------------------------------------------------------------------------ bitmaps
+// ------------------------------------------------------------------------------------------------------------- bitmaps
 
 /// A picture: the handle is a QImage*.
 class XE_EXPORT CBitmap_X : public CGdiObject_X
@@ -272,7 +272,7 @@ class XE_EXPORT CBitmap_X : public CGdiObject_X
     static bool bitDepthIsCorrrect(int depth, QImage::Format& format);
 };
 
-// ------------------------------------------------------------------------------------------------------------ brushes
+// ------------------------------------------------------------------------------------------------------------- brushes
 
 /// A brush: the handle is a QBrush*.
 class XE_EXPORT CBrush_X : public CGdiObject_X
@@ -317,7 +317,7 @@ class XE_EXPORT CBrush_X : public CGdiObject_X
     static void mapToHatchStyle(Qt::BrushStyle brushStyle, int& style, int& hatch);
 };
 
-// ----------------------------------------------------------------------------------------------------------- palettes
+// ------------------------------------------------------------------------------------------------------------ palettes
 
 /// A table of colours. It has no handle at any time: GetEntryCount() tells whether there is anything in it.
 class XE_EXPORT CPalette_X : public CGdiObject_X
@@ -329,8 +329,8 @@ class XE_EXPORT CPalette_X : public CGdiObject_X
     CPalette_X() = default;
     ~CPalette_X() override;
 
-    /// Appends the record's entries to those that are there: unlike the published function it may be called again. 0 for
-    /// null, otherwise 1. Want of memory raises std::bad_alloc, here and in ResizePalette().
+    /// Appends the record's entries to those that are there: unlike the published function it may be called again. 0
+    /// for null, otherwise 1. Want of memory raises std::bad_alloc, here and in ResizePalette().
     BOOL CreatePalette(const tagLOGPALETTE* palette);
     /// Makes nothing and gives 0.
     BOOL CreateHalftonePalette(CDC_X* dc);
@@ -338,8 +338,8 @@ class XE_EXPORT CPalette_X : public CGdiObject_X
     BOOL ResizePalette(UINT count);
 
     int GetEntryCount() const { return m_entries.size(); }
-    /// How many of `count` entries there are from `start` on. It copies nothing, unlike the published function: `entries`
-    /// is left as it is, and null gives 0.
+    /// How many of `count` entries there are from `start` on. It copies nothing, unlike the published function:
+    /// `entries` is left as it is, and null gives 0.
     UINT GetPaletteEntries(UINT start, UINT count, tagPALETTEENTRY* entries) const;
     /// Copies entries into the table, up to its end, and gives their number. Unlike the published function a `count` of
     /// 0 goes on to the end of the table and reads as many entries. 0 for null and for a start behind the table.

@@ -10,7 +10,7 @@ class CArchive_X;
 class CDC_X;
 class CWnd_X;
 
-// ------------------------------------------------------------------------------------------------------------ numbers
+// ------------------------------------------------------------------------------------------------------------- numbers
 
 inline constexpr COLORREF CLR_NONE = 0xFFFFFFFF;
 inline constexpr COLORREF CLR_DEFAULT = 0xFF000000;
@@ -41,7 +41,7 @@ inline constexpr DWORD ILS_NORMAL = 0x0;
 inline constexpr UINT ILCF_MOVE = 0; ///< the source keeps its image, unlike the published name says
 inline constexpr UINT ILCF_SWAP = 1;
 
-// ------------------------------------------------------------------------------------------------------------ records
+// ------------------------------------------------------------------------------------------------------------- records
 
 struct _IMAGEINFO
 {
@@ -158,8 +158,9 @@ class XE_EXPORT CImageList_X : public CObject_X
     /// The same with the source in another list; equal indices give 0 here too. 0 for a null list.
     BOOL Copy(int destination, CImageList_X* list, int source, UINT flags = ILCF_MOVE);
 
-    /// Writes the picture, a QImage* that stays the bitmap's, into `hbmImage` and its size, from (0, 0), into `rcImage`;
-    /// no other field. 0 for an index beyond the list, for a bitmap without a picture and for null, otherwise 1.
+    /// Writes the picture, a QImage* that stays the bitmap's, into `hbmImage` and its size, from (0, 0), into
+    /// `rcImage`; no other field. 0 for an index beyond the list, for a bitmap without a picture and for null,
+    /// otherwise 1.
     BOOL GetImageInfo(int index, _IMAGEINFO* info) const;
     /// The picture, a QImage* that stays the bitmap's; null as GetImageInfo() gives 0.
     HICON ExtractIcon(int index) const;
@@ -174,7 +175,7 @@ class XE_EXPORT CImageList_X : public CObject_X
     /// picture at once, and `overlay` is an index. 1; 0 for an index beyond the list and without one of the pictures.
     BOOL SetOverlayImage(int image, int overlay);
 
-    // ------------------------------------------------------------------------ without effect: all give 0, false or null
+    // ----------------------------------------------------------------------- without effect: all give 0, false or null
 
     BOOL Draw(CDC_X* dc, int index, POINT at, UINT style);
     BOOL DrawEx(CDC_X* dc, int index, POINT at, SIZE size, COLORREF background, COLORREF foreground, UINT style);

@@ -6,7 +6,7 @@
 
 class CDC_X;
 
-// ------------------------------------------------------------------------------------------------------------ numbers
+// ------------------------------------------------------------------------------------------------------------- numbers
 
 // How CRgn_X::CombineRgn() combines.
 inline constexpr int RGN_AND = 1;
@@ -27,7 +27,7 @@ inline constexpr int NULLREGION = 1;
 inline constexpr int SIMPLEREGION = 2;
 inline constexpr int COMPLEXREGION = 3;
 
-// ------------------------------------------------------------------------------------------------------------ records
+// ------------------------------------------------------------------------------------------------------------- records
 
 struct tagXFORM
 {
@@ -65,8 +65,8 @@ using LPRGNDATA = _RGNDATA*;
 /// A set of pixels: the handle is a QRegion*.
 ///
 /// The four numbers of a rectangle are its first and its last column and row, so that a region is one pixel wider and
-/// higher than the published one of the same numbers, and than what CDC_X draws with them. Swapped corners give an empty
-/// region.
+/// higher than the published one of the same numbers, and than what CDC_X draws with them. Swapped corners give an
+/// empty region.
 ///
 /// A `Create` function lets go of a region held before without freeing it, as Attach() does; SetRectRgn() and
 /// CombineRgn() free it. A null region, and one without a handle, counts as empty.
@@ -104,13 +104,13 @@ class XE_EXPORT CRgn_X : public CGdiObject_X
     BOOL SetRectRgn(int left, int top, int right, int bottom);
     BOOL SetRectRgn(const tagRECT* rect); ///< 0 for null, with nothing changed
 
-    /// Makes this region what `mode` makes of two others, either of which may be this one. What the object held is freed
-    /// unless another object holds it too. RGN_COPY unites as RGN_OR does; another number makes it empty. 1: the result
-    /// is not a kind of region, unlike the published one.
+    /// Makes this region what `mode` makes of two others, either of which may be this one. What the object held is
+    /// freed unless another object holds it too. RGN_COPY unites as RGN_OR does; another number makes it empty. 1: the
+    /// result is not a kind of region, unlike the published one.
     int CombineRgn(const CRgn_X* a, const CRgn_X* b, int mode);
-    /// Takes the other object's region, which both hold from now on: OffsetRgn() of one moves both. Unlike the published
-    /// function this is no copy; CombineRgn(&other, nullptr, RGN_OR) makes one. What the object held is not freed. 1; 0
-    /// if the other has no handle, and then this one has none either. Of itself nothing, 1.
+    /// Takes the other object's region, which both hold from now on: OffsetRgn() of one moves both. Unlike the
+    /// published function this is no copy; CombineRgn(&other, nullptr, RGN_OR) makes one. What the object held is not
+    /// freed. 1; 0 if the other has no handle, and then this one has none either. Of itself nothing, 1.
     int CopyRgn(const CRgn_X* other);
 
     /// Whether both hold the same region, or neither holds one. Regions of equal shape are not equal here.
@@ -118,8 +118,8 @@ class XE_EXPORT CRgn_X : public CGdiObject_X
     /// Moves the region, in every object that holds it. 0; -1 without a handle.
     int OffsetRgn(int dx, int dy);
     int OffsetRgn(tagPOINT by);
-    /// Writes the smallest rectangle around the region, right and bottom one past it. SIMPLEREGION whatever the shape; 0
-    /// without a handle.
+    /// Writes the smallest rectangle around the region, right and bottom one past it. SIMPLEREGION whatever the shape;
+    /// 0 without a handle.
     int GetRgnBox(tagRECT* rect) const;
     /// Whether the point is in the region; 0 without a handle.
     BOOL PtInRegion(int x, int y) const;

@@ -39,7 +39,7 @@ int collated(const std::wstring& left, const std::wstring& right)
         .compare(left.data(), left.data() + left.size(), right.data(), right.data() + right.size());
 }
 
-// Whether an address lies in a block, which starts of other objects' blocks cannot be compared with by `<`.
+// Whether an address lies in a block. Addresses in different objects have no order by `<`.
 bool isWithin(const wchar_t* address, const wchar_t* first, const wchar_t* last)
 {
     return std::less_equal<>()(first, address) && std::less_equal<>()(address, last);
