@@ -1,4 +1,4 @@
-# How a test, or any other program that ctest runs, registers itself.
+# How tests, and any other program that ctest runs, register themselves.
 
 # xe_register_run(<name> [X11] [TIMEOUT <seconds>] [LABELS <label>...] COMMAND <program> [<argument>...])
 #   Makes ctest run the command in the surroundings that tests/support/in-test-env gives: an empty home of its own below
@@ -21,20 +21,69 @@ function(xe_register_run name)
     endif()
 endfunction()
 
-# xe_add_test(<name> SOURCES <file>... [LIBRARIES <target>...] [RESOURCES <qrc file>...]
-#             [ENVIRONMENT <NAME=value>...] [X11] [TIMEOUT <seconds>])
-#   Builds a QtTest program and registers it under its name.
-function(xe_add_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "X11" "TIMEOUT" "SOURCES;LIBRARIES;RESOURCES;ENVIRONMENT")
-    add_executable(${name} ${arg_SOURCES} ${arg_RESOURCES})
-    set_target_properties(${name} PROPERTIES AUTORCC ON)
-    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests/support)
-    target_link_libraries(${name} PRIVATE XeMFCEmu::XeMFCEmu Qt5::Test ${arg_LIBRARIES})
-    target_precompile_headers(${name} REUSE_FROM xe_test_pch)
+# xe_test_needs(<class>... [X11] [TIMEOUT <seconds>] [ENVIRONMENT <NAME=value>...])
+#   What the test classes, named as their files are, run with. To be said ahead of their program.
+function(xe_test_needs)
+    cmake_parse_arguments(PARSE_ARGV 0 arg "X11" "TIMEOUT" "ENVIRONMENT")
+    foreach(class IN LISTS arg_UNPARSED_ARGUMENTS)
+        set(options TIMEOUT "${arg_TIMEOUT}")
+        if(arg_X11)
+            list(APPEND options X11)
+        endif()
+        set_property(DIRECTORY PROPERTY xe_options_${class} ${options})
+        set_property(DIRECTORY PROPERTY xe_environment_${class} "${arg_ENVIRONMENT}")
+    endforeach()
+endfunction()
 
-    set(options TIMEOUT ${arg_TIMEOUT})
-    if(arg_X11)
-        list(APPEND options X11)
+# xe_add_test_program(<name> [TESTS <file>...] [SOURCES <file>...] [LIBRARIES <target>...])
+#   Builds a program of test classes, each in a file tst_<class>.cpp, and registers each class for a run of its own.
+#   Without TESTS it takes all such files of this folder and those below it that no program has taken before.
+#   SOURCES are what the tests need beside them, Qt resources too; a header there has classes with meta-objects.
+function(xe_add_test_program name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "TESTS;SOURCES;LIBRARIES")
+    if(NOT arg_TESTS)
+        file(GLOB_RECURSE arg_TESTS CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} tst_*.cpp)
+        get_property(taken DIRECTORY PROPERTY xe_taken)
+        list(REMOVE_ITEM arg_TESTS "" ${taken})
     endif()
-    xe_register_run(${name} ${options} COMMAND ${arg_ENVIRONMENT} $<TARGET_FILE:${name}>)
+    set_property(DIRECTORY APPEND PROPERTY xe_taken ${arg_TESTS})
+
+    add_executable(${name} ${arg_TESTS} ${arg_SOURCES} $<TARGET_OBJECTS:xe_test_main>)
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} PRIVATE xe_test_code ${arg_LIBRARIES})
+    target_precompile_headers(${name} REUSE_FROM xe_test_main)
+    set_target_properties(${name} PROPERTIES AUTOMOC OFF)
+    set(headers ${arg_SOURCES})
+    list(FILTER headers INCLUDE REGEX "\\.h$")
+    xe_make_meta_objects(${name} ${arg_TESTS} ${headers})
+    foreach(file IN LISTS arg_TESTS)
+        xe_register_test_class(${file} ${name})
+    endforeach()
+endfunction()
+
+# xe_add_lone_test(<file> [SOURCES <file>...] [LIBRARIES <target>...])
+#   The same for one class that needs a program to itself, say because it replaces a function of the whole process.
+function(xe_add_lone_test file)
+    get_filename_component(class ${file} NAME_WE)
+    string(REPLACE tst_ test_ program ${class})
+    xe_add_test_program(${program} TESTS ${file} ${ARGN})
+endfunction()
+
+# The meta-objects of foo.cpp or foo.h are the file foo.moc, which a source includes. A moc that sees no include folder
+# reads the one file only, and is done at once.
+function(xe_make_meta_objects target)
+    set(folder ${CMAKE_CURRENT_BINARY_DIR}/${target}_moc)
+    target_include_directories(${target} PRIVATE ${folder})
+    foreach(file IN LISTS ARGN)
+        get_filename_component(stem ${file} NAME_WE)
+        qt5_generate_moc(${file} ${folder}/${stem}.moc)
+        target_sources(${target} PRIVATE ${folder}/${stem}.moc)
+    endforeach()
+endfunction()
+
+function(xe_register_test_class file program)
+    get_filename_component(class ${file} NAME_WE)
+    get_property(options DIRECTORY PROPERTY xe_options_${class})
+    get_property(environment DIRECTORY PROPERTY xe_environment_${class})
+    xe_register_run(${class} ${options} COMMAND ${environment} $<TARGET_FILE:${program}> ${class})
 endfunction()

@@ -1,0 +1,3 @@
+#include "hookstage.h"
+
+#include "hookstage.moc"

@@ -1,0 +1,3 @@
+#include "inquirywindow.h"
+
+#include "inquirywindow.moc"

@@ -1,0 +1,10 @@
+#define IDC_TEXT 1001
+#define IDC_CHECK 1002
+#define IDC_GROUP 1003
+#define IDC_SPIN 1004
+#define IDC_ABSENT 1005
+#define IDC_STATIC (-1)
+#define IDC_NAME 1101
+#define IDC_COUNT 1102
+#define IDC_OTHER 1103
+#define IDC_NOWHERE 1104

@@ -1,4 +1,0 @@
-#define IDC_NAME 1001
-#define IDC_COUNT 1002
-#define IDC_OTHER 1003
-#define IDC_NOWHERE 1004
