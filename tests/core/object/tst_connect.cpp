@@ -1,4 +1,5 @@
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <xeafx.h>
 
@@ -283,5 +284,5 @@ void tst_Connect::anEmptyNameIsNoName()
     QCOMPARE(receiver.calls, QStringList());
 }
 
-QTEST_MAIN(tst_Connect)
+XE_TEST(tst_Connect)
 #include "tst_connect.moc"

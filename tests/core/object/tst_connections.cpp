@@ -1,5 +1,6 @@
 #include "core/connections.h"
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <xeafx.h>
 
@@ -99,7 +100,7 @@ private:
 QString tst_Connections::describe(const QObject& receiver)
 {
     QStringList words;
-    for (const IncomingConnection& c : incomingConnections(&receiver)) {
+    for (const xe::IncomingConnection& c : xe::incomingConnections(&receiver)) {
         words +=
             QStringLiteral("%1>%2:%3")
                 .arg(QString::fromLatin1(c.signal.methodSignature()), QString::fromLatin1(c.method.methodSignature()))
@@ -139,7 +140,7 @@ void tst_Connections::whatAConnectionSays()
     Form form;
     QVERIFY(connect(&sender, SIGNAL(changed(int)), &form, SLOT(onChanged(int)), Qt::ConnectionType(type)));
 
-    const QVector<IncomingConnection> found = incomingConnections(&form);
+    const QVector<xe::IncomingConnection> found = xe::incomingConnections(&form);
     QCOMPARE(found.size(), 1);
     QCOMPARE(found[0].sender, &sender);
     QCOMPARE(found[0].signal, QMetaMethod::fromSignal(&Announcer::changed));
@@ -221,7 +222,7 @@ void tst_Connections::manySendersAndSignals()
         connect(senders.back().get(), SIGNAL(changed(int)), &form, SLOT(onChanged(int)));
         connect(senders.back().get(), SIGNAL(done()), &form, SLOT(onDone()));
     }
-    const QVector<IncomingConnection> found = incomingConnections(&form);
+    const QVector<xe::IncomingConnection> found = xe::incomingConnections(&form);
     QCOMPARE(found.size(), 200);
     for (int i = 0; i < found.size(); ++i) {
         const bool isDone = i % 2 == 0; // newest first
@@ -243,11 +244,11 @@ void tst_Connections::isConnectedLooksAtAllFour()
     const QMetaMethod onChanged = form.metaObject()->method(form.metaObject()->indexOfSlot("onChanged(int)"));
     const QMetaMethod onDone = form.metaObject()->method(form.metaObject()->indexOfSlot("onDone()"));
 
-    QVERIFY(isConnected(&sender, changed, &form, onChanged));
-    QVERIFY(!isConnected(&otherSender, changed, &form, onChanged));
-    QVERIFY(!isConnected(&sender, done, &form, onChanged));
-    QVERIFY(!isConnected(&sender, changed, &otherForm, onChanged));
-    QVERIFY(!isConnected(&sender, changed, &form, onDone));
+    QVERIFY(xe::isConnected(&sender, changed, &form, onChanged));
+    QVERIFY(!xe::isConnected(&otherSender, changed, &form, onChanged));
+    QVERIFY(!xe::isConnected(&sender, done, &form, onChanged));
+    QVERIFY(!xe::isConnected(&sender, changed, &otherForm, onChanged));
+    QVERIFY(!xe::isConnected(&sender, changed, &form, onDone));
 }
 
 // ---------------------------------------------------------------------------------------- moving slots to a wrapper
@@ -459,5 +460,5 @@ void tst_Connections::nothingToMove()
     QCOMPARE(describe(wrapper), QString());
 }
 
-QTEST_MAIN(tst_Connections)
+XE_TEST(tst_Connections)
 #include "tst_connections.moc"

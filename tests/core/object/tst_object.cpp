@@ -1,4 +1,5 @@
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <xeafx.h>
 #include <xeafxdump.h>
@@ -499,5 +500,5 @@ void tst_Object::waitCursorNeedsAWidget()
     QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
 }
 
-QTEST_MAIN(tst_Object)
+XE_TEST(tst_Object)
 #include "tst_object.moc"

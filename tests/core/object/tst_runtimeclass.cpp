@@ -1,4 +1,5 @@
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <xeafxwin.h>
 
@@ -468,5 +469,5 @@ void tst_RuntimeClass::aFactoryThatGivesNothing()
     QCOMPARE(CObject_X::FromImpMetaObject(&ImpScratch::staticMetaObject), nullptr);
 }
 
-QTEST_MAIN(tst_RuntimeClass)
+XE_TEST(tst_RuntimeClass)
 #include "tst_runtimeclass.moc"

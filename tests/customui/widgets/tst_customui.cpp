@@ -1,3 +1,5 @@
+#include "testclass.h"
+
 #include <XeCustomUI.h>
 
 #include <QtTest>
@@ -90,5 +92,5 @@ void tst_CustomUi::comboBoxTakesAField()
     QCOMPARE(box.lineEdit(), field);
 }
 
-QTEST_MAIN(tst_CustomUi)
+XE_TEST(tst_CustomUi)
 #include "tst_customui.moc"

@@ -2,6 +2,7 @@
 
 #include "archivefiles.h"
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include "data/archivelimits.h"
 
@@ -433,5 +434,5 @@ void tst_Archive::bytesLeftOfOtherArchives()
     QCOMPARE(xe::bytesLeft(loading), 0ULL);
 }
 
-QTEST_MAIN(tst_Archive)
+XE_TEST(tst_Archive)
 #include "tst_archive.moc"

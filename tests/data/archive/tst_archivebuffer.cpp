@@ -2,6 +2,7 @@
 
 #include "archivefiles.h"
 #include "leavenothing.h"
+#include "testclass.h"
 
 class tst_ArchiveBuffer : public QObject
 {
@@ -319,5 +320,5 @@ void tst_ArchiveBuffer::aFileThatGivesMoreThanAsked()
     QVERIFY(archive.bufferEnd <= archive.bufferStart + 128);
 }
 
-QTEST_MAIN(tst_ArchiveBuffer)
+XE_TEST(tst_ArchiveBuffer)
 #include "tst_archivebuffer.moc"

@@ -2,6 +2,7 @@
 
 #include "archivefiles.h"
 #include "leavenothing.h"
+#include "testclass.h"
 
 class tst_ArchiveDirect : public QObject
 {
@@ -285,5 +286,5 @@ void tst_ArchiveDirect::thePositionAfterwards()
     QCOMPARE(file.GetPosition(), 4ULL);
 }
 
-QTEST_MAIN(tst_ArchiveDirect)
+XE_TEST(tst_ArchiveDirect)
 #include "tst_archivedirect.moc"

@@ -2,6 +2,7 @@
 
 #include "archivefiles.h"
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <new>
 
@@ -200,5 +201,5 @@ void tst_ArchiveEnd::aHostileLengthBeforeManyBytes()
     QCOMPARE(text, CString_X(L"old"));
 }
 
-QTEST_MAIN(tst_ArchiveEnd)
+XE_TEST(tst_ArchiveEnd)
 #include "tst_archiveend.moc"

@@ -2,6 +2,7 @@
 
 #include "archivefiles.h"
 #include "leavenothing.h"
+#include "testclass.h"
 #include "textrows.h"
 
 #include <limits>
@@ -275,5 +276,5 @@ void tst_ArchiveFormat::objectsAreNotStored()
     QCOMPARE(byte, 'x');
 }
 
-QTEST_MAIN(tst_ArchiveFormat)
+XE_TEST(tst_ArchiveFormat)
 #include "tst_archiveformat.moc"

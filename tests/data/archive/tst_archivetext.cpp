@@ -2,6 +2,7 @@
 
 #include "archivefiles.h"
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <limits>
 
@@ -214,5 +215,5 @@ void tst_ArchiveText::aLineThatWasNotEmptiedBefore()
     });
 }
 
-QTEST_MAIN(tst_ArchiveText)
+XE_TEST(tst_ArchiveText)
 #include "tst_archivetext.moc"

@@ -10,7 +10,7 @@
 
 /// An array with its protected members in the open.
 template <class Array>
-struct Open : Array
+struct OpenArray : Array
 {
     using Array::capacity;
     using Array::data;
@@ -68,7 +68,7 @@ int numberOf(const Element& value)
 
 /// The elements as numbers, with blanks between them.
 template <class Array>
-QString shown(const Open<Array>& array)
+QString shown(const OpenArray<Array>& array)
 {
     QStringList texts;
     for (long long i = 0; i < array.GetSize(); ++i)
@@ -78,18 +78,18 @@ QString shown(const Open<Array>& array)
 
 /// Makes the array hold these numbers, in a block of their size and without a step.
 template <class Array>
-void fill(Open<Array>& array, std::initializer_list<int> numbers)
+void fill(OpenArray<Array>& array, std::initializer_list<int> numbers)
 {
     array.SetSize(0, 0);
     array.SetSize(static_cast<long long>(numbers.size()), -1);
     long long index = 0;
     for (const int number : numbers)
-        array.data[index++] = elementOf<typename Open<Array>::Element>(number);
+        array.data[index++] = elementOf<typename OpenArray<Array>::Element>(number);
 }
 
 /// Changes the array and gives it as numbers, behind "raises: " if the change does that.
 template <class Array, class Change>
-QString changed(Open<Array>& array, Change change)
+QString changed(OpenArray<Array>& array, Change change)
 {
     const bool raised = raises([&] { change(); });
     const QString broken = array.checkSanity();
@@ -122,7 +122,7 @@ void rowsForEachClass(const char* aspect, AddRow addRow)
 template <class Array, class Check>
 void checkNewArray(Check check)
 {
-    Open<Array> array;
+    OpenArray<Array> array;
     check(array);
     QCOMPARE(array.checkSanity(), QString());
 }

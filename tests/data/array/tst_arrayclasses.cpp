@@ -1,9 +1,10 @@
 #include "openarray.h"
+#include "testclass.h"
 
 #include <memory>
 
 /// The seven array classes as classes: run-time records, ownership, and the example of the header.
-class TestArrayClasses : public QObject
+class tst_ArrayClasses : public QObject
 {
     Q_OBJECT
 
@@ -16,7 +17,7 @@ private slots:
     void apiExample();
 };
 
-void TestArrayClasses::runtimeClass()
+void tst_ArrayClasses::runtimeClass()
 {
     withArray([](auto& array) {
         CRuntimeClass_X* const record = array.GetRuntimeClass();
@@ -30,7 +31,7 @@ void TestArrayClasses::runtimeClass()
     });
 }
 
-void TestArrayClasses::creation_data()
+void tst_ArrayClasses::creation_data()
 {
     QTest::addColumn<int>("arrayClass");
     QTest::addColumn<bool>("creatable");
@@ -41,7 +42,7 @@ void TestArrayClasses::creation_data()
     }
 }
 
-void TestArrayClasses::creation()
+void tst_ArrayClasses::creation()
 {
     QFETCH(bool, creatable);
     withArray([&](auto& array) {
@@ -52,7 +53,7 @@ void TestArrayClasses::creation()
     });
 }
 
-void TestArrayClasses::objectsAreNotOwned()
+void tst_ArrayClasses::objectsAreNotOwned()
 {
     CObject_X object;
     QSignalSpy gone(&object, &QObject::destroyed);
@@ -68,7 +69,7 @@ void TestArrayClasses::objectsAreNotOwned()
     QCOMPARE(gone.count(), 0);
 }
 
-void TestArrayClasses::apiExample()
+void tst_ArrayClasses::apiExample()
 {
     CDWordArray_X codes;
     codes.Add(17);
@@ -81,5 +82,5 @@ void TestArrayClasses::apiExample()
     QCOMPARE(codes[1], 42U);
 }
 
-QTEST_APPLESS_MAIN(TestArrayClasses)
+XE_APPLESS_TEST(tst_ArrayClasses)
 #include "tst_arrayclasses.moc"

@@ -1,4 +1,5 @@
 #include "openarray.h"
+#include "testclass.h"
 
 #include <climits>
 
@@ -24,7 +25,7 @@ void rangeColumns()
 } // namespace
 
 /// Reading, writing, insertion and removal of elements.
-class TestArrayElements : public QObject
+class tst_ArrayElements : public QObject
 {
     Q_OBJECT
 
@@ -57,7 +58,7 @@ private slots:
     void anElementOfItsOwn();
 };
 
-void TestArrayElements::access()
+void tst_ArrayElements::access()
 {
     withArray([](auto& array) {
         using Element = ElementOf<decltype(array)>;
@@ -79,7 +80,7 @@ void TestArrayElements::access()
     });
 }
 
-void TestArrayElements::indicesOutside()
+void tst_ArrayElements::indicesOutside()
 {
     withArray([](auto& array) {
         using Element = ElementOf<decltype(array)>;
@@ -98,7 +99,7 @@ void TestArrayElements::indicesOutside()
     });
 }
 
-void TestArrayElements::setAtGrow()
+void tst_ArrayElements::setAtGrow()
 {
     withArray([](auto& array) {
         const auto setAt = [&](long long index) {
@@ -116,7 +117,7 @@ void TestArrayElements::setAtGrow()
     });
 }
 
-void TestArrayElements::add()
+void tst_ArrayElements::add()
 {
     withArray([](auto& array) {
         for (int i = 0; i < 3; ++i)
@@ -128,7 +129,7 @@ void TestArrayElements::add()
     });
 }
 
-void TestArrayElements::insert_data()
+void tst_ArrayElements::insert_data()
 {
     rangeColumns();
     rangeRow("at the front", 0, 1, "9 1 2 3 4 5");
@@ -147,7 +148,7 @@ void TestArrayElements::insert_data()
     rangeRow("the largest index", LLONG_MAX, 1, "raises: 1 2 3 4 5");
 }
 
-void TestArrayElements::insert()
+void tst_ArrayElements::insert()
 {
     QFETCH(qlonglong, index);
     QFETCH(qlonglong, count);
@@ -167,7 +168,7 @@ void TestArrayElements::insert()
     });
 }
 
-void TestArrayElements::insertFarBehindTheEnd()
+void tst_ArrayElements::insertFarBehindTheEnd()
 {
     withArray([](auto& array) {
         fill(array, {1, 2, 3, 4, 5});
@@ -177,7 +178,7 @@ void TestArrayElements::insertFarBehindTheEnd()
     });
 }
 
-void TestArrayElements::insertEmpty()
+void tst_ArrayElements::insertEmpty()
 {
     withArray([](auto& array) {
         for (const long long room : {0, 100}) {
@@ -190,7 +191,7 @@ void TestArrayElements::insertEmpty()
     });
 }
 
-void TestArrayElements::insertArray()
+void tst_ArrayElements::insertArray()
 {
     withArray([](auto& array) {
         std::decay_t<decltype(array)> source;
@@ -216,7 +217,7 @@ void TestArrayElements::insertArray()
     });
 }
 
-void TestArrayElements::insertItself_data()
+void tst_ArrayElements::insertItself_data()
 {
     rangeColumns();
     rangeRow("at the front: the first element stands where all are read", 0, 0, "1 1 1 1 2 3");
@@ -226,7 +227,7 @@ void TestArrayElements::insertItself_data()
     rangeRow("behind the end", 4, 0, "1 2 3 0 1 2 3");
 }
 
-void TestArrayElements::insertItself()
+void tst_ArrayElements::insertItself()
 {
     QFETCH(qlonglong, index);
     QFETCH(QString, expected);
@@ -236,7 +237,7 @@ void TestArrayElements::insertItself()
     });
 }
 
-void TestArrayElements::remove_data()
+void tst_ArrayElements::remove_data()
 {
     rangeColumns();
     rangeRow("at the front", 0, 1, "2 3 4 5");
@@ -255,7 +256,7 @@ void TestArrayElements::remove_data()
     rangeRow("the largest of both", LLONG_MAX, LLONG_MAX, "raises: 1 2 3 4 5");
 }
 
-void TestArrayElements::remove()
+void tst_ArrayElements::remove()
 {
     QFETCH(qlonglong, index);
     QFETCH(qlonglong, count);
@@ -271,7 +272,7 @@ void TestArrayElements::remove()
     });
 }
 
-void TestArrayElements::append()
+void tst_ArrayElements::append()
 {
     withArray([](auto& array) {
         std::decay_t<decltype(array)> source;
@@ -293,7 +294,7 @@ void TestArrayElements::append()
     });
 }
 
-void TestArrayElements::copy()
+void tst_ArrayElements::copy()
 {
     withArray([](auto& array) {
         std::decay_t<decltype(array)> source;
@@ -316,7 +317,7 @@ void TestArrayElements::copy()
     });
 }
 
-void TestArrayElements::anElementOfItsOwn()
+void tst_ArrayElements::anElementOfItsOwn()
 {
     withArray([](auto& array) {
         fill(array, {1, 2, 3});
@@ -331,5 +332,5 @@ void TestArrayElements::anElementOfItsOwn()
     });
 }
 
-QTEST_APPLESS_MAIN(TestArrayElements)
+XE_APPLESS_TEST(tst_ArrayElements)
 #include "tst_arrayelements.moc"

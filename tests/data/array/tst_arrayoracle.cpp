@@ -1,4 +1,5 @@
 #include "openarray.h"
+#include "testclass.h"
 
 #include <algorithm>
 #include <limits>
@@ -12,7 +13,7 @@ template <class Array>
 class Pair
 {
 public:
-    using Element = typename Open<Array>::Element;
+    using Element = typename OpenArray<Array>::Element;
 
     /// Takes one random step on both sides.
     void step()
@@ -104,7 +105,7 @@ private:
     void insertArray()
     {
         const std::vector<Element> elements = anyElements();
-        Open<Array> source;
+        OpenArray<Array> source;
         for (const Element& element : elements)
             source.Add(element);
         const auto index = upTo(model.size() + 3);
@@ -155,7 +156,7 @@ private:
     void appendArray()
     {
         const std::vector<Element> elements = anyElements();
-        Open<Array> source;
+        OpenArray<Array> source;
         for (const Element& element : elements)
             source.Add(element);
         array.Append(source);
@@ -166,7 +167,7 @@ private:
     void copyArray()
     {
         const std::vector<Element> elements = anyElements();
-        Open<Array> source;
+        OpenArray<Array> source;
         for (const Element& element : elements)
             source.Add(element);
         array.Copy(source);
@@ -225,7 +226,7 @@ public:
     bool raised = true; ///< whether every bad argument raised
 
 private:
-    Open<Array> array;
+    OpenArray<Array> array;
     std::vector<Element> model;
     long long capacity = 0;
     long long growStep = 0;
@@ -235,7 +236,7 @@ private:
 } // namespace
 
 /// Random steps, the array and a std::vector side by side.
-class TestArrayOracle : public QObject
+class tst_ArrayOracle : public QObject
 {
     Q_OBJECT
 
@@ -244,7 +245,7 @@ private slots:
     void randomSteps();
 };
 
-void TestArrayOracle::randomSteps()
+void tst_ArrayOracle::randomSteps()
 {
     withArray([](auto& array) {
         Pair<typename std::decay_t<decltype(array)>::Base> pair;
@@ -257,5 +258,5 @@ void TestArrayOracle::randomSteps()
     });
 }
 
-QTEST_APPLESS_MAIN(TestArrayOracle)
+XE_APPLESS_TEST(tst_ArrayOracle)
 #include "tst_arrayoracle.moc"

@@ -1,4 +1,5 @@
 #include "openarray.h"
+#include "testclass.h"
 
 #include <climits>
 #include <new>
@@ -19,7 +20,7 @@ bool runsOutOfMemory(Function function)
 } // namespace
 
 /// The block of an array: how large it is, when it is allocated and when it goes.
-class TestArrayRoom : public QObject
+class tst_ArrayRoom : public QObject
 {
     Q_OBJECT
 
@@ -58,7 +59,7 @@ private slots:
     void noMemory();
 };
 
-void TestArrayRoom::aNewArray()
+void tst_ArrayRoom::aNewArray()
 {
     withArray([](auto& array) {
         QCOMPARE(array.room(), QString("0 of 0, step 0"));
@@ -73,7 +74,7 @@ void TestArrayRoom::aNewArray()
     });
 }
 
-void TestArrayRoom::theFieldsFollowTheObject()
+void tst_ArrayRoom::theFieldsFollowTheObject()
 {
     withArray([](auto& array) {
         const auto offset = [&](const void* field) {
@@ -88,7 +89,7 @@ void TestArrayRoom::theFieldsFollowTheObject()
     });
 }
 
-void TestArrayRoom::theFirstBlockIsExact()
+void tst_ArrayRoom::theFirstBlockIsExact()
 {
     withArray([](auto& array) {
         array.SetSize(5, 100);
@@ -99,7 +100,7 @@ void TestArrayRoom::theFirstBlockIsExact()
     });
 }
 
-void TestArrayRoom::growthByOne_data()
+void tst_ArrayRoom::growthByOne_data()
 {
     QTest::addColumn<int>("arrayClass");
     QTest::addColumn<int>("size");
@@ -112,7 +113,7 @@ void TestArrayRoom::growthByOne_data()
                          [size = size, step = step](QTestData& row) { row << size << step; });
 }
 
-void TestArrayRoom::growthByOne()
+void tst_ArrayRoom::growthByOne()
 {
     QFETCH(int, size);
     QFETCH(int, step);
@@ -123,7 +124,7 @@ void TestArrayRoom::growthByOne()
     });
 }
 
-void TestArrayRoom::growthFromEmpty()
+void tst_ArrayRoom::growthFromEmpty()
 {
     withArray([](auto& array) {
         for (const int room : {1, 5, 9, 13, 17, 21, 25, 29, 33, 37, 41, 46, 51, 57, 64, 72, 81}) {
@@ -136,7 +137,7 @@ void TestArrayRoom::growthFromEmpty()
     });
 }
 
-void TestArrayRoom::theStepFollowsTheSize()
+void tst_ArrayRoom::theStepFollowsTheSize()
 {
     withArray([](auto& array) {
         array.SetSize(80);
@@ -146,7 +147,7 @@ void TestArrayRoom::theStepFollowsTheSize()
     });
 }
 
-void TestArrayRoom::growthBeyondTheStep()
+void tst_ArrayRoom::growthBeyondTheStep()
 {
     withArray([](auto& array) {
         array.SetSize(5, 10);
@@ -159,7 +160,7 @@ void TestArrayRoom::growthBeyondTheStep()
     });
 }
 
-void TestArrayRoom::theStepIsTakenUpFromZeroUpward()
+void tst_ArrayRoom::theStepIsTakenUpFromZeroUpward()
 {
     withArray([](auto& array) {
         array.SetSize(1, 7);
@@ -176,7 +177,7 @@ void TestArrayRoom::theStepIsTakenUpFromZeroUpward()
     });
 }
 
-void TestArrayRoom::smallerSizesKeepTheBlock()
+void tst_ArrayRoom::smallerSizesKeepTheBlock()
 {
     withArray([](auto& array) {
         fill(array, {1, 2, 3, 4, 5});
@@ -188,7 +189,7 @@ void TestArrayRoom::smallerSizesKeepTheBlock()
     });
 }
 
-void TestArrayRoom::slotsComeIntoUseEmpty()
+void tst_ArrayRoom::slotsComeIntoUseEmpty()
 {
     withArray([](auto& array) {
         fill(array, {1, 2, 3, 4, 5});
@@ -201,7 +202,7 @@ void TestArrayRoom::slotsComeIntoUseEmpty()
     });
 }
 
-void TestArrayRoom::sizeZeroFreesTheBlock()
+void tst_ArrayRoom::sizeZeroFreesTheBlock()
 {
     withArray([](auto& array) {
         array.SetSize(5, 9);
@@ -217,7 +218,7 @@ void TestArrayRoom::sizeZeroFreesTheBlock()
     });
 }
 
-void TestArrayRoom::removingEachElementKeepsTheBlock()
+void tst_ArrayRoom::removingEachElementKeepsTheBlock()
 {
     withArray([](auto& array) {
         fill(array, {1, 2});
@@ -229,7 +230,7 @@ void TestArrayRoom::removingEachElementKeepsTheBlock()
     });
 }
 
-void TestArrayRoom::freeExtra()
+void tst_ArrayRoom::freeExtra()
 {
     withArray([](auto& array) {
         fill(array, {1, 2, 3});
@@ -250,7 +251,7 @@ void TestArrayRoom::freeExtra()
     });
 }
 
-void TestArrayRoom::aNegativeSize()
+void tst_ArrayRoom::aNegativeSize()
 {
     withArray([](auto& array) {
         fill(array, {1, 2, 3});
@@ -260,7 +261,7 @@ void TestArrayRoom::aNegativeSize()
     });
 }
 
-void TestArrayRoom::aStepThatWraps()
+void tst_ArrayRoom::aStepThatWraps()
 {
     withArray([](auto& array) {
         fill(array, {1, 2, 3});
@@ -273,7 +274,7 @@ void TestArrayRoom::aStepThatWraps()
     });
 }
 
-void TestArrayRoom::noMemory_data()
+void tst_ArrayRoom::noMemory_data()
 {
     arrayClassRows();
 #if defined(__SANITIZE_ADDRESS__)
@@ -281,7 +282,7 @@ void TestArrayRoom::noMemory_data()
 #endif
 }
 
-void TestArrayRoom::noMemory()
+void tst_ArrayRoom::noMemory()
 {
     volatile long long unseen = 1LL << 62; // by the compiler, which would warn
     const long long huge = unseen;
@@ -304,5 +305,5 @@ void TestArrayRoom::noMemory()
     });
 }
 
-QTEST_APPLESS_MAIN(TestArrayRoom)
+XE_APPLESS_TEST(tst_ArrayRoom)
 #include "tst_arrayroom.moc"

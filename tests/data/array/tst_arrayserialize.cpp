@@ -1,5 +1,6 @@
 #include "archived.h"
 #include "openarray.h"
+#include "testclass.h"
 
 namespace {
 
@@ -8,7 +9,7 @@ constexpr int believed = 1048576; // elements without data
 } // namespace
 
 /// Arrays on an archive, byte by byte.
-class TestArraySerialize : public QObject
+class tst_ArraySerialize : public QObject
 {
     Q_OBJECT
 
@@ -33,16 +34,16 @@ private slots:
     void filesWithoutALength();
 };
 
-void TestArraySerialize::bytes()
+void tst_ArraySerialize::bytes()
 {
-    Open<CByteArray_X> array;
+    OpenArray<CByteArray_X> array;
     fill(array, {1, 2, 255});
     QCOMPARE(stored(array), hex("0300 0102ff"));
     QCOMPARE(load(array, hex("0400 0700fe08 0a")), hex("0a"));
     QCOMPARE(shown(array), QString("7 0 254 8"));
 }
 
-void TestArraySerialize::words()
+void tst_ArraySerialize::words()
 {
     CWordArray_X array;
     array.Add(0x0102);
@@ -53,7 +54,7 @@ void TestArraySerialize::words()
     QCOMPARE(array[0], static_cast<unsigned short>(0x1234));
 }
 
-void TestArraySerialize::doubleWords()
+void tst_ArraySerialize::doubleWords()
 {
     CDWordArray_X array;
     array.Add(0x01020304);
@@ -64,7 +65,7 @@ void TestArraySerialize::doubleWords()
     QCOMPARE(array[0], 0x12345678U);
 }
 
-void TestArraySerialize::strings()
+void tst_ArraySerialize::strings()
 {
     CStringArray_X array;
     array.Add(L"");
@@ -82,7 +83,7 @@ void TestArraySerialize::strings()
         QCOMPARE(copy[i], array[i]);
 }
 
-void TestArraySerialize::objects()
+void tst_ArraySerialize::objects()
 {
     CObject_X object;
     CObArray_X array;
@@ -94,10 +95,10 @@ void TestArraySerialize::objects()
     QVERIFY(!array[0] && !array[1]);
 }
 
-void TestArraySerialize::notStorable()
+void tst_ArraySerialize::notStorable()
 {
-    Open<CUIntArray_X> numbers;
-    Open<CPtrArray_X> pointers;
+    OpenArray<CUIntArray_X> numbers;
+    OpenArray<CPtrArray_X> pointers;
     fill(numbers, {1, 2});
     fill(pointers, {1, 2});
     QCOMPARE(stored(numbers), QByteArray());
@@ -108,7 +109,7 @@ void TestArraySerialize::notStorable()
     QCOMPARE(shown(pointers), QString("1 2"));
 }
 
-void TestArraySerialize::emptyArrays()
+void tst_ArraySerialize::emptyArrays()
 {
     withArray([](auto& array) {
         if (stored(array).isEmpty()) // not storable
@@ -120,7 +121,7 @@ void TestArraySerialize::emptyArrays()
     });
 }
 
-void TestArraySerialize::longCounts()
+void tst_ArraySerialize::longCounts()
 {
     for (const int count : {0xFFFE, 0xFFFF, 0x10001}) {
         CWordArray_X array;
@@ -139,7 +140,7 @@ void TestArraySerialize::longCounts()
     }
 }
 
-void TestArraySerialize::moreThanIsBelievedWithoutData()
+void tst_ArraySerialize::moreThanIsBelievedWithoutData()
 {
     CDWordArray_X array;
     array.SetSize(believed + 3);
@@ -158,7 +159,7 @@ void TestArraySerialize::moreThanIsBelievedWithoutData()
     QCOMPARE(copy[believed + 2], 0U);
 }
 
-void TestArraySerialize::loadingReplaces()
+void tst_ArraySerialize::loadingReplaces()
 {
     withArray([](auto& array) {
         std::decay_t<decltype(array)> source;
@@ -179,9 +180,9 @@ void TestArraySerialize::loadingReplaces()
     });
 }
 
-void TestArraySerialize::shortStreams()
+void tst_ArraySerialize::shortStreams()
 {
-    Open<CByteArray_X> bytes;
+    OpenArray<CByteArray_X> bytes;
     fill(bytes, {1, 2, 3, 4, 5});
     load(bytes, hex("0500 0708"));
     QCOMPARE(shown(bytes), QString("7 8 0 0 0"));
@@ -191,15 +192,15 @@ void TestArraySerialize::shortStreams()
     load(bytes, {});
     QCOMPARE(shown(bytes), QString());
 
-    Open<CDWordArray_X> numbers;
+    OpenArray<CDWordArray_X> numbers;
     fill(numbers, {1, 2, 3, 4, 5});
     load(numbers, hex("0300 07000000 08"));
     QCOMPARE(shown(numbers), QString("7 8 0"));
 }
 
-void TestArraySerialize::shortStreamsOfStrings()
+void tst_ArraySerialize::shortStreamsOfStrings()
 {
-    Open<CStringArray_X> array;
+    OpenArray<CStringArray_X> array;
     const QByteArray whole = hex("0300 fffeff01 32000000 fffeff02 33000000 34000000 fffeff01 36000000");
     load(array, whole);
     QCOMPARE(array[2], CString_X(L"6"));
@@ -213,7 +214,7 @@ void TestArraySerialize::shortStreamsOfStrings()
 }
 
 // What such a count would take is not allocated.
-void TestArraySerialize::countsWithoutData()
+void tst_ArraySerialize::countsWithoutData()
 {
     withArray([](auto& array) {
         if (stored(array).isEmpty()) // not storable
@@ -229,7 +230,7 @@ void TestArraySerialize::countsWithoutData()
 }
 
 // A host's file, such as one that decompresses, may know no more than how to read.
-void TestArraySerialize::filesWithoutALength()
+void tst_ArraySerialize::filesWithoutALength()
 {
     class Source : public CFile_X
     {
@@ -268,10 +269,10 @@ void TestArraySerialize::filesWithoutALength()
     QCOMPARE(loadedTexts[2 * believed - 1], CString_X(L"last"));
 }
 
-void TestArraySerialize::oneBehindTheOther()
+void tst_ArraySerialize::oneBehindTheOther()
 {
-    Open<CByteArray_X> bytes;
-    Open<CWordArray_X> words;
+    OpenArray<CByteArray_X> bytes;
+    OpenArray<CWordArray_X> words;
     fill(bytes, {1, 2, 3});
     fill(words, {4, 5});
     CMemFile_X file;
@@ -291,5 +292,5 @@ void TestArraySerialize::oneBehindTheOther()
     QCOMPARE(shown(words), QString("4 5"));
 }
 
-QTEST_APPLESS_MAIN(TestArraySerialize)
+XE_APPLESS_TEST(tst_ArraySerialize)
 #include "tst_arrayserialize.moc"

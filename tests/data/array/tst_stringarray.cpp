@@ -1,4 +1,5 @@
 #include "openarray.h"
+#include "testclass.h"
 
 #include <memory>
 
@@ -18,7 +19,7 @@ QString texts(const CStringArray_X& array)
 } // namespace
 
 /// What an array of strings has beyond the other arrays.
-class TestStringArray : public QObject
+class tst_StringArray : public QObject
 {
     Q_OBJECT
 
@@ -40,20 +41,20 @@ private slots:
     void growthAndInsertionOfEmbeddedZeros();
 
 private:
-    std::unique_ptr<Open<CStringArray_X>> array; ///< a, the long text, c
+    std::unique_ptr<OpenArray<CStringArray_X>> array; ///< a, the long text, c
 };
 
-void TestStringArray::init()
+void tst_StringArray::init()
 {
-    array = std::make_unique<Open<CStringArray_X>>();
+    array = std::make_unique<OpenArray<CStringArray_X>>();
     array->Add(L"a");
     array->Add(longText);
     array->Add(L"c");
 }
 
-void TestStringArray::cleanup() { QCOMPARE(array->checkSanity(), QString()); }
+void tst_StringArray::cleanup() { QCOMPARE(array->checkSanity(), QString()); }
 
-void TestStringArray::wideTexts()
+void tst_StringArray::wideTexts()
 {
     QCOMPARE(array->Add(L"d"), 3LL);
     array->SetAt(1, L"b");
@@ -68,7 +69,7 @@ void TestStringArray::wideTexts()
     QVERIFY(raises([&] { array->InsertAt(-1, L"x"); }));
 }
 
-void TestStringArray::otherTexts()
+void tst_StringArray::otherTexts()
 {
     array->RemoveAll();
     array->Add(CString_X(L"string"));
@@ -79,7 +80,7 @@ void TestStringArray::otherTexts()
     QCOMPARE(texts(*array), QStringLiteral("ab|std|Qt|schön"));
 }
 
-void TestStringArray::nullIsTheEmptyText()
+void tst_StringArray::nullIsTheEmptyText()
 {
     const wchar_t* const none = nullptr;
     array->SetAt(1, none);
@@ -89,7 +90,7 @@ void TestStringArray::nullIsTheEmptyText()
     QCOMPARE(texts(*array), QString("|||c|"));
 }
 
-void TestStringArray::pointersIntoItsOwnTexts()
+void tst_StringArray::pointersIntoItsOwnTexts()
 {
     for (int i = 0; i < 20; ++i)
         array->Add(array->ElementAt(i).GetString());
@@ -100,7 +101,7 @@ void TestStringArray::pointersIntoItsOwnTexts()
     QCOMPARE(texts(*array), QString("c|enough for a block of its own|for a block of its own|c"));
 }
 
-void TestStringArray::insertEmpty_data()
+void tst_StringArray::insertEmpty_data()
 {
     QTest::addColumn<qlonglong>("index");
     QTest::addColumn<qlonglong>("count");
@@ -120,7 +121,7 @@ void TestStringArray::insertEmpty_data()
     row("a count that wraps", 1, std::numeric_limits<long long>::max(), "raises");
 }
 
-void TestStringArray::insertEmpty()
+void tst_StringArray::insertEmpty()
 {
     QFETCH(qlonglong, index);
     QFETCH(qlonglong, count);
@@ -136,7 +137,7 @@ void TestStringArray::insertEmpty()
         QVERIFY(array->data[i].capacity() == CString_X().capacity() && !array->data[i].utf8Cache);
 }
 
-void TestStringArray::elementsAreCopies()
+void tst_StringArray::elementsAreCopies()
 {
     CString_X copy = array->GetAt(1);
     copy += L"!";
@@ -149,7 +150,7 @@ void TestStringArray::elementsAreCopies()
 }
 
 // A long text stays where it is while its string moves, so nothing is copied.
-void TestStringArray::textsMoveWithTheirStorage()
+void tst_StringArray::textsMoveWithTheirStorage()
 {
     const wchar_t* const storage = array->ElementAt(1).GetString();
     array->SetSize(50);
@@ -163,7 +164,7 @@ void TestStringArray::textsMoveWithTheirStorage()
     QCOMPARE(array->ElementAt(2).GetString(), storage);
 }
 
-void TestStringArray::narrowCopiesGoWithTheirSlots()
+void tst_StringArray::narrowCopiesGoWithTheirSlots()
 {
     const auto convertAll = [&] {
         for (long long i = 0; i < array->GetSize(); ++i)
@@ -186,19 +187,19 @@ void TestStringArray::narrowCopiesGoWithTheirSlots()
     array->RemoveAll();
 }
 
-void TestStringArray::copyConstructor()
+void tst_StringArray::copyConstructor()
 {
     array->SetSize(3, 12);
-    Open<CStringArray_X> copy(*array);
+    OpenArray<CStringArray_X> copy(*array);
     QCOMPARE(texts(copy), texts(*array));
     QCOMPARE(copy.room(), QString("3 of 3, step 0"));
     copy.SetAt(0, L"z");
     QCOMPARE(array->GetAt(0), CString_X(L"a"));
 }
 
-void TestStringArray::assignment()
+void tst_StringArray::assignment()
 {
-    Open<CStringArray_X> other;
+    OpenArray<CStringArray_X> other;
     other.SetSize(100, 12);
     CStringArray_X& result = static_cast<CStringArray_X&>(other) = *array;
     QCOMPARE(&result, static_cast<CStringArray_X*>(&other));
@@ -208,7 +209,7 @@ void TestStringArray::assignment()
     QCOMPARE(other.room(), QString("0 of 0, step 0"));
 }
 
-void TestStringArray::assignmentToItself()
+void tst_StringArray::assignmentToItself()
 {
     const QString before = texts(*array);
     CStringArray_X& same = *array;
@@ -216,7 +217,7 @@ void TestStringArray::assignmentToItself()
     QCOMPARE(texts(*array), before);
 }
 
-void TestStringArray::growthAndInsertionOfEmbeddedZeros()
+void tst_StringArray::growthAndInsertionOfEmbeddedZeros()
 {
     const CString_X text(L"a\0b", 3);
     array->InsertAt(0, text, 2);
@@ -226,5 +227,5 @@ void TestStringArray::growthAndInsertionOfEmbeddedZeros()
         QCOMPARE(array->GetAt(i), text);
 }
 
-QTEST_APPLESS_MAIN(TestStringArray)
+XE_APPLESS_TEST(tst_StringArray)
 #include "tst_stringarray.moc"

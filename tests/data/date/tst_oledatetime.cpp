@@ -1,5 +1,7 @@
 // The date value: a QDateTime in local time beside a number of Unix seconds, in several time zones.
 
+#include "testclass.h"
+
 #include <xeoledt.h>
 
 #include <QtTest>
@@ -43,7 +45,7 @@ QString fields(const COleDateTime_X& value)
 
 Q_DECLARE_METATYPE(COleDateTime_X)
 
-class tst_oledatetime : public QObject
+class tst_OleDateTime : public QObject
 {
     Q_OBJECT
 
@@ -75,7 +77,7 @@ private slots:
     void copies();
 };
 
-void tst_oledatetime::startsEmpty()
+void tst_OleDateTime::startsEmpty()
 {
     const COleDateTime_X value;
     QCOMPARE(value.dt, 0.0);
@@ -84,7 +86,7 @@ void tst_oledatetime::startsEmpty()
     QCOMPARE(double(value), 0.0);
 }
 
-void tst_oledatetime::takesSeconds_data()
+void tst_OleDateTime::takesSeconds_data()
 {
     QTest::addColumn<QByteArray>("zone");
     QTest::addColumn<double>("seconds");
@@ -102,7 +104,7 @@ void tst_oledatetime::takesSeconds_data()
     QTest::newRow("after 2106") << QByteArray("UTC") << 4294967296.0 << "2106-2-7 6:28:16";
 }
 
-void tst_oledatetime::takesSeconds()
+void tst_OleDateTime::takesSeconds()
 {
     QFETCH(QByteArray, zone);
     QFETCH(double, seconds);
@@ -119,7 +121,7 @@ void tst_oledatetime::takesSeconds()
     QCOMPARE(assigned.GetStatus(), COleDateTime_X::valid);
 }
 
-void tst_oledatetime::takesAnySeconds_data()
+void tst_OleDateTime::takesAnySeconds_data()
 {
     QTest::addColumn<double>("seconds");
     QTest::newRow("no number") << std::numeric_limits<double>::quiet_NaN();
@@ -129,7 +131,7 @@ void tst_oledatetime::takesAnySeconds_data()
     QTest::newRow("milliseconds beyond 64 bits") << 1e17;
 }
 
-void tst_oledatetime::takesAnySeconds()
+void tst_OleDateTime::takesAnySeconds()
 {
     QFETCH(double, seconds);
     COleDateTime_X value(1.0);
@@ -141,7 +143,7 @@ void tst_oledatetime::takesAnySeconds()
     QCOMPARE(value.GetHour(), -1);
 }
 
-void tst_oledatetime::setsFields_data()
+void tst_OleDateTime::setsFields_data()
 {
     QTest::addColumn<QByteArray>("zone");
     QTest::addColumn<QList<int>>("set");
@@ -154,7 +156,7 @@ void tst_oledatetime::setsFields_data()
     QTest::newRow("leap day") << QByteArray("UTC") << QList<int>{2024, 2, 29, 23, 59, 59} << 1709251199.0;
 }
 
-void tst_oledatetime::setsFields()
+void tst_OleDateTime::setsFields()
 {
     QFETCH(QByteArray, zone);
     QFETCH(QList<int>, set);
@@ -169,7 +171,7 @@ void tst_oledatetime::setsFields()
     QCOMPARE(read, set);
 }
 
-void tst_oledatetime::setsDateAndTime()
+void tst_OleDateTime::setsDateAndTime()
 {
     COleDateTime_X value;
     QCOMPARE(value.SetDate(2024, 3, 5), 0);
@@ -179,7 +181,7 @@ void tst_oledatetime::setsDateAndTime()
     QCOMPARE(value.dt, 45000.0);
 }
 
-void tst_oledatetime::rejectedFieldsAreNotDetected()
+void tst_OleDateTime::rejectedFieldsAreNotDetected()
 {
     COleDateTime_X value = withStatus(COleDateTime_X::invalid);
     QCOMPARE(value.SetDateTime(2023, 2, 29, 12, 0, 0), 0);
@@ -190,7 +192,7 @@ void tst_oledatetime::rejectedFieldsAreNotDetected()
     QCOMPARE(fields(value), QStringLiteral("2023-2-28 0:0:0"));
 }
 
-void tst_oledatetime::keepsLow32Bits_data()
+void tst_OleDateTime::keepsLow32Bits_data()
 {
     QTest::addColumn<QByteArray>("zone");
     QTest::addColumn<int>("year");
@@ -201,7 +203,7 @@ void tst_oledatetime::keepsLow32Bits_data()
     QTest::newRow("midnight of 1970 in the east") << QByteArray(shanghai) << 1970 << -28800.0 + 4294967296.0;
 }
 
-void tst_oledatetime::keepsLow32Bits()
+void tst_OleDateTime::keepsLow32Bits()
 {
     QFETCH(QByteArray, zone);
     QFETCH(int, year);
@@ -212,7 +214,7 @@ void tst_oledatetime::keepsLow32Bits()
     QCOMPARE(static_cast<double>(value.toSecsSinceEpoch()), value.dt);
 }
 
-void tst_oledatetime::currentTime()
+void tst_OleDateTime::currentTime()
 {
     const double before = static_cast<double>(QDateTime::currentSecsSinceEpoch());
     const COleDateTime_X now = COleDateTime_X::GetCurrentTime();
@@ -222,7 +224,7 @@ void tst_oledatetime::currentTime()
     QCOMPARE(now.timeSpec(), Qt::LocalTime);
 }
 
-void tst_oledatetime::dayOfWeekAndYear_data()
+void tst_OleDateTime::dayOfWeekAndYear_data()
 {
     QTest::addColumn<int>("day");
     QTest::addColumn<int>("dayOfWeek");
@@ -230,7 +232,7 @@ void tst_oledatetime::dayOfWeekAndYear_data()
         QTest::addRow("%d days after a Monday", i) << 4 + i << 1 + i;
 }
 
-void tst_oledatetime::dayOfWeekAndYear()
+void tst_OleDateTime::dayOfWeekAndYear()
 {
     QFETCH(int, day);
     const COleDateTime_X value(2024, 3, day, 23, 0, 0);
@@ -238,7 +240,7 @@ void tst_oledatetime::dayOfWeekAndYear()
     QCOMPARE(value.GetDayOfYear(), 60 + day);
 }
 
-void tst_oledatetime::numberNeedsAValidStatus()
+void tst_OleDateTime::numberNeedsAValidStatus()
 {
     QCOMPARE(double(withStatus(COleDateTime_X::valid, 5)), 5.0);
     QCOMPARE(double(withStatus(COleDateTime_X::invalid, 5)), 0.0);
@@ -246,7 +248,7 @@ void tst_oledatetime::numberNeedsAValidStatus()
     QCOMPARE(withStatus(COleDateTime_X::null, 5).dt, 5.0);
 }
 
-void tst_oledatetime::settingMakesItValid()
+void tst_OleDateTime::settingMakesItValid()
 {
     COleDateTime_X value = withStatus(COleDateTime_X::null);
     value.SetDate(2000, 1, 1);
@@ -256,7 +258,7 @@ void tst_oledatetime::settingMakesItValid()
     QCOMPARE(value.GetStatus(), COleDateTime_X::valid);
 }
 
-void tst_oledatetime::parses_data()
+void tst_OleDateTime::parses_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<unsigned>("flags");
@@ -275,7 +277,7 @@ void tst_oledatetime::parses_data()
     QTest::newRow("an empty text without flags") << "" << 0U << untouched;
 }
 
-void tst_oledatetime::parses()
+void tst_OleDateTime::parses()
 {
     QFETCH(QString, text);
     QFETCH(unsigned, flags);
@@ -285,7 +287,7 @@ void tst_oledatetime::parses()
     QCOMPARE(value.ParseDateTime(nullptr, flags), 1);
 }
 
-void tst_oledatetime::formats_data()
+void tst_OleDateTime::formats_data()
 {
     QTest::addColumn<QString>("format");
     QTest::addColumn<QString>("text");
@@ -306,7 +308,7 @@ void tst_oledatetime::formats_data()
     QTest::newRow("text around") << QString::fromUtf8("年 %Y 😀") << QString::fromUtf8("年 2004 😀");
 }
 
-void tst_oledatetime::formats()
+void tst_OleDateTime::formats()
 {
     QFETCH(QString, format);
     const COleDateTime_X value(2004, 3, 5, 6, 7, 8);
@@ -315,7 +317,7 @@ void tst_oledatetime::formats()
     QVERIFY(value.Format(nullptr).IsEmpty());
 }
 
-void tst_oledatetime::compares_data()
+void tst_OleDateTime::compares_data()
 {
     QTest::addColumn<COleDateTime_X>("a");
     QTest::addColumn<COleDateTime_X>("b");
@@ -337,7 +339,7 @@ void tst_oledatetime::compares_data()
     QTest::newRow("no number") << Value(std::nan("")) << Value(std::nan("")) << false << false << false;
 }
 
-void tst_oledatetime::compares()
+void tst_OleDateTime::compares()
 {
     QFETCH(COleDateTime_X, a);
     QFETCH(COleDateTime_X, b);
@@ -353,7 +355,7 @@ void tst_oledatetime::compares()
     QCOMPARE(b >= a, lessOrEqual);
 }
 
-void tst_oledatetime::copies()
+void tst_OleDateTime::copies()
 {
     const COleDateTime_X original = withStatus(COleDateTime_X::invalid, 1e9);
     COleDateTime_X copy(original);
@@ -364,5 +366,5 @@ void tst_oledatetime::copies()
     QCOMPARE(fields(copy), QStringLiteral("1970-1-1 0:0:3"));
 }
 
-QTEST_APPLESS_MAIN(tst_oledatetime)
+XE_APPLESS_TEST(tst_OleDateTime)
 #include "tst_oledatetime.moc"

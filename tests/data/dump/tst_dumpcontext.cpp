@@ -1,4 +1,5 @@
 #include "dumpedtext.h"
+#include "testclass.h"
 
 #include <xeafxstr.h>
 #include <xeexcept.h>
@@ -272,5 +273,5 @@ void tst_DumpContext::dumpOfAnObject()
              QString::asprintf("a CCmdTarget_X at $%p\n", static_cast<const void*>(&target)));
 }
 
-QTEST_APPLESS_MAIN(tst_DumpContext)
+XE_APPLESS_TEST(tst_DumpContext)
 #include "tst_dumpcontext.moc"

@@ -1,4 +1,5 @@
 #include "dumpedtext.h"
+#include "testclass.h"
 
 #include <xeexcept.h>
 
@@ -151,5 +152,5 @@ void tst_HexDump::badArguments()
     QCOMPARE(memory.GetLength(), 0ULL);
 }
 
-QTEST_APPLESS_MAIN(tst_HexDump)
+XE_APPLESS_TEST(tst_HexDump)
 #include "tst_hexdump.moc"

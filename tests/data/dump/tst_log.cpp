@@ -1,3 +1,5 @@
+#include "testclass.h"
+
 #include <xeafxdump.h>
 #include <xeafxstr.h>
 #include <xeprocess.h>
@@ -229,7 +231,7 @@ void tst_Log::fromSeveralProcesses()
 {
     QProcess processes[processCount];
     for (int i = 0; i < processCount; ++i)
-        processes[i].start(QCoreApplication::applicationFilePath(), {QStringLiteral("write"), QString::number(i)});
+        processes[i].start(QCoreApplication::applicationFilePath(), {"tst_log", "write", QString::number(i)});
     for (QProcess& process : processes) {
         QVERIFY(process.waitForFinished(60000));
         QCOMPARE(process.exitCode(), 0);
@@ -246,15 +248,14 @@ void tst_Log::theExportedByte()
     QCOMPARE(int(lgout), 0);
 }
 
-int main(int argc, char* argv[])
+static int testOrWrite(int argc, char* argv[])
 {
+    if (argc != 3 || qstrcmp(argv[1], "write") != 0)
+        return runTestClass<tst_Log, QCoreApplication>(argc, argv);
     QCoreApplication app(argc, argv);
-    if (argc == 3 && qstrcmp(argv[1], "write") == 0) {
-        writeFromThreads(QByteArray(argv[2]).toInt());
-        return 0;
-    }
-    tst_Log test;
-    return QTest::qExec(&test, argc, argv);
+    writeFromThreads(QByteArray(argv[2]).toInt());
+    return 0;
 }
 
+XE_TEST_MAIN(tst_Log, testOrWrite)
 #include "tst_log.moc"

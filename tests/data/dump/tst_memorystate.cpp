@@ -1,3 +1,5 @@
+#include "testclass.h"
+
 #include <xeafxdump.h>
 
 #include <QtTest>
@@ -175,5 +177,5 @@ void tst_MemoryState::apiExamples()
     QVERIFY(difference.virtualKB >= 60 * 1024);
 }
 
-QTEST_APPLESS_MAIN(tst_MemoryState)
+XE_APPLESS_TEST(tst_MemoryState)
 #include "tst_memorystate.moc"

@@ -1,4 +1,5 @@
 #include "errormessage.h"
+#include "testclass.h"
 
 // The messages of all but the automation exceptions, in buffers around the limits.
 
@@ -236,5 +237,5 @@ void tst_ErrorMessages::aHostsOwnMessage()
     QCOMPARE(wholeMessage(exception), QStringLiteral("own"));
 }
 
-QTEST_APPLESS_MAIN(tst_ErrorMessages)
+XE_APPLESS_TEST(tst_ErrorMessages)
 #include "tst_errormessages.moc"

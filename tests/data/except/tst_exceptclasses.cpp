@@ -1,3 +1,5 @@
+#include "testclass.h"
+
 #include <xeexcept.h>
 
 #include <QtTest>
@@ -401,5 +403,5 @@ void tst_ExceptClasses::constructed()
     QCOMPARE(ole.autoDelete, 1);
 }
 
-QTEST_GUILESS_MAIN(tst_ExceptClasses)
+XE_GUILESS_TEST(tst_ExceptClasses)
 #include "tst_exceptclasses.moc"

@@ -1,3 +1,5 @@
+#include "testclass.h"
+
 #include <xeexcept.h>
 
 #include <QtTest>
@@ -225,5 +227,5 @@ void tst_FileErrors::theExceptionKeepsItsArguments()
     QCOMPARE(thrown([] { AfxThrowFileException_X(3); }), QStringLiteral("cause 3, error -1, file '', auto-delete 1"));
 }
 
-QTEST_APPLESS_MAIN(tst_FileErrors)
+XE_APPLESS_TEST(tst_FileErrors)
 #include "tst_fileerrors.moc"

@@ -1,4 +1,5 @@
 #include "errormessage.h"
+#include "testclass.h"
 
 #include <xestrapi.h>
 
@@ -261,5 +262,5 @@ void tst_OleExcept::theMissingSourceHasRoomForOneElement()
 
 void tst_OleExcept::noRecord() { COleDispatchException_X::Process(nullptr, &_simpleUserException); }
 
-QTEST_APPLESS_MAIN(tst_OleExcept)
+XE_APPLESS_TEST(tst_OleExcept)
 #include "tst_oleexcept.moc"

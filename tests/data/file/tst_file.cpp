@@ -2,6 +2,7 @@
 
 #include "leavenothing.h"
 #include "tempfiles.h"
+#include "testclass.h"
 
 #include <xeafxfile.h>
 
@@ -373,5 +374,5 @@ void tst_File::classRecord()
     QCOMPARE(g_mapCreateMethod.count(&QFile::staticMetaObject), std::size_t(0));
 }
 
-QTEST_MAIN(tst_File)
+XE_TEST(tst_File)
 #include "tst_file.moc"

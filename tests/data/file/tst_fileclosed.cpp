@@ -2,6 +2,7 @@
 
 #include "leavenothing.h"
 #include "tempfiles.h"
+#include "testclass.h"
 
 #include <xeafxfile.h>
 
@@ -115,5 +116,5 @@ void tst_FileClosed::nullBuffers()
     QCOMPARE(disk.read("file"), QByteArray("abc\n"));
 }
 
-QTEST_MAIN(tst_FileClosed)
+XE_TEST(tst_FileClosed)
 #include "tst_fileclosed.moc"

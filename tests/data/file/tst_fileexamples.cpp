@@ -2,6 +2,7 @@
 
 #include "leavenothing.h"
 #include "tempfiles.h"
+#include "testclass.h"
 
 #include <xeafxarc.h>
 #include <xeafxfile.h>
@@ -99,5 +100,5 @@ void tst_FileExamples::anArchive()
     QVERIFY(count == 12 && price == 0.25 && name == CString_X(L"bolt"));
 }
 
-QTEST_MAIN(tst_FileExamples)
+XE_TEST(tst_FileExamples)
 #include "tst_fileexamples.moc"

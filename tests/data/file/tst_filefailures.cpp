@@ -2,6 +2,7 @@
 
 #include "leavenothing.h"
 #include "tempfiles.h"
+#include "testclass.h"
 
 #include <xeafxfile.h>
 
@@ -218,5 +219,5 @@ void tst_FileFailures::aFileCutShortByOthers()
     QCOMPARE(file.Seek(50, CFile_X::begin), 9ULL);
 }
 
-QTEST_MAIN(tst_FileFailures)
+XE_TEST(tst_FileFailures)
 #include "tst_filefailures.moc"

@@ -1,4 +1,5 @@
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <xeafxfile.h>
 
@@ -194,5 +195,5 @@ void tst_FileFind::aNewSearchStartsAnew()
     QCOMPARE(find.GetFileName(), CString_X());
 }
 
-QTEST_MAIN(tst_FileFind)
+XE_TEST(tst_FileFind)
 #include "tst_filefind.moc"

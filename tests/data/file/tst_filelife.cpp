@@ -2,6 +2,7 @@
 
 #include "leavenothing.h"
 #include "tempfiles.h"
+#include "testclass.h"
 
 #include <xeafxfile.h>
 
@@ -181,5 +182,5 @@ void tst_FileLife::orderOfTheVirtualFunctions()
     QVERIFY(!isRow({slot(&CFile_X::Read), slot(&CFile_X::Abort)}));
 }
 
-QTEST_MAIN(tst_FileLife)
+XE_TEST(tst_FileLife)
 #include "tst_filelife.moc"

@@ -1,6 +1,7 @@
 // Files where no event loop will ever run: before there is an application, and on a plain thread.
 
 #include "tempfiles.h"
+#include "testclass.h"
 
 #include <xeafxarc.h>
 #include <xeafxfile.h>
@@ -59,5 +60,5 @@ void tst_FileNoApp::anArchive()
     QCOMPARE(disk.read("file"), QByteArray("x"));
 }
 
-QTEST_APPLESS_MAIN(tst_FileNoApp)
+XE_APPLESS_TEST(tst_FileNoApp)
 #include "tst_filenoapp.moc"

@@ -2,6 +2,7 @@
 
 #include "leavenothing.h"
 #include "tempfiles.h"
+#include "testclass.h"
 
 #include <xeafxfile.h>
 
@@ -236,5 +237,5 @@ void tst_FileSeek::aPipeHasNoPositions()
     QCOMPARE(file.SeekToEnd(), 0ULL);
 }
 
-QTEST_MAIN(tst_FileSeek)
+XE_TEST(tst_FileSeek)
 #include "tst_fileseek.moc"

@@ -1,4 +1,5 @@
 #include "leavenothing.h"
+#include "testclass.h"
 #include "watchedmemory.h"
 
 #include <limits>
@@ -451,5 +452,5 @@ void tst_MemFile::theFileOnDiskIsNone()
     QCOMPARE(file.GetPosition(), 0ULL);
 }
 
-QTEST_MAIN(tst_MemFile)
+XE_TEST(tst_MemFile)
 #include "tst_memfile.moc"

@@ -1,6 +1,7 @@
 // The block that a memory file lends out.
 
 #include "leavenothing.h"
+#include "testclass.h"
 #include "watchedmemory.h"
 
 #include <cstring>
@@ -210,5 +211,5 @@ void tst_MemFileBuffer::otherCommandsAndNullAddresses()
     QCOMPARE(file.state(), state);
 }
 
-QTEST_MAIN(tst_MemFileBuffer)
+XE_TEST(tst_MemFileBuffer)
 #include "tst_memfilebuffer.moc"

@@ -1,5 +1,6 @@
 #include "leavenothing.h"
 #include "tempfiles.h"
+#include "testclass.h"
 
 #include <xeafxfile.h>
 
@@ -215,5 +216,5 @@ void tst_StdioFile::aDeviceWithoutASize()
     QCOMPARE(line.Left(7), CString_X(L"Umask:\t"));
 }
 
-QTEST_MAIN(tst_StdioFile)
+XE_TEST(tst_StdioFile)
 #include "tst_stdiofile.moc"

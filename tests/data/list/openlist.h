@@ -11,7 +11,7 @@
 
 /// A list whose fields are in the open.
 template <class List>
-struct Open : List
+struct OpenList : List
 {
     using List::blocks;
     using List::blockSize;
@@ -79,11 +79,11 @@ QString shown(const List& list)
 }
 
 template <class List>
-void fill(Open<List>& list, const char* letters)
+void fill(OpenList<List>& list, const char* letters)
 {
     list.RemoveAll();
     for (; *letters; ++letters)
-        list.AddTail(elementOf<typename Open<List>::Value>(*letters));
+        list.AddTail(elementOf<typename OpenList<List>::Value>(*letters));
 }
 
 // ---------------------------------------------------------------------------------------- one test, three list classes
@@ -100,7 +100,7 @@ inline void listClassRows()
 template <class List, class Check>
 void checkNewList(Check check)
 {
-    Open<List> list;
+    OpenList<List> list;
     check(list);
     if (!QTest::currentTestFailed())
         QCOMPARE(list.checkSanity(), QString());

@@ -1,5 +1,7 @@
 // The pool of items of one size.
 
+#include "testclass.h"
+
 #include <xeafxfixalloc.h>
 #include <xeafxplex.h>
 
@@ -9,7 +11,7 @@
 #include <cstring>
 #include <set>
 
-class tst_fixalloc : public QObject
+class tst_FixAlloc : public QObject
 {
     Q_OBJECT
 
@@ -25,7 +27,7 @@ private slots:
     void itemsDoNotOverlap();
 };
 
-void tst_fixalloc::sizeAndDistance_data()
+void tst_FixAlloc::sizeAndDistance_data()
 {
     QTest::addColumn<unsigned>("size");
     QTest::addColumn<unsigned>("distance");
@@ -35,7 +37,7 @@ void tst_fixalloc::sizeAndDistance_data()
     QTest::newRow("more") << 24U << 24U;
 }
 
-void tst_fixalloc::sizeAndDistance()
+void tst_FixAlloc::sizeAndDistance()
 {
     QFETCH(unsigned, size);
     CFixedAllocNoSync_X pool(size, 4);
@@ -45,7 +47,7 @@ void tst_fixalloc::sizeAndDistance()
     QTEST(static_cast<unsigned>(second - first), "distance");
 }
 
-void tst_fixalloc::theLowestAddressComesFirst()
+void tst_FixAlloc::theLowestAddressComesFirst()
 {
     CFixedAllocNoSync_X pool(16, 8);
     auto* before = static_cast<char*>(pool.Alloc());
@@ -56,7 +58,7 @@ void tst_fixalloc::theLowestAddressComesFirst()
     }
 }
 
-void tst_fixalloc::theLastFreedComesFirst()
+void tst_FixAlloc::theLastFreedComesFirst()
 {
     CFixedAllocNoSync_X pool(16, 8);
     void* const a = pool.Alloc();
@@ -67,7 +69,7 @@ void tst_fixalloc::theLastFreedComesFirst()
     QCOMPARE(pool.Alloc(), a);
 }
 
-void tst_fixalloc::aBlockHoldsItsCount_data()
+void tst_FixAlloc::aBlockHoldsItsCount_data()
 {
     QTest::addColumn<unsigned>("asked");
     QTest::addColumn<int>("count");
@@ -77,7 +79,7 @@ void tst_fixalloc::aBlockHoldsItsCount_data()
     QTest::newRow("100 stays") << 100U << 100;
 }
 
-void tst_fixalloc::aBlockHoldsItsCount()
+void tst_FixAlloc::aBlockHoldsItsCount()
 {
     QFETCH(unsigned, asked);
     QFETCH(int, count);
@@ -88,7 +90,7 @@ void tst_fixalloc::aBlockHoldsItsCount()
     QVERIFY(static_cast<char*>(pool.Alloc()) - first != std::ptrdiff_t(16 * count)); // another block, with its link
 }
 
-void tst_fixalloc::freeOfNull()
+void tst_FixAlloc::freeOfNull()
 {
     CFixedAllocNoSync_X pool(16, 8);
     void* const item = pool.Alloc();
@@ -98,7 +100,7 @@ void tst_fixalloc::freeOfNull()
     QCOMPARE(pool.Alloc(), item);
 }
 
-void tst_fixalloc::freeAll()
+void tst_FixAlloc::freeAll()
 {
     CFixedAllocNoSync_X pool(16, 2);
     for (int i = 0; i < 5; ++i)
@@ -109,7 +111,7 @@ void tst_fixalloc::freeAll()
     QCOMPARE(static_cast<char*>(pool.Alloc()) - first, std::ptrdiff_t(16));
 }
 
-void tst_fixalloc::itemsDoNotOverlap()
+void tst_FixAlloc::itemsDoNotOverlap()
 {
     CFixedAllocNoSync_X pool(40, 3);
     std::set<char*> items;
@@ -130,5 +132,5 @@ void tst_fixalloc::itemsDoNotOverlap()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_fixalloc)
+XE_APPLESS_TEST(tst_FixAlloc)
 #include "tst_fixalloc.moc"

@@ -1,7 +1,8 @@
 #include "openlist.h"
+#include "testclass.h"
 
 /// The operations of the three lists, one table for all.
-class TestList : public QObject
+class tst_List : public QObject
 {
     Q_OBJECT
 
@@ -31,9 +32,9 @@ namespace {
 
 /// Does a step such as "tail b", "before 1 x" or "remove 0" and gives what was removed.
 template <class List>
-QString perform(Open<List>& list, const QStringList& words)
+QString perform(OpenList<List>& list, const QStringList& words)
 {
-    using Value = typename Open<List>::Value;
+    using Value = typename OpenList<List>::Value;
     const QString& name = words[0];
     const char letter = words.last().at(0).toLatin1();
     const POSITION position = list.FindIndex(words.value(1).toInt());
@@ -60,7 +61,7 @@ QString perform(Open<List>& list, const QStringList& words)
 
 } // namespace
 
-void TestList::steps_data()
+void tst_List::steps_data()
 {
     QTest::addColumn<int>("listClass");
     QTest::addColumn<QString>("steps");
@@ -104,7 +105,7 @@ void TestList::steps_data()
                 << listClass << row.steps << row.result;
 }
 
-void TestList::steps()
+void tst_List::steps()
 {
     withList([](auto& list) {
         QFETCH(QString, steps);
@@ -122,9 +123,9 @@ void TestList::steps()
     });
 }
 
-void TestList::checkSanityCanFail()
+void tst_List::checkSanityCanFail()
 {
-    Open<CPtrList_X> list;
+    OpenList<CPtrList_X> list;
     fill(list, "abc");
     QCOMPARE(list.checkSanity(), QString());
     ++list.count;
@@ -142,7 +143,7 @@ void TestList::checkSanityCanFail()
     QCOMPARE(list.checkSanity(), QString());
 }
 
-void TestList::emptyList()
+void tst_List::emptyList()
 {
     withList([](auto& list) {
         const auto& constant = list;
@@ -162,7 +163,7 @@ void TestList::emptyList()
     });
 }
 
-void TestList::nullPositions()
+void tst_List::nullPositions()
 {
     withList([](auto& list) {
         fill(list, "ab");
@@ -182,7 +183,7 @@ void TestList::nullPositions()
     });
 }
 
-void TestList::walk()
+void tst_List::walk()
 {
     withList([](auto& list) {
         fill(list, "abC");
@@ -210,7 +211,7 @@ void TestList::walk()
     });
 }
 
-void TestList::find()
+void tst_List::find()
 {
     withList([](auto& list) {
         fill(list, "aBaBc");
@@ -233,7 +234,7 @@ void TestList::find()
     });
 }
 
-void TestList::findIndex()
+void tst_List::findIndex()
 {
     withList([](auto& list) {
         fill(list, "abc");
@@ -247,7 +248,7 @@ void TestList::findIndex()
     });
 }
 
-void TestList::wholeLists()
+void tst_List::wholeLists()
 {
     withList([](auto& list) {
         std::decay_t<decltype(list)> other;
@@ -275,7 +276,7 @@ void TestList::wholeLists()
     });
 }
 
-void TestList::ownElements()
+void tst_List::ownElements()
 {
     withList([](auto& list) {
         fill(list, "aB");
@@ -286,7 +287,7 @@ void TestList::ownElements()
     });
 }
 
-void TestList::elementsAreReferences()
+void tst_List::elementsAreReferences()
 {
     withList([](auto& list) {
         fill(list, "abcd");
@@ -302,5 +303,5 @@ void TestList::elementsAreReferences()
     });
 }
 
-QTEST_APPLESS_MAIN(TestList)
+XE_APPLESS_TEST(tst_List)
 #include "tst_list.moc"

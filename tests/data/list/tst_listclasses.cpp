@@ -1,7 +1,8 @@
 #include "openlist.h"
+#include "testclass.h"
 
 /// What tells the three lists apart, and how they keep their nodes.
-class TestListClasses : public QObject
+class tst_ListClasses : public QObject
 {
     Q_OBJECT
 
@@ -28,7 +29,7 @@ private slots:
     void textsKeepEmbeddedZeros();
 };
 
-void TestListClasses::apiExamples()
+void tst_ListClasses::apiExamples()
 {
     QStringList shownTexts;
     const auto show = [&](const CString_X& text) { shownTexts += XeQString(text); };
@@ -42,7 +43,7 @@ void TestListClasses::apiExamples()
     QCOMPARE(shownTexts.join(", "), QString("nut, bolt"));
 }
 
-void TestListClasses::runTimeClasses()
+void tst_ListClasses::runTimeClasses()
 {
     CPtrList_X pointers;
     CObList_X objects;
@@ -53,7 +54,7 @@ void TestListClasses::runTimeClasses()
     QVERIFY(!texts.IsKindOf(RUNTIME_CLASS_X(CObList_X)));
 }
 
-void TestListClasses::createObject()
+void tst_ListClasses::createObject()
 {
     QVERIFY(!RUNTIME_CLASS_X(CPtrList_X)->CreateObject());
     const std::unique_ptr<CObject_X> objects(RUNTIME_CLASS_X(CObList_X)->CreateObject());
@@ -61,10 +62,10 @@ void TestListClasses::createObject()
     QVERIFY(qobject_cast<CObList_X*>(objects.get()));
     auto* list = qobject_cast<CStringList_X*>(texts.get());
     QVERIFY(list);
-    QCOMPARE(list->*(&Open<CStringList_X>::blockSize), 10LL);
+    QCOMPARE(list->*(&OpenList<CStringList_X>::blockSize), 10LL);
 }
 
-void TestListClasses::fieldsInOrder()
+void tst_ListClasses::fieldsInOrder()
 {
     withList([](auto& list) {
         const auto distance = [](const auto& from, const auto& to) {
@@ -82,7 +83,7 @@ void TestListClasses::fieldsInOrder()
     });
 }
 
-void TestListClasses::nodesComeLowestFirst()
+void tst_ListClasses::nodesComeLowestFirst()
 {
     withList([](auto& list) {
         fill(list, "abcdefghij");
@@ -97,7 +98,7 @@ void TestListClasses::nodesComeLowestFirst()
     });
 }
 
-void TestListClasses::lastElementFreesAllBlocks()
+void tst_ListClasses::lastElementFreesAllBlocks()
 {
     withList([](auto& list) {
         for (int way = 0; way < 3; ++way) {
@@ -121,7 +122,7 @@ void TestListClasses::lastElementFreesAllBlocks()
     });
 }
 
-void TestListClasses::oneElementKeepsAllBlocks()
+void tst_ListClasses::oneElementKeepsAllBlocks()
 {
     withList([](auto& list) {
         fill(list, "abcdefghijklmnopqrstuvwxyz");
@@ -134,7 +135,7 @@ void TestListClasses::oneElementKeepsAllBlocks()
     });
 }
 
-void TestListClasses::removedNodeIsTakenFirst()
+void tst_ListClasses::removedNodeIsTakenFirst()
 {
     withList([](auto& list) {
         fill(list, "abc");
@@ -147,7 +148,7 @@ void TestListClasses::removedNodeIsTakenFirst()
     });
 }
 
-void TestListClasses::badBlockSizeRaises_data()
+void tst_ListClasses::badBlockSizeRaises_data()
 {
     QTest::addColumn<qlonglong>("blockSize");
     QTest::newRow("none") << 0LL;
@@ -156,11 +157,11 @@ void TestListClasses::badBlockSizeRaises_data()
     QTest::newRow("more than memory can have") << LLONG_MAX;
 }
 
-void TestListClasses::badBlockSizeRaises()
+void tst_ListClasses::badBlockSizeRaises()
 {
     QFETCH(qlonglong, blockSize);
 
-    Open<CStringList_X> list(blockSize);
+    OpenList<CStringList_X> list(blockSize);
     QCOMPARE(list.blockSize, blockSize);
     QVERIFY(raises([&] { list.AddTail(L"a"); }));
     QVERIFY(raises([&] { list.AddHead(L"a"); }));
@@ -168,7 +169,7 @@ void TestListClasses::badBlockSizeRaises()
     QVERIFY(!list.head && !list.blocks);
 }
 
-void TestListClasses::objectsAreNotOwned()
+void tst_ListClasses::objectsAreNotOwned()
 {
     const QPointer<CObject_X> object(new CObject_X);
     {
@@ -184,7 +185,7 @@ void TestListClasses::objectsAreNotOwned()
 }
 
 // A list of objects is an object as well: given as what it is it stands for its elements.
-void TestListClasses::listsOfListsOfObjects()
+void tst_ListClasses::listsOfListsOfObjects()
 {
     struct OwnList : CObList_X
     {
@@ -201,7 +202,7 @@ void TestListClasses::listsOfListsOfObjects()
     QCOMPARE(own.GetTail(), &other);
 }
 
-void TestListClasses::textForms()
+void tst_ListClasses::textForms()
 {
     CStringList_X list;
     const CString_X object = L"object";
@@ -226,7 +227,7 @@ void TestListClasses::textForms()
     QVERIFY(raises([&] { list.SetAt(nullptr, object); }));
 }
 
-void TestListClasses::textsCompareToTheirEnd()
+void tst_ListClasses::textsCompareToTheirEnd()
 {
     CStringList_X list;
     list.AddTail(L"drill");
@@ -239,7 +240,7 @@ void TestListClasses::textsCompareToTheirEnd()
     QCOMPARE(list.Find(nullptr), list.GetTailPosition());
 }
 
-void TestListClasses::textsKeepEmbeddedZeros()
+void tst_ListClasses::textsKeepEmbeddedZeros()
 {
     CStringList_X list;
     list.AddTail(CString_X(L"a\0b", 3));
@@ -248,5 +249,5 @@ void TestListClasses::textsKeepEmbeddedZeros()
     QCOMPARE(list.RemoveHead().GetLength(), 3);
 }
 
-QTEST_APPLESS_MAIN(TestListClasses)
+XE_APPLESS_TEST(tst_ListClasses)
 #include "tst_listclasses.moc"

@@ -1,10 +1,11 @@
 #include "openlist.h"
+#include "testclass.h"
 
 #include <list>
 #include <random>
 
 /// Lists in step with std::list, over long random sequences of operations.
-class TestListOracle : public QObject
+class tst_ListOracle : public QObject
 {
     Q_OBJECT
 
@@ -19,7 +20,7 @@ template <class List>
 class Race
 {
 public:
-    Race(Open<List>& list, unsigned seed) : m_list(list), m_random(seed) {}
+    Race(OpenList<List>& list, unsigned seed) : m_list(list), m_random(seed) {}
 
     void step()
     {
@@ -74,7 +75,7 @@ public:
     }
 
 private:
-    using Value = typename Open<List>::Value;
+    using Value = typename OpenList<List>::Value;
 
     std::size_t below(std::size_t limit) { return std::uniform_int_distribution<std::size_t>(0, limit - 1)(m_random); }
     const Value& newValue() { return m_value = elementOf<Value>("abcdefXYZ"[below(9)]); }
@@ -139,7 +140,7 @@ private:
         m_positions.clear();
     }
 
-    Open<List>& m_list;
+    OpenList<List>& m_list;
     std::mt19937 m_random;
     std::list<Value> m_expected;
     std::vector<POSITION> m_positions; // of the expected elements: a position stays as long as its element
@@ -148,7 +149,7 @@ private:
 
 } // namespace
 
-void TestListOracle::inStepWithStdList_data()
+void tst_ListOracle::inStepWithStdList_data()
 {
     QTest::addColumn<int>("listClass");
     QTest::addColumn<unsigned>("seed");
@@ -159,7 +160,7 @@ void TestListOracle::inStepWithStdList_data()
     }
 }
 
-void TestListOracle::inStepWithStdList()
+void tst_ListOracle::inStepWithStdList()
 {
     withList([](auto& list) {
         QFETCH(unsigned, seed);
@@ -172,5 +173,5 @@ void TestListOracle::inStepWithStdList()
     });
 }
 
-QTEST_APPLESS_MAIN(TestListOracle)
+XE_APPLESS_TEST(tst_ListOracle)
 #include "tst_listoracle.moc"

@@ -1,9 +1,10 @@
 #include "openlist.h"
+#include "testclass.h"
 
 #include "archived.h"
 
 /// Lists on an archive, byte by byte.
-class TestListSerialize : public QObject
+class tst_ListSerialize : public QObject
 {
     Q_OBJECT
 
@@ -18,9 +19,9 @@ private slots:
     void countWithoutData();
 };
 
-void TestListSerialize::texts()
+void tst_ListSerialize::texts()
 {
-    Open<CStringList_X> list;
+    OpenList<CStringList_X> list;
     list.AddTail(L"ab");
     list.AddTail(L"");
     list.AddTail(CString_X(L"\0\U0001F600", 2));
@@ -34,7 +35,7 @@ void TestListSerialize::texts()
     QCOMPARE(loaded.GetTail(), CString_X(L"\0\U0001F600", 2));
 }
 
-void TestListSerialize::emptyLists()
+void tst_ListSerialize::emptyLists()
 {
     CObList_X objects;
     CStringList_X texts;
@@ -45,7 +46,7 @@ void TestListSerialize::emptyLists()
     QVERIFY(objects.IsEmpty() && texts.IsEmpty());
 }
 
-void TestListSerialize::objects()
+void tst_ListSerialize::objects()
 {
     CObject_X object;
     CObList_X list;
@@ -58,7 +59,7 @@ void TestListSerialize::objects()
     QCOMPARE(shown(loaded), QString("--"));
 }
 
-void TestListSerialize::notStorable()
+void tst_ListSerialize::notStorable()
 {
     CPtrList_X list;
     list.AddTail(this);
@@ -67,20 +68,20 @@ void TestListSerialize::notStorable()
     QCOMPARE(list.GetCount(), 1LL);
 }
 
-void TestListSerialize::loadingAdds()
+void tst_ListSerialize::loadingAdds()
 {
-    Open<CStringList_X> texts;
+    OpenList<CStringList_X> texts;
     fill(texts, "ab");
     load(texts, hex("0100 fffeff01 63000000"));
     QCOMPARE(shown(texts), QString("abc"));
 
-    Open<CObList_X> objects;
+    OpenList<CObList_X> objects;
     fill(objects, "ab");
     load(objects, hex("0100"));
     QCOMPARE(shown(objects), QString("ab-"));
 }
 
-void TestListSerialize::longCount()
+void tst_ListSerialize::longCount()
 {
     CStringList_X list;
     for (int i = 0; i < 65535; ++i)
@@ -93,9 +94,9 @@ void TestListSerialize::longCount()
     QCOMPARE(loaded.GetCount(), 65535LL);
 }
 
-void TestListSerialize::streamThatEndsEarly()
+void tst_ListSerialize::streamThatEndsEarly()
 {
-    Open<CStringList_X> list;
+    OpenList<CStringList_X> list;
     load(list, hex("0500 fffeff01 61000000 fffeff01 62000000"));
     QCOMPARE(shown(list), QString("ab"));
     list.RemoveAll();
@@ -106,7 +107,7 @@ void TestListSerialize::streamThatEndsEarly()
     QVERIFY(list.IsEmpty());
 }
 
-void TestListSerialize::countWithoutData()
+void tst_ListSerialize::countWithoutData()
 {
     CStringList_X texts;
     load(texts, hex("ffff ffffffff"));
@@ -122,5 +123,5 @@ void TestListSerialize::countWithoutData()
     QCOMPARE(objects.GetCount(), 1048576LL);
 }
 
-QTEST_APPLESS_MAIN(TestListSerialize)
+XE_APPLESS_TEST(tst_ListSerialize)
 #include "tst_listserialize.moc"

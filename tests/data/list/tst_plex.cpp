@@ -1,11 +1,12 @@
 #include "openlist.h"
+#include "testclass.h"
 
 #include "xeafxplex.h"
 
 #include <cstring>
 
 /// Chains of raw blocks.
-class TestPlex : public QObject
+class tst_Plex : public QObject
 {
     Q_OBJECT
 
@@ -18,7 +19,7 @@ private slots:
     void returnedNodeComesFirst();
 };
 
-void TestPlex::newestFirst()
+void tst_Plex::newestFirst()
 {
     CPlex_X* head = nullptr;
     CPlex_X* first = CPlex_X::Create(head, 3, 16);
@@ -31,7 +32,7 @@ void TestPlex::newestFirst()
     head->FreeDataChain();
 }
 
-void TestPlex::dataFollowsTheLink()
+void tst_Plex::dataFollowsTheLink()
 {
     CPlex_X* head = nullptr;
     CPlex_X* block = CPlex_X::Create(head, 3, 16);
@@ -44,7 +45,7 @@ void TestPlex::dataFollowsTheLink()
     xe::detail::freeBlocks(head);
 }
 
-void TestPlex::badSizesRaise_data()
+void tst_Plex::badSizesRaise_data()
 {
     QTest::addColumn<quint64>("max");
     QTest::addColumn<quint64>("element");
@@ -57,7 +58,7 @@ void TestPlex::badSizesRaise_data()
     QTest::newRow("one byte more than fits with the link") << quint64(PTRDIFF_MAX) - 7 << quint64(1);
 }
 
-void TestPlex::badSizesRaise()
+void tst_Plex::badSizesRaise()
 {
     QFETCH(quint64, max);
     QFETCH(quint64, element);
@@ -81,7 +82,7 @@ struct Node
 
 } // namespace
 
-void TestPlex::freeNodesComeLowestFirst()
+void tst_Plex::freeNodesComeLowestFirst()
 {
     CPlex_X* blocks = nullptr;
     Node* freeList = nullptr;
@@ -99,7 +100,7 @@ void TestPlex::freeNodesComeLowestFirst()
     blocks->FreeDataChain();
 }
 
-void TestPlex::returnedNodeComesFirst()
+void tst_Plex::returnedNodeComesFirst()
 {
     CPlex_X* blocks = nullptr;
     Node* freeList = nullptr;
@@ -113,5 +114,5 @@ void TestPlex::returnedNodeComesFirst()
     blocks->FreeDataChain();
 }
 
-QTEST_APPLESS_MAIN(TestPlex)
+XE_APPLESS_TEST(tst_Plex)
 #include "tst_plex.moc"

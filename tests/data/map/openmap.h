@@ -11,7 +11,7 @@
 
 /// A map whose fields are in the open.
 template <class Map>
-struct Open : Map
+struct OpenMap : Map
 {
     using Map::blocks;
     using Map::blockSize;
@@ -140,7 +140,7 @@ inline void mapClassRows()
 template <class Map, class Check>
 void checkNewMap(Check check)
 {
-    Open<Map> map;
+    OpenMap<Map> map;
     check(map);
     if (!QTest::currentTestFailed())
         QCOMPARE(map.checkSanity(), QString());

@@ -1,7 +1,8 @@
 #include "openmap.h"
+#include "testclass.h"
 
 /// The operations of all maps.
-class TestMap : public QObject
+class tst_Map : public QObject
 {
     Q_OBJECT
 
@@ -30,9 +31,9 @@ private slots:
     void wordsTakeAllNumbers();
 };
 
-void TestMap::checkSanityCanFail()
+void tst_Map::checkSanityCanFail()
 {
-    Open<CMapStringToPtr_X> map;
+    OpenMap<CMapStringToPtr_X> map;
     set(map, 1, 10);
     set(map, 2, 20);
     QCOMPARE(map.checkSanity(), QString());
@@ -52,7 +53,7 @@ void TestMap::checkSanityCanFail()
     QCOMPARE(map.checkSanity(), QString());
 }
 
-void TestMap::newMap()
+void tst_Map::newMap()
 {
     withMap([](auto& map) {
         QCOMPARE(map.GetCount(), 0LL);
@@ -68,7 +69,7 @@ void TestMap::newMap()
     });
 }
 
-void TestMap::setAndLookup()
+void tst_Map::setAndLookup()
 {
     withMap([](auto& map) {
         for (int key = 0; key < 100; ++key)
@@ -84,7 +85,7 @@ void TestMap::setAndLookup()
     });
 }
 
-void TestMap::indexAddsAnEmptyValue()
+void tst_Map::indexAddsAnEmptyValue()
 {
     withMap([](auto& map) {
         using Map = std::decay_t<decltype(map)>;
@@ -100,7 +101,7 @@ void TestMap::indexAddsAnEmptyValue()
     });
 }
 
-void TestMap::removeKey()
+void tst_Map::removeKey()
 {
     withMap([](auto& map) {
         map.InitHashTable(1); // all in one chain: head, middle and end of it
@@ -124,7 +125,7 @@ void TestMap::removeKey()
     });
 }
 
-void TestMap::removeAll()
+void tst_Map::removeAll()
 {
     withMap([](auto& map) {
         map.InitHashTable(5);
@@ -142,7 +143,7 @@ void TestMap::removeAll()
     });
 }
 
-void TestMap::walkOfOne()
+void tst_Map::walkOfOne()
 {
     withMap([](auto& map) {
         set(map, 3, 4);
@@ -158,7 +159,7 @@ void TestMap::walkOfOne()
 }
 
 // In a table of 10 the keys 1 to 9 are in the buckets 7, 4, 1, 8, 5, 2, 9, 6, 3 as 16807 ends in 7; 11 and 21 are with 1.
-void TestMap::walkOrder_data()
+void tst_Map::walkOrder_data()
 {
     QTest::addColumn<int>("mapClass");
     QTest::addColumn<unsigned>("tableSize");
@@ -184,7 +185,7 @@ void TestMap::walkOrder_data()
             << mapClass << 256U << QList<int>{1, 2, 4, 5} << "5=5 4=4 2=2 1=1";
 }
 
-void TestMap::walkOrder()
+void tst_Map::walkOrder()
 {
     withMap([](auto& map) {
         QFETCH(unsigned, tableSize);
@@ -197,7 +198,7 @@ void TestMap::walkOrder()
     });
 }
 
-void TestMap::walkFromNowhere()
+void tst_Map::walkFromNowhere()
 {
     withMap([](auto& map) {
         for (int count = 0; count < 2; ++count) {
@@ -214,7 +215,7 @@ void TestMap::walkFromNowhere()
 }
 
 // A walk that starts in a map without a table ends at once; only CMapStringToPtr_X leaves the position as it is.
-void TestMap::walkWithoutTable()
+void tst_Map::walkWithoutTable()
 {
     withMap([](auto& map) {
         auto key = keyOf<typename std::decay_t<decltype(map)>::Key>(11);
@@ -234,7 +235,7 @@ void TestMap::walkWithoutTable()
     });
 }
 
-void TestMap::removeWhileWalking()
+void tst_Map::removeWhileWalking()
 {
     withMap([](auto& map) {
         for (int key = 0; key < 100; ++key)
@@ -252,9 +253,9 @@ void TestMap::removeWhileWalking()
     });
 }
 
-void TestMap::wordsTakeAllNumbers()
+void tst_Map::wordsTakeAllNumbers()
 {
-    Open<CMapWordToPtr_X> map(100);
+    OpenMap<CMapWordToPtr_X> map(100);
     map.InitHashTable(1009);
     for (int key = 0; key <= 0xFFFF; ++key)
         set(map, key, key);
@@ -264,5 +265,5 @@ void TestMap::wordsTakeAllNumbers()
     QCOMPARE(map.checkSanity(), QString());
 }
 
-QTEST_APPLESS_MAIN(TestMap)
+XE_APPLESS_TEST(tst_Map)
 #include "tst_map.moc"

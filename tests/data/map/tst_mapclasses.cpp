@@ -1,7 +1,8 @@
 #include "openmap.h"
+#include "testclass.h"
 
 /// What tells the maps apart, and how they keep tables and associations.
-class TestMapClasses : public QObject
+class tst_MapClasses : public QObject
 {
     Q_OBJECT
 
@@ -29,7 +30,7 @@ private slots:
     void typeLibraryCache();
 };
 
-void TestMapClasses::runTimeClasses()
+void tst_MapClasses::runTimeClasses()
 {
     QCOMPARE(CMapWordToPtr_X().GetRuntimeClass(), RUNTIME_CLASS_X(CMapWordToPtr_X));
     QCOMPARE(CMapPtrToWord_X().GetRuntimeClass(), RUNTIME_CLASS_X(CMapPtrToWord_X));
@@ -49,12 +50,12 @@ long long blockSizeOfCreated()
 {
     const std::unique_ptr<CObject_X> object(RUNTIME_CLASS_X(Map)->CreateObject());
     auto* map = qobject_cast<Map*>(object.get());
-    return map ? map->*(&Open<Map>::blockSize) : 0;
+    return map ? map->*(&OpenMap<Map>::blockSize) : 0;
 }
 
 } // namespace
 
-void TestMapClasses::createObject()
+void tst_MapClasses::createObject()
 {
     QCOMPARE(blockSizeOfCreated<CMapWordToOb_X>(), 10LL);
     QCOMPARE(blockSizeOfCreated<CMapStringToOb_X>(), 10LL);
@@ -77,20 +78,20 @@ int distance(const From& from, const To& to)
 template <class Map>
 QString fieldOrder()
 {
-    Open<Map> map;
+    OpenMap<Map> map;
     set(map, 1, 2);
     auto* assoc = *std::find_if(map.buckets, map.buckets + 17, [](auto* chain) { return chain; });
     QMap<int, QString> names = {{distance(*assoc, assoc->next), "next"},
                                 {distance(*assoc, assoc->key), "key"},
                                 {distance(*assoc, assoc->value), "value"}};
-    if constexpr (Open<Map>::Assoc::storesHash)
+    if constexpr (OpenMap<Map>::Assoc::storesHash)
         names.insert(distance(*assoc, assoc->hash), "hash");
     return QStringList(names.values()).join(' ');
 }
 
 } // namespace
 
-void TestMapClasses::fieldsInOrder()
+void tst_MapClasses::fieldsInOrder()
 {
     withMap([](auto& map) {
         QCOMPARE(distance(map.buckets, map.bucketCount), 8);
@@ -101,7 +102,7 @@ void TestMapClasses::fieldsInOrder()
     });
 }
 
-void TestMapClasses::associationsInOrder()
+void tst_MapClasses::associationsInOrder()
 {
     QCOMPARE(fieldOrder<CMapWordToPtr_X>(), QString("next value key"));
     QCOMPARE(fieldOrder<CMapPtrToWord_X>(), QString("next key value"));
@@ -112,7 +113,7 @@ void TestMapClasses::associationsInOrder()
     QCOMPARE(fieldOrder<CMapStringToString_X>(), QString("key value next hash"));
 }
 
-void TestMapClasses::blockSizes_data()
+void tst_MapClasses::blockSizes_data()
 {
     QTest::addColumn<int>("mapClass");
     QTest::addColumn<qlonglong>("given");
@@ -129,7 +130,7 @@ void TestMapClasses::blockSizes_data()
     }
 }
 
-void TestMapClasses::blockSizes()
+void tst_MapClasses::blockSizes()
 {
     withMap([](auto& map) {
         QFETCH(qlonglong, given);
@@ -140,7 +141,7 @@ void TestMapClasses::blockSizes()
     });
 }
 
-void TestMapClasses::tableSizes_data()
+void tst_MapClasses::tableSizes_data()
 {
     QTest::addColumn<int>("mapClass");
     QTest::addColumn<unsigned>("given");
@@ -153,7 +154,7 @@ void TestMapClasses::tableSizes_data()
     }
 }
 
-void TestMapClasses::tableSizes()
+void tst_MapClasses::tableSizes()
 {
     withMap([](auto& map) {
         QFETCH(unsigned, given);
@@ -172,7 +173,7 @@ void TestMapClasses::tableSizes()
     });
 }
 
-void TestMapClasses::tableIsMadeWhenNeeded()
+void tst_MapClasses::tableIsMadeWhenNeeded()
 {
     withMap([](auto& map) {
         map.InitHashTable(5, 0);
@@ -186,7 +187,7 @@ void TestMapClasses::tableIsMadeWhenNeeded()
 }
 
 // The old keys are lost, though they count until all are removed.
-void TestMapClasses::tableOfAnUsedMap()
+void tst_MapClasses::tableOfAnUsedMap()
 {
     withMap([](auto& map) {
         set(map, 3, 30); // with a text outside the string
@@ -210,9 +211,9 @@ void TestMapClasses::tableOfAnUsedMap()
     });
 }
 
-void TestMapClasses::noBuckets()
+void tst_MapClasses::noBuckets()
 {
-    Open<CMapStringToPtr_X> map;
+    OpenMap<CMapStringToPtr_X> map;
     map.InitHashTable(0);
     QCOMPARE(valueAt(map, 1), -1);
     QVERIFY(!map.RemoveKey(L"1"));
@@ -224,10 +225,10 @@ void TestMapClasses::noBuckets()
     QCOMPARE(valueAt(map, 1), 2);
 }
 
-void TestMapClasses::noBlockSize()
+void tst_MapClasses::noBlockSize()
 {
     for (const long long size : {0LL, -1LL, LLONG_MIN, LLONG_MAX}) {
-        Open<CMapStringToPtr_X> map(size);
+        OpenMap<CMapStringToPtr_X> map(size);
         QVERIFY(raises([&] { map[L"1"]; }));
         QCOMPARE(map.GetCount(), 0LL);
         QVERIFY(!map.blocks);
@@ -235,7 +236,7 @@ void TestMapClasses::noBlockSize()
     }
 }
 
-void TestMapClasses::associationsComeLowestFirst()
+void tst_MapClasses::associationsComeLowestFirst()
 {
     withMap([](auto& map) {
         using Assoc = typename std::decay_t<decltype(map)>::Assoc;
@@ -249,7 +250,7 @@ void TestMapClasses::associationsComeLowestFirst()
     });
 }
 
-void TestMapClasses::removedAssociationIsTakenFirst()
+void tst_MapClasses::removedAssociationIsTakenFirst()
 {
     withMap([](auto& map) {
         map.InitHashTable(1);
@@ -262,7 +263,7 @@ void TestMapClasses::removedAssociationIsTakenFirst()
     });
 }
 
-void TestMapClasses::objectsAreNotOwned()
+void tst_MapClasses::objectsAreNotOwned()
 {
     const QPointer<CObject_X> object(new CObject_X);
     {
@@ -281,7 +282,7 @@ void TestMapClasses::objectsAreNotOwned()
     delete object;
 }
 
-void TestMapClasses::typeLibraryCache()
+void tst_MapClasses::typeLibraryCache()
 {
     CTypeLibCacheMap_X cache;
     cache[this] = &cache;
@@ -289,5 +290,5 @@ void TestMapClasses::typeLibraryCache()
     QVERIFY(cache.IsKindOf(RUNTIME_CLASS_X(CMapPtrToPtr_X)));
 }
 
-QTEST_APPLESS_MAIN(TestMapClasses)
+XE_APPLESS_TEST(tst_MapClasses)
 #include "tst_mapclasses.moc"

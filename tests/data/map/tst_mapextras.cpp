@@ -1,9 +1,10 @@
 #include "openmap.h"
+#include "testclass.h"
 
 #include "xeatltypes.h"
 
 /// What single maps have besides: values by key, stored keys, pairs.
-class TestMapExtras : public QObject
+class tst_MapExtras : public QObject
 {
     Q_OBJECT
 
@@ -21,7 +22,7 @@ private slots:
     void ownTextsAsArguments();
 };
 
-void TestMapExtras::apiExamples()
+void tst_MapExtras::apiExamples()
 {
     int drill = 0;
     void* used = nullptr;
@@ -40,7 +41,7 @@ void TestMapExtras::apiExamples()
     QCOMPARE(corners.PLookup(17)->value, CPoint(3, 4));
 }
 
-void TestMapExtras::getValueAt()
+void tst_MapExtras::getValueAt()
 {
     CMapPtrToPtr_X map;
     int value = 0;
@@ -77,13 +78,13 @@ void checkStoredKey()
 
 } // namespace
 
-void TestMapExtras::storedKey()
+void tst_MapExtras::storedKey()
 {
     checkStoredKey<CMapStringToOb_X>();
     checkStoredKey<CMapStringToString_X>();
 }
 
-void TestMapExtras::laterKeyInTheBucket()
+void tst_MapExtras::laterKeyInTheBucket()
 {
     CMapStringToPtr_X map;
     const wchar_t* found = L"a";
@@ -108,7 +109,7 @@ void TestMapExtras::laterKeyInTheBucket()
     }
 }
 
-void TestMapExtras::laterKeyOfEqualText()
+void tst_MapExtras::laterKeyOfEqualText()
 {
     CMapStringToPtr_X map;
     map.InitHashTable(1);
@@ -119,7 +120,7 @@ void TestMapExtras::laterKeyOfEqualText()
     QVERIFY(!none);
 }
 
-void TestMapExtras::pairs()
+void tst_MapExtras::pairs()
 {
     CMapStringToString_X map;
     const auto& constant = map;
@@ -135,7 +136,7 @@ void TestMapExtras::pairs()
     QVERIFY(!constant.PLookup(L"nut"));
 }
 
-void TestMapExtras::walkByPairs()
+void tst_MapExtras::walkByPairs()
 {
     CMapStringToString_X map;
     const auto& constant = map;
@@ -159,7 +160,7 @@ void TestMapExtras::walkByPairs()
     QVERIFY(!map.PGetFirstAssoc());
 }
 
-void TestMapExtras::hostMapPairs()
+void tst_MapExtras::hostMapPairs()
 {
     CMap_X<unsigned, unsigned, QPoint, QPoint&> map;
     QPoint point(3, 4);
@@ -177,7 +178,7 @@ void TestMapExtras::hostMapPairs()
     QCOMPARE(sum, 35U);
 }
 
-void TestMapExtras::textsAreCopied()
+void tst_MapExtras::textsAreCopied()
 {
     CMapStringToString_X map;
     std::wstring key = L"a key that is too long for a string's own buffer";
@@ -194,7 +195,7 @@ void TestMapExtras::textsAreCopied()
     QCOMPARE(value.GetLength(), 50);
 }
 
-void TestMapExtras::keysEndAtTheFirstZero()
+void tst_MapExtras::keysEndAtTheFirstZero()
 {
     CMapStringToString_X map;
     map[CString_X(L"a\0b", 3)] = CString_X(L"c\0d", 3);
@@ -204,7 +205,7 @@ void TestMapExtras::keysEndAtTheFirstZero()
     QCOMPARE(map[L"e"].GetLength(), 3);
 }
 
-void TestMapExtras::ownTextsAsArguments()
+void tst_MapExtras::ownTextsAsArguments()
 {
     CMapStringToString_X map;
     map[L"a text outside the string"] = L"another text outside the string";
@@ -215,5 +216,5 @@ void TestMapExtras::ownTextsAsArguments()
     QCOMPARE(map.GetCount(), 2LL);
 }
 
-QTEST_APPLESS_MAIN(TestMapExtras)
+XE_APPLESS_TEST(tst_MapExtras)
 #include "tst_mapextras.moc"

@@ -1,7 +1,8 @@
 #include "openmap.h"
+#include "testclass.h"
 
 /// The hashes of numbers, pointers and texts, number by number, and the buckets that follow from them.
-class TestMapHash : public QObject
+class tst_MapHash : public QObject
 {
     Q_OBJECT
 
@@ -19,7 +20,7 @@ private slots:
     void bucketIsHashModuloTableSize();
 };
 
-void TestMapHash::numbers_data()
+void tst_MapHash::numbers_data()
 {
     QTest::addColumn<qlonglong>("number");
     QTest::addColumn<unsigned>("hash");
@@ -40,7 +41,7 @@ void TestMapHash::numbers_data()
     QTest::newRow("smallest") << LLONG_MIN << 2052120605U;
 }
 
-void TestMapHash::numbers()
+void tst_MapHash::numbers()
 {
     QFETCH(qlonglong, number);
     QFETCH(unsigned, hash);
@@ -52,7 +53,7 @@ void TestMapHash::numbers()
     QCOMPARE(HashKey_X(number), hash);
 }
 
-void TestMapHash::words()
+void tst_MapHash::words()
 {
     QCOMPARE(CMapWordToPtr_X().HashKey(0), 0U);
     QCOMPARE(CMapWordToPtr_X().HashKey(1), 16807U);
@@ -60,7 +61,7 @@ void TestMapHash::words()
     QCOMPARE(CMapWordToOb_X().HashKey(0xFFFF), 1101446745U);
 }
 
-void TestMapHash::texts_data()
+void tst_MapHash::texts_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<unsigned>("hash");
@@ -77,7 +78,7 @@ void TestMapHash::texts_data()
     QTest::newRow("a hundred characters, each eleventh one") << QString(100, 'x') << 0x81B8A53DU;
 }
 
-void TestMapHash::texts()
+void tst_MapHash::texts()
 {
     QFETCH(QString, text);
     QFETCH(unsigned, hash);
@@ -91,7 +92,7 @@ void TestMapHash::texts()
     QCOMPARE(CMapStringToPtr_X().HashKey(CString_X(key + std::wstring(L"\0tail", 5))), hash);
 }
 
-void TestMapHash::longTextsAreSampled()
+void tst_MapHash::longTextsAreSampled()
 {
     const CMapStringToPtr_X map;
     for (int length = 0; length < 250; ++length) {
@@ -105,7 +106,7 @@ void TestMapHash::longTextsAreSampled()
     }
 }
 
-void TestMapHash::sameHashDifferentKey()
+void tst_MapHash::sameHashDifferentKey()
 {
     CMapStringToString_X map;
     map[L"0123456789"] = L"digits";
@@ -145,7 +146,7 @@ void checkNullText()
 
 } // namespace
 
-void TestMapHash::nullTextRaises()
+void tst_MapHash::nullTextRaises()
 {
     checkNullText<CMapStringToPtr_X>();
     checkNullText<CMapStringToOb_X>();
@@ -171,7 +172,7 @@ unsigned HashKey_X<const Cell&>(const Cell& cell)
     return unsigned(cell.row) << 16 | unsigned(cell.column);
 }
 
-void TestMapHash::hostKeys()
+void tst_MapHash::hostKeys()
 {
     QCOMPARE(HashKey_X(3), 50421U);
     QCOMPARE(HashKey_X(3U), 50421U);
@@ -192,7 +193,7 @@ void TestMapHash::hostKeys()
     QVERIFY(texts.RemoveKey(CString_X(L"a")));
 }
 
-void TestMapHash::bucketIsHashModuloTableSize()
+void tst_MapHash::bucketIsHashModuloTableSize()
 {
     withMap([](auto& map) {
         map.InitHashTable(7);
@@ -204,5 +205,5 @@ void TestMapHash::bucketIsHashModuloTableSize()
     });
 }
 
-QTEST_APPLESS_MAIN(TestMapHash)
+XE_APPLESS_TEST(tst_MapHash)
 #include "tst_maphash.moc"

@@ -1,10 +1,11 @@
 #include "openmap.h"
+#include "testclass.h"
 
 #include <random>
 #include <unordered_map>
 
 /// Maps in step with std::unordered_map, over long random sequences of operations.
-class TestMapOracle : public QObject
+class tst_MapOracle : public QObject
 {
     Q_OBJECT
 
@@ -19,7 +20,7 @@ template <class Map>
 class Race
 {
 public:
-    Race(Open<Map>& map, unsigned seed) : m_map(map), m_random(seed) {}
+    Race(OpenMap<Map>& map, unsigned seed) : m_map(map), m_random(seed) {}
 
     void step()
     {
@@ -77,7 +78,7 @@ private:
             m_map.InitHashTable(unsigned(1 + below(100)), below(2));
     }
 
-    Open<Map>& m_map;
+    OpenMap<Map>& m_map;
     std::mt19937 m_random;
     std::unordered_map<int, int> m_expected;
     bool m_crowded = false;
@@ -85,7 +86,7 @@ private:
 
 } // namespace
 
-void TestMapOracle::inStepWithUnorderedMap_data()
+void tst_MapOracle::inStepWithUnorderedMap_data()
 {
     QTest::addColumn<int>("mapClass");
     QTest::addColumn<unsigned>("seed");
@@ -94,7 +95,7 @@ void TestMapOracle::inStepWithUnorderedMap_data()
             QTest::addRow("%s, seed %u", mapClassNames[mapClass], seed) << mapClass << seed;
 }
 
-void TestMapOracle::inStepWithUnorderedMap()
+void tst_MapOracle::inStepWithUnorderedMap()
 {
     withMap([](auto& map) {
         QFETCH(unsigned, seed);
@@ -107,5 +108,5 @@ void TestMapOracle::inStepWithUnorderedMap()
     });
 }
 
-QTEST_APPLESS_MAIN(TestMapOracle)
+XE_APPLESS_TEST(tst_MapOracle)
 #include "tst_maporacle.moc"

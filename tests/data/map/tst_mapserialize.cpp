@@ -1,8 +1,9 @@
 #include "archived.h"
 #include "openmap.h"
+#include "testclass.h"
 
 /// Maps on an archive, byte by byte.
-class TestMapSerialize : public QObject
+class tst_MapSerialize : public QObject
 {
     Q_OBJECT
 
@@ -17,7 +18,7 @@ private slots:
     void streamThatEndsEarly();
 };
 
-void TestMapSerialize::emptyMaps()
+void tst_MapSerialize::emptyMaps()
 {
     CMapWordToOb_X words;
     CMapStringToOb_X texts;
@@ -30,7 +31,7 @@ void TestMapSerialize::emptyMaps()
 }
 
 // In a table of 10 the key 3 is in bucket 1, 2 in 4, and 1 and 11 in 7, the newer one first. Objects leave no trace.
-void TestMapSerialize::words()
+void tst_MapSerialize::words()
 {
     CMapWordToOb_X map;
     map.InitHashTable(10);
@@ -48,7 +49,7 @@ void TestMapSerialize::words()
 }
 
 // In a table of 256 the key b is in bucket 0x7D, a in 0x7E.
-void TestMapSerialize::texts()
+void tst_MapSerialize::texts()
 {
     CMapStringToOb_X map;
     map.InitHashTable(256);
@@ -65,7 +66,7 @@ void TestMapSerialize::texts()
     QVERIFY(!value);
 }
 
-void TestMapSerialize::textPairs()
+void tst_MapSerialize::textPairs()
 {
     CMapStringToString_X map;
     map.InitHashTable(256);
@@ -81,7 +82,7 @@ void TestMapSerialize::textPairs()
     QVERIFY(loaded.PLookup(L"a"));
 }
 
-void TestMapSerialize::notStorable()
+void tst_MapSerialize::notStorable()
 {
     CMapWordToPtr_X wordToPtr;
     CMapPtrToWord_X ptrToWord;
@@ -95,7 +96,7 @@ void TestMapSerialize::notStorable()
     }
 }
 
-void TestMapSerialize::loadingAdds()
+void tst_MapSerialize::loadingAdds()
 {
     CMapStringToString_X map;
     set(map, 1, 10);
@@ -107,7 +108,7 @@ void TestMapSerialize::loadingAdds()
     QCOMPARE(valueAt(map, 4), 8);
 }
 
-void TestMapSerialize::roundTrip()
+void tst_MapSerialize::roundTrip()
 {
     CMapStringToString_X map;
     CMapWordToOb_X words;
@@ -126,7 +127,7 @@ void TestMapSerialize::roundTrip()
     QCOMPARE(loadedWords.GetCount(), 1000LL);
 }
 
-void TestMapSerialize::streamThatEndsEarly()
+void tst_MapSerialize::streamThatEndsEarly()
 {
     CMapStringToString_X pairs;
     load(pairs, hex("0500 fffeff01 31000000 fffeff01 37000000"));
@@ -142,5 +143,5 @@ void TestMapSerialize::streamThatEndsEarly()
     QVERIFY(texts.IsEmpty());
 }
 
-QTEST_APPLESS_MAIN(TestMapSerialize)
+XE_APPLESS_TEST(tst_MapSerialize)
 #include "tst_mapserialize.moc"

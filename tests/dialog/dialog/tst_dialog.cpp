@@ -1,6 +1,7 @@
 // Dialogs outside their modal loop: making, buttons, keys.
 
 #include "scriptdialog.h"
+#include "testclass.h"
 
 #include <leavenothing.h>
 
@@ -387,5 +388,5 @@ void tst_Dialog::keyInATopLevelDialogStaysThere()
     QCOMPARE(embedded.window.keys, QVector<int>{Qt::Key_Return});
 }
 
-QTEST_MAIN(tst_Dialog)
+XE_TEST(tst_Dialog)
 #include "tst_dialog.moc"

@@ -1,6 +1,7 @@
 // The examples of the headers' comments, word for word, put to use.
 
 #include "resource.h"
+#include "testclass.h"
 
 #include <leavenothing.h>
 #include <modaldriver.h>
@@ -128,5 +129,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(tst_DialogExamples)
+XE_TEST(tst_DialogExamples)
 #include "tst_dialogexamples.moc"

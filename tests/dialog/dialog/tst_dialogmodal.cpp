@@ -2,6 +2,7 @@
 
 #include "boxwatch.h"
 #include "scriptdialog.h"
+#include "testclass.h"
 
 #include <leavenothing.h>
 #include <messagetrace.h>
@@ -473,5 +474,5 @@ void tst_DialogModal::wrapperDeletesItselfInTheEnd()
     QVERIFY(!wrapper);
 }
 
-QTEST_MAIN(tst_DialogModal)
+XE_TEST(tst_DialogModal)
 #include "tst_dialogmodal.moc"

@@ -1,6 +1,7 @@
 // Dialogs come and go all day long and leave nothing behind.
 
 #include "scriptdialog.h"
+#include "testclass.h"
 
 #include <leavenothing.h>
 
@@ -95,5 +96,5 @@ void tst_DialogRounds::leaveNothingBehind()
     QVERIFY2(pending.events < 10, qPrintable(QString::number(pending.events)));
 }
 
-QTEST_MAIN(tst_DialogRounds)
+XE_TEST(tst_DialogRounds)
 #include "tst_dialogrounds.moc"

@@ -2,6 +2,7 @@
 
 #include "boxwatch.h"
 #include "exchangewindow.h"
+#include "testclass.h"
 
 #include <leavenothing.h>
 
@@ -219,5 +220,5 @@ void tst_Ddv::limitWithoutAControl()
     QCOMPARE(watch.take(), QString());
 }
 
-QTEST_MAIN(tst_Ddv)
+XE_TEST(tst_Ddv)
 #include "tst_ddv.moc"

@@ -2,6 +2,7 @@
 
 #include "boxwatch.h"
 #include "exchangewindow.h"
+#include "testclass.h"
 
 #include <leavenothing.h>
 
@@ -643,5 +644,5 @@ void tst_DdxChoices::everyChoiceIsPrepared()
     QCOMPARE(window.save(exchangeAll), 1);
 }
 
-QTEST_MAIN(tst_DdxChoices)
+XE_TEST(tst_DdxChoices)
 #include "tst_ddxchoices.moc"

@@ -2,6 +2,7 @@
 
 #include "exchangewindow.h"
 #include "resource.h"
+#include "testclass.h"
 
 #include <leavenothing.h>
 #include <xeafxdlg.h>
@@ -203,5 +204,5 @@ void tst_DdxForms::nameInUtf8()
     QCOMPARE(form.name->text(), QStringLiteral("5"));
 }
 
-QTEST_MAIN(tst_DdxForms)
+XE_TEST(tst_DdxForms)
 #include "tst_ddxforms.moc"

@@ -4,6 +4,7 @@
 #include "boxwatch.h"
 #include "exchangewindow.h"
 #include "resource.h"
+#include "testclass.h"
 
 #include <leavenothing.h>
 #include <xeafxdlg.h>
@@ -336,5 +337,5 @@ void tst_DdxMissing::dialogDoesNotOpen()
     QCOMPARE(dialog.DoModal(), 3);
 }
 
-QTEST_MAIN(tst_DdxMissing)
+XE_TEST(tst_DdxMissing)
 #include "tst_ddxmissing.moc"

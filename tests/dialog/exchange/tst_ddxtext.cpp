@@ -2,6 +2,7 @@
 
 #include "boxwatch.h"
 #include "exchangewindow.h"
+#include "testclass.h"
 
 #include <leavenothing.h>
 
@@ -431,5 +432,5 @@ void tst_DdxText::nullControl()
     QCOMPARE(watch.take(), QString());
 }
 
-QTEST_MAIN(tst_DdxText)
+XE_TEST(tst_DdxText)
 #include "tst_ddxtext.moc"

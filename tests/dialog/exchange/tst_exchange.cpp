@@ -2,6 +2,7 @@
 
 #include "boxwatch.h"
 #include "exchangewindow.h"
+#include "testclass.h"
 
 #include <leavenothing.h>
 #include <modaldriver.h>
@@ -388,5 +389,5 @@ void tst_Exchange::boxGoesWithItsWindow()
     QCOMPARE(watch.take(), QString());
 }
 
-QTEST_MAIN(tst_Exchange)
+XE_TEST(tst_Exchange)
 #include "tst_exchange.moc"

@@ -1,6 +1,7 @@
 // The Windows styles of a form, given as text in the property "mfcStyle".
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -69,7 +70,7 @@ Qt::WindowFlags flagsAfter(const Flags& steps)
 
 } // namespace
 
-class TestSetupStyle : public QObject
+class tst_SetupStyle : public QObject
 {
     Q_OBJECT
 
@@ -91,7 +92,7 @@ private Q_SLOTS:
 
 // ------------------------------------------------------------------------------------------------- what a style does
 
-void TestSetupStyle::windowStyle_data()
+void tst_SetupStyle::windowStyle_data()
 {
     QTest::addColumn<QString>("effects");
     QTest::addColumn<Flags>("flags");
@@ -143,7 +144,7 @@ void TestSetupStyle::windowStyle_data()
     row("ds_modalframe", "", {});
 }
 
-void TestSetupStyle::windowStyle()
+void tst_SetupStyle::windowStyle()
 {
     QFETCH(Flags, flags);
     QWidget parent;
@@ -155,7 +156,7 @@ void TestSetupStyle::windowStyle()
     QCOMPARE(widget.windowFlags(), flagsAfter(flags));
 }
 
-void TestSetupStyle::orderOfTheEffects_data()
+void tst_SetupStyle::orderOfTheEffects_data()
 {
     QTest::addColumn<QString>("log");
     QTest::newRow("WS_BORDER|WS_ICONIC|WS_VISIBLE|WS_DISABLED") << "disabled shown minimised border";
@@ -164,7 +165,7 @@ void TestSetupStyle::orderOfTheEffects_data()
     QTest::newRow("WS_VISIBLE|DS_CENTER|DS_MODALFRAME") << "shown-modal-centred"; // the dialog styles come first
 }
 
-void TestSetupStyle::orderOfTheEffects()
+void tst_SetupStyle::orderOfTheEffects()
 {
     QWidget parent;
     parent.resize(300, 200);
@@ -179,7 +180,7 @@ void TestSetupStyle::orderOfTheEffects()
 
 // ------------------------------------------------------------------------------------------------- who gets a style
 
-void TestSetupStyle::formAndItsDirectChildren()
+void tst_SetupStyle::formAndItsDirectChildren()
 {
     QWidget form;
     QWidget child(&form);
@@ -196,7 +197,7 @@ void TestSetupStyle::formAndItsDirectChildren()
     QVERIFY(plain.styleSheet().isEmpty());
 }
 
-void TestSetupStyle::formWithoutAStyle()
+void tst_SetupStyle::formWithoutAStyle()
 {
     QWidget form;
     QWidget child(&form);
@@ -207,7 +208,7 @@ void TestSetupStyle::formWithoutAStyle()
     QVERIFY(!child.isEnabled());
 }
 
-void TestSetupStyle::nothingToStyle()
+void tst_SetupStyle::nothingToStyle()
 {
     setupStyle(nullptr);
     setupWindowStyleData(QStringLiteral("WS_VISIBLE"), nullptr);
@@ -216,7 +217,7 @@ void TestSetupStyle::nothingToStyle()
 
 // ----------------------------------------------------------------------------------------------------- dialog styles
 
-void TestSetupStyle::dialogStyle()
+void tst_SetupStyle::dialogStyle()
 {
     QWidget widget;
     setupDialogStyleData(QStringLiteral("WS_DISABLED|DS_MODALFRAME"), &widget);
@@ -227,7 +228,7 @@ void TestSetupStyle::dialogStyle()
     QCOMPARE(widget.pos(), QPoint(0, 0));
 }
 
-void TestSetupStyle::centredInTheParent()
+void tst_SetupStyle::centredInTheParent()
 {
     QWidget parent;
     parent.setGeometry(200, 100, 100, 80);
@@ -239,7 +240,7 @@ void TestSetupStyle::centredInTheParent()
     QCOMPARE(dialog.windowModality(), Qt::ApplicationModal);
 }
 
-void TestSetupStyle::centredOnTheScreen()
+void tst_SetupStyle::centredOnTheScreen()
 {
     QDialog dialog;
     dialog.resize(20, 10);
@@ -249,5 +250,5 @@ void TestSetupStyle::centredOnTheScreen()
     QCOMPARE(dialog.pos(), QPoint((screen.left() + screen.right()) / 2 - 9, (screen.top() + screen.bottom()) / 2 - 4));
 }
 
-QTEST_MAIN(TestSetupStyle)
+XE_TEST(tst_SetupStyle)
 #include "tst_setupstyle.moc"

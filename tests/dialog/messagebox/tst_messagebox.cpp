@@ -1,6 +1,7 @@
 // The message boxes: buttons, icons, captions, owners and results.
 
 #include "resource.h"
+#include "testclass.h"
 
 #include <leavenothing.h>
 #include <modaldriver.h>
@@ -441,5 +442,5 @@ void tst_MessageBox::resourceText()
     QCOMPARE(shown.text, QStringLiteral("warning '警告': '%1' of nobody").arg(text));
 }
 
-QTEST_MAIN(tst_MessageBox)
+XE_TEST(tst_MessageBox)
 #include "tst_messagebox.moc"

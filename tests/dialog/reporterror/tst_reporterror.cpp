@@ -1,4 +1,5 @@
 #include "resource.h"
+#include "testclass.h"
 
 #include <leavenothing.h>
 #include <modaldriver.h>
@@ -115,5 +116,5 @@ void tst_ReportError::apiExamples()
     QCOMPARE(shown, QStringLiteral("cause: 2, error: 0, file: parts.csv\n"));
 }
 
-QTEST_MAIN(tst_ReportError)
+XE_TEST(tst_ReportError)
 #include "tst_reporterror.moc"

@@ -1,6 +1,7 @@
 // File handles: what is read and written is text, and the disposition decides nothing.
 
 #include "folder.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -45,7 +46,7 @@ std::wstring readText(HANDLE handle, DWORD count, DWORD& read)
 
 } // namespace
 
-class tst_filehandles : public QObject
+class tst_FileHandles : public QObject
 {
     Q_OBJECT
 
@@ -89,7 +90,7 @@ private:
 
 // ---------------------------------------------------------------------------------------------------------- open and close
 
-void tst_filehandles::accessDecidesTheMode_data()
+void tst_FileHandles::accessDecidesTheMode_data()
 {
     QTest::addColumn<DWORD>("access");
     QTest::addColumn<int>("mode");
@@ -102,7 +103,7 @@ void tst_filehandles::accessDecidesTheMode_data()
         << (GENERIC_READ | 0x1FFFFFFFU) << int(QIODevice::ReadOnly) << QByteArray("content");
 }
 
-void tst_filehandles::accessDecidesTheMode()
+void tst_FileHandles::accessDecidesTheMode()
 {
     QFETCH(DWORD, access);
     QFETCH(int, mode);
@@ -116,7 +117,7 @@ void tst_filehandles::accessDecidesTheMode()
     QTEST(m_folder->read("file"), "content");
 }
 
-void tst_filehandles::otherArgumentsAreIgnored()
+void tst_FileHandles::otherArgumentsAreIgnored()
 {
     m_folder->write("file", "content");
     SECURITY_ATTRIBUTES security{};
@@ -129,7 +130,7 @@ void tst_filehandles::otherArgumentsAreIgnored()
     QVERIFY(m_folder->has("new"));
 }
 
-void tst_filehandles::cannotBeOpened_data()
+void tst_FileHandles::cannotBeOpened_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<DWORD>("access");
@@ -139,7 +140,7 @@ void tst_filehandles::cannotBeOpened_data()
     QTest::newRow("in a folder that is not there") << "nowhere/file" << readWrite;
 }
 
-void tst_filehandles::cannotBeOpened()
+void tst_FileHandles::cannotBeOpened()
 {
     QFETCH(QString, name);
     QFETCH(DWORD, access);
@@ -150,7 +151,7 @@ void tst_filehandles::cannotBeOpened()
     QCOMPARE(CreateFile_X(L"", access), INVALID_HANDLE_VALUE);
 }
 
-void tst_filehandles::closing()
+void tst_FileHandles::closing()
 {
     const HANDLE file = CreateFile_X(m_folder->wide("file").c_str(), GENERIC_WRITE);
     QPointer<CFile_X> object = static_cast<CFile_X*>(file);
@@ -163,7 +164,7 @@ void tst_filehandles::closing()
 
 // ---------------------------------------------------------------------------------------------------------- read and write
 
-void tst_filehandles::reads_data()
+void tst_FileHandles::reads_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<DWORD>("count");
@@ -179,7 +180,7 @@ void tst_filehandles::reads_data()
     QTest::newRow("not ASCII in the C locale") << QByteArray("a\xC3\xA9") << 8U << "";
 }
 
-void tst_filehandles::reads()
+void tst_FileHandles::reads()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(DWORD, count);
@@ -193,7 +194,7 @@ void tst_filehandles::reads()
     QCOMPARE(buffer.substr(read), std::wstring(buffer.size() - read, L'#')); // no terminator
 }
 
-void tst_filehandles::readsOn()
+void tst_FileHandles::readsOn()
 {
     m_folder->write("file", "abcdefgh");
     const Handle file(CreateFile_X(m_folder->wide("file").c_str(), GENERIC_READ));
@@ -205,7 +206,7 @@ void tst_filehandles::readsOn()
     QCOMPARE(read, 0U);
 }
 
-void tst_filehandles::readsMuchLessThanAsked()
+void tst_FileHandles::readsMuchLessThanAsked()
 {
     m_folder->write("file", QByteArray(3000000, 'x'));
     const Handle file(CreateFile_X(m_folder->wide("file").c_str(), GENERIC_READ));
@@ -216,7 +217,7 @@ void tst_filehandles::readsMuchLessThanAsked()
     QCOMPARE(buffer[2999999], L'x');
 }
 
-void tst_filehandles::readsInTheLocale()
+void tst_FileHandles::readsInTheLocale()
 {
     if (!std::setlocale(LC_ALL, "C.UTF-8"))
         QSKIP("there is no UTF-8 locale");
@@ -230,7 +231,7 @@ void tst_filehandles::readsInTheLocale()
     QCOMPARE(read, 0U);
 }
 
-void tst_filehandles::writes()
+void tst_FileHandles::writes()
 {
     const Handle file(CreateFile_X(m_folder->wide("file").c_str(), GENERIC_WRITE));
     DWORD written = 0;
@@ -244,7 +245,7 @@ void tst_filehandles::writes()
     QCOMPARE(m_folder->read("file"), QByteArray("abcdef"));
 }
 
-void tst_filehandles::writesInTheLocale()
+void tst_FileHandles::writesInTheLocale()
 {
     const Handle file(CreateFile_X(m_folder->wide("file").c_str(), GENERIC_WRITE));
     DWORD written = 77;
@@ -258,7 +259,7 @@ void tst_filehandles::writesInTheLocale()
     QCOMPARE(m_folder->read("file"), QByteArray("\xE9\x9B\xB6"));
 }
 
-void tst_filehandles::outputsMayBeNull()
+void tst_FileHandles::outputsMayBeNull()
 {
     const Handle file(CreateFile_X(m_folder->wide("file").c_str(), readWrite));
     QCOMPARE(WriteFile_X(file, L"abcd", 4, nullptr), 1);
@@ -273,7 +274,7 @@ void tst_filehandles::outputsMayBeNull()
     QCOMPARE(SetFilePointerEx_X(file, LARGE_INTEGER{}, nullptr, FILE_BEGIN), 1);
 }
 
-void tst_filehandles::aFullDisk()
+void tst_FileHandles::aFullDisk()
 {
     if (!QFile::exists("/dev/full"))
         QSKIP("there is no full disk here");
@@ -284,7 +285,7 @@ void tst_filehandles::aFullDisk()
     QCOMPARE(FlushFileBuffers_X(file), 0);
 }
 
-void tst_filehandles::flush()
+void tst_FileHandles::flush()
 {
     const Handle file(CreateFile_X(m_folder->wide("file").c_str(), GENERIC_WRITE));
     WriteFile_X(file, L"text", 4, nullptr);
@@ -294,7 +295,7 @@ void tst_filehandles::flush()
 
 // ------------------------------------------------------------------------------------------------------ size and position
 
-void tst_filehandles::sizes()
+void tst_FileHandles::sizes()
 {
     m_folder->write("file", "12345");
     const Handle file(CreateFile_X(m_folder->wide("file").c_str(), GENERIC_READ));
@@ -306,7 +307,7 @@ void tst_filehandles::sizes()
     QCOMPARE(size.QuadPart, 5LL);
 }
 
-void tst_filehandles::sizesAbove32Bits()
+void tst_FileHandles::sizesAbove32Bits()
 {
     constexpr qint64 fiveGigabytes = 5LL << 30;
     m_folder->write("file", "x");
@@ -331,7 +332,7 @@ void tst_filehandles::sizesAbove32Bits()
     QCOMPARE(file.file().size(), fiveGigabytes);
 }
 
-void tst_filehandles::movesTo_data()
+void tst_FileHandles::movesTo_data()
 {
     QTest::addColumn<LONG>("distance");
     QTest::addColumn<DWORD>("method");
@@ -348,7 +349,7 @@ void tst_filehandles::movesTo_data()
     QTest::newRow("negative from the start") << -1 << FILE_BEGIN << 4U;
 }
 
-void tst_filehandles::movesTo()
+void tst_FileHandles::movesTo()
 {
     QFETCH(LONG, distance);
     QFETCH(DWORD, method);
@@ -368,7 +369,7 @@ void tst_filehandles::movesTo()
     QCOMPARE(file.file().size(), qint64(10));
 }
 
-void tst_filehandles::movesIn64Bits()
+void tst_FileHandles::movesIn64Bits()
 {
     m_folder->write("file", "0123456789");
     const Handle file(CreateFile_X(m_folder->wide("file").c_str(), readWrite));
@@ -382,7 +383,7 @@ void tst_filehandles::movesIn64Bits()
     QCOMPARE(file.file().pos(), qint64(4));
 }
 
-void tst_filehandles::storesThePositionOverANumber()
+void tst_FileHandles::storesThePositionOverANumber()
 {
     m_folder->write("file", "0123456789");
     const Handle file(CreateFile_X(m_folder->wide("file").c_str(), readWrite));
@@ -397,7 +398,7 @@ void tst_filehandles::storesThePositionOverANumber()
     QCOMPARE(position.QuadPart, 6LL);
 }
 
-void tst_filehandles::endOfFileDoesNotTruncate()
+void tst_FileHandles::endOfFileDoesNotTruncate()
 {
     m_folder->write("file", "0123456789");
     const Handle file(CreateFile_X(m_folder->wide("file").c_str(), readWrite));
@@ -407,7 +408,7 @@ void tst_filehandles::endOfFileDoesNotTruncate()
     QCOMPARE(m_folder->read("file"), QByteArray("0123456789"));
 }
 
-void tst_filehandles::validData()
+void tst_FileHandles::validData()
 {
     m_folder->write("file", "0123456789");
     const Handle file(CreateFile_X(m_folder->wide("file").c_str(), readWrite));
@@ -420,7 +421,7 @@ void tst_filehandles::validData()
 
 // ------------------------------------------------------------------------------------------------------------ bad handles
 
-void tst_filehandles::badHandles_data()
+void tst_FileHandles::badHandles_data()
 {
     QTest::addColumn<int>("kind");
     QTest::newRow("null") << 0;
@@ -429,7 +430,7 @@ void tst_filehandles::badHandles_data()
     QTest::newRow("a file in memory") << 3;
 }
 
-void tst_filehandles::badHandles()
+void tst_FileHandles::badHandles()
 {
     QFETCH(int, kind);
     CFile_X closed;
@@ -461,5 +462,5 @@ void tst_filehandles::badHandles()
     QCOMPARE(std::wstring(buffer), std::wstring(L"abc"));
 }
 
-QTEST_APPLESS_MAIN(tst_filehandles)
+XE_APPLESS_TEST(tst_FileHandles)
 #include "tst_filehandles.moc"

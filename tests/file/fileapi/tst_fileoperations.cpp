@@ -1,6 +1,7 @@
 // SHFileOperation_X: one file at a time, with 0 for success and for nothing to do.
 
 #include "folder.h"
+#include "testclass.h"
 
 #include <xefileapi.h>
 
@@ -8,7 +9,7 @@
 
 #include <memory>
 
-class tst_fileoperations : public QObject
+class tst_FileOperations : public QObject
 {
     Q_OBJECT
 
@@ -31,14 +32,14 @@ private:
     std::unique_ptr<Folder> m_folder;
 };
 
-void tst_fileoperations::init()
+void tst_FileOperations::init()
 {
     m_folder = std::make_unique<Folder>();
     m_folder->write("a", "one");
     m_folder->makeFolder("folder");
 }
 
-int tst_fileoperations::run(UINT function, const QString& from, const QString& to)
+int tst_FileOperations::run(UINT function, const QString& from, const QString& to)
 {
     const std::wstring source = from.isEmpty() ? std::wstring() : m_folder->wide(from);
     const std::wstring target = to.isEmpty() ? std::wstring() : m_folder->wide(to);
@@ -51,7 +52,7 @@ int tst_fileoperations::run(UINT function, const QString& from, const QString& t
     return operation.fAnyOperationsAborted == 0 ? result : 77;
 }
 
-void tst_fileoperations::operations_data()
+void tst_FileOperations::operations_data()
 {
     QTest::addColumn<unsigned>("function");
     QTest::addColumn<QString>("from");
@@ -109,7 +110,7 @@ void tst_fileoperations::operations_data()
                                          << "";
 }
 
-void tst_fileoperations::operations()
+void tst_FileOperations::operations()
 {
     QFETCH(unsigned, function);
     QFETCH(QString, from);
@@ -126,7 +127,7 @@ void tst_fileoperations::operations()
         QCOMPARE(m_folder->read(made), QByteArray("one"));
 }
 
-void tst_fileoperations::overAnExistingFile()
+void tst_FileOperations::overAnExistingFile()
 {
     m_folder->write("folder/a", "old");
     QCOMPARE(run(FO_COPY, "a", "folder"), 0);
@@ -141,14 +142,14 @@ void tst_fileoperations::overAnExistingFile()
     QCOMPARE(m_folder->read("b"), QByteArray("two"));
 }
 
-void tst_fileoperations::ontoItself_data()
+void tst_FileOperations::ontoItself_data()
 {
     QTest::addColumn<unsigned>("function");
     QTest::newRow("move") << FO_MOVE;
     QTest::newRow("copy") << FO_COPY;
 }
 
-void tst_fileoperations::ontoItself()
+void tst_FileOperations::ontoItself()
 {
     QFETCH(unsigned, function);
     QCOMPARE(run(function, "a", "."), -1);
@@ -158,7 +159,7 @@ void tst_fileoperations::ontoItself()
     QCOMPARE(m_folder->read("a"), QByteArray("one"));
 }
 
-void tst_fileoperations::ofAFolder_data()
+void tst_FileOperations::ofAFolder_data()
 {
     QTest::addColumn<unsigned>("function");
     QTest::addColumn<QString>("to");
@@ -167,7 +168,7 @@ void tst_fileoperations::ofAFolder_data()
     QTest::newRow("delete") << FO_DELETE << "";
 }
 
-void tst_fileoperations::ofAFolder()
+void tst_FileOperations::ofAFolder()
 {
     QFETCH(unsigned, function);
     QFETCH(QString, to);
@@ -178,7 +179,7 @@ void tst_fileoperations::ofAFolder()
     QVERIFY(QDir(m_folder->path("other")).isEmpty());
 }
 
-void tst_fileoperations::nullTexts()
+void tst_FileOperations::nullTexts()
 {
     const std::wstring path = m_folder->wide("a");
     for (UINT function = 0; function <= 5; ++function) {
@@ -193,7 +194,7 @@ void tst_fileoperations::nullTexts()
     QCOMPARE(m_folder->read("a"), QByteArray("one"));
 }
 
-void tst_fileoperations::nullOperation() { QCOMPARE(SHFileOperation_X(nullptr), -1); }
+void tst_FileOperations::nullOperation() { QCOMPARE(SHFileOperation_X(nullptr), -1); }
 
-QTEST_APPLESS_MAIN(tst_fileoperations)
+XE_APPLESS_TEST(tst_FileOperations)
 #include "tst_fileoperations.moc"

@@ -1,6 +1,7 @@
 // Functions on paths: attributes, deletion, copies, moves, names.
 
 #include "folder.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -23,7 +24,7 @@ QString written(Function function)
 
 } // namespace
 
-class tst_filepaths : public QObject
+class tst_FilePaths : public QObject
 {
     Q_OBJECT
 
@@ -64,9 +65,9 @@ private:
     std::unique_ptr<Folder> m_folder;
 };
 
-void tst_filepaths::cleanup() { QDir::setCurrent("/"); }
+void tst_FilePaths::cleanup() { QDir::setCurrent("/"); }
 
-void tst_filepaths::attributesArePermissions()
+void tst_FilePaths::attributesArePermissions()
 {
     m_folder->write("file", "x");
     QVERIFY(QFile::setPermissions(m_folder->path("file"), QFile::ReadOwner | QFile::WriteOwner));
@@ -82,7 +83,7 @@ void tst_filepaths::attributesArePermissions()
     QCOMPARE(SetFileAttributes_X(wide("missing").c_str(), 0x4044), 0);
 }
 
-void tst_filepaths::deletes()
+void tst_FilePaths::deletes()
 {
     m_folder->write("file", "x");
     m_folder->makeFolder("folder");
@@ -95,7 +96,7 @@ void tst_filepaths::deletes()
 
 // ------------------------------------------------------------------------------------------------------- copies and moves
 
-void tst_filepaths::copies_data()
+void tst_FilePaths::copies_data()
 {
     QTest::addColumn<QString>("from");
     QTest::addColumn<QString>("to");
@@ -122,7 +123,7 @@ void tst_filepaths::copies_data()
                                                      << "x/y" << 0 << 0 << QByteArray("no such file");
 }
 
-void tst_filepaths::copies()
+void tst_FilePaths::copies()
 {
     QFETCH(QString, from);
     QFETCH(QString, to);
@@ -135,7 +136,7 @@ void tst_filepaths::copies()
     QCOMPARE(m_folder->read("a"), QByteArray("one"));
 }
 
-void tst_filepaths::copiesOntoItself()
+void tst_FilePaths::copiesOntoItself()
 {
     m_folder->write("a", "one");
     QVERIFY(QFile::link(m_folder->path("a"), m_folder->path("link")));
@@ -146,7 +147,7 @@ void tst_filepaths::copiesOntoItself()
     QCOMPARE(m_folder->read("a"), QByteArray("one"));
 }
 
-void tst_filepaths::movesFiles_data()
+void tst_FilePaths::movesFiles_data()
 {
     QTest::addColumn<QString>("to");
     QTest::addColumn<int>("result");
@@ -158,7 +159,7 @@ void tst_filepaths::movesFiles_data()
     QTest::newRow("into a folder that is not there") << "x/y" << 0;
 }
 
-void tst_filepaths::movesFiles()
+void tst_FilePaths::movesFiles()
 {
     QFETCH(QString, to);
     QFETCH(int, result);
@@ -171,7 +172,7 @@ void tst_filepaths::movesFiles()
     QCOMPARE(m_folder->read("b"), QByteArray("two"));
 }
 
-void tst_filepaths::movesFolders_data()
+void tst_FilePaths::movesFolders_data()
 {
     QTest::addColumn<QString>("from");
     QTest::addColumn<QString>("to");
@@ -188,7 +189,7 @@ void tst_filepaths::movesFolders_data()
                                                                << "three" << 0;
 }
 
-void tst_filepaths::movesFolders()
+void tst_FilePaths::movesFolders()
 {
     QFETCH(QString, from);
     QFETCH(QString, to);
@@ -206,13 +207,13 @@ void tst_filepaths::movesFolders()
     QCOMPARE(m_folder->read("two/below/file"), QByteArray("y"));
 }
 
-void tst_filepaths::movesNothing()
+void tst_FilePaths::movesNothing()
 {
     QCOMPARE(MoveFile_X(wide("missing").c_str(), wide("b").c_str()), 0);
     QVERIFY(m_folder->entries().isEmpty());
 }
 
-void tst_filepaths::linksAreSymbolic()
+void tst_FilePaths::linksAreSymbolic()
 {
     m_folder->write("target", "x");
     QCOMPARE(CreateHardLink_X(wide("link").c_str(), wide("target").c_str()), 1);
@@ -221,7 +222,7 @@ void tst_filepaths::linksAreSymbolic()
     QCOMPARE(CreateHardLink_X(wide("link").c_str(), wide("target").c_str()), 0);
 }
 
-void tst_filepaths::renames()
+void tst_FilePaths::renames()
 {
     m_folder->write("a", "one");
     m_folder->write("b", "two");
@@ -235,7 +236,7 @@ void tst_filepaths::renames()
 
 // ----------------------------------------------------------------------------------------------------------------- folders
 
-void tst_filepaths::makesFolders()
+void tst_FilePaths::makesFolders()
 {
     const mode_t before = umask(002);
     QCOMPARE(CreateDirectory(m_folder->wide(QString::fromUtf8("零件")).c_str()), 1);
@@ -251,7 +252,7 @@ void tst_filepaths::makesFolders()
     QVERIFY(!m_folder->has("one"));
 }
 
-void tst_filepaths::removesFolders()
+void tst_FilePaths::removesFolders()
 {
     m_folder->makeFolder("empty");
     m_folder->makeFolder("empty2");
@@ -265,7 +266,7 @@ void tst_filepaths::removesFolders()
 
 // ------------------------------------------------------------------------------------------------------------------- names
 
-void tst_filepaths::fullPathName()
+void tst_FilePaths::fullPathName()
 {
     QDir::setCurrent(m_folder->root());
     const QString full = QDir::currentPath() + "/one";
@@ -282,7 +283,7 @@ void tst_filepaths::fullPathName()
     QCOMPARE(GetFullPathName_X(L"/a/b", 10, nullptr, nullptr), 4U);
 }
 
-void tst_filepaths::fullPathNameWithItsLastPart()
+void tst_FilePaths::fullPathNameWithItsLastPart()
 {
     wchar_t buffer[20] = {};
     wchar_t name[20] = {};
@@ -296,7 +297,7 @@ void tst_filepaths::fullPathNameWithItsLastPart()
     QCOMPARE(part, nullptr);
 }
 
-void tst_filepaths::tempPath_data()
+void tst_FilePaths::tempPath_data()
 {
     QTest::addColumn<DWORD>("capacity");
     QTest::addColumn<QString>("text");
@@ -308,7 +309,7 @@ void tst_filepaths::tempPath_data()
     QTest::newRow("none") << 0U << "" << 0U;
 }
 
-void tst_filepaths::tempPath()
+void tst_FilePaths::tempPath()
 {
     QFETCH(DWORD, capacity);
     const QByteArray before = qgetenv("TMPDIR");
@@ -322,7 +323,7 @@ void tst_filepaths::tempPath()
     QCOMPARE(withoutBuffer, result);
 }
 
-void tst_filepaths::tempFileNames()
+void tst_FilePaths::tempFileNames()
 {
     const std::wstring path = wide("") + L'/';
     for (const UINT unique : {0U, 5U}) {
@@ -341,7 +342,7 @@ void tst_filepaths::tempFileNames()
     QCOMPARE(GetTempFileName_X(path.c_str(), L"pre", 0, nullptr), 1U);
 }
 
-void tst_filepaths::tempFileNamesThatCannotBe_data()
+void tst_FilePaths::tempFileNamesThatCannotBe_data()
 {
     QTest::addColumn<QString>("path");
     QTest::newRow("a folder that is not there") << "/nowhere/at/all/";
@@ -349,7 +350,7 @@ void tst_filepaths::tempFileNamesThatCannotBe_data()
     QTest::newRow("a name that is too long") << "/tmp/" + QString(3000, 'x');
 }
 
-void tst_filepaths::tempFileNamesThatCannotBe()
+void tst_FilePaths::tempFileNamesThatCannotBe()
 {
     QFETCH(QString, path);
     UINT result = 77;
@@ -359,7 +360,7 @@ void tst_filepaths::tempFileNamesThatCannotBe()
     QCOMPARE(name, QString());
 }
 
-void tst_filepaths::aTempFileNameOfManyElements()
+void tst_FilePaths::aTempFileNameOfManyElements()
 {
     QString folder = m_folder->root() + '/';
     while (folder.size() < 1900)
@@ -379,7 +380,7 @@ void tst_filepaths::aTempFileNameOfManyElements()
 }
 
 // The program is called with " -" for its archive: that is a file.
-void tst_filepaths::compressedSize()
+void tst_FilePaths::compressedSize()
 {
     if (QStandardPaths::findExecutable("tar").isEmpty())
         QSKIP("there is no tar");
@@ -394,7 +395,7 @@ void tst_filepaths::compressedSize()
     QCOMPARE(GetCompressedFileSize_X(L"missing", nullptr), 0U);
 }
 
-void tst_filepaths::nullPaths()
+void tst_FilePaths::nullPaths()
 {
     wchar_t buffer[4000] = {};
     QDir::setCurrent(m_folder->root());
@@ -416,5 +417,5 @@ void tst_filepaths::nullPaths()
     QVERIFY(m_folder->entries().isEmpty());
 }
 
-QTEST_GUILESS_MAIN(tst_filepaths)
+XE_GUILESS_TEST(tst_FilePaths)
 #include "tst_filepaths.moc"

@@ -1,6 +1,7 @@
 // File times: milliseconds since 1970 in two halves.
 
 #include "folder.h"
+#include "testclass.h"
 
 #include <xefileapi.h>
 
@@ -34,7 +35,7 @@ void setZone(const char* zone)
 
 } // namespace
 
-class tst_filetimes : public QObject
+class tst_FileTimes : public QObject
 {
     Q_OBJECT
 
@@ -52,7 +53,7 @@ private slots:
     void settingStopsAtTheBirth();
 };
 
-void tst_filetimes::compares_data()
+void tst_FileTimes::compares_data()
 {
     QTest::addColumn<qint64>("a");
     QTest::addColumn<qint64>("b");
@@ -65,7 +66,7 @@ void tst_filetimes::compares_data()
     QTest::newRow("before 1970") << qint64(-5) << qint64(-6) << 1;
 }
 
-void tst_filetimes::compares()
+void tst_FileTimes::compares()
 {
     QFETCH(qint64, a);
     QFETCH(qint64, b);
@@ -74,7 +75,7 @@ void tst_filetimes::compares()
     QTEST(CompareFileTime_X(&left, &right), "result");
 }
 
-void tst_filetimes::now()
+void tst_FileTimes::now()
 {
     const qint64 before = QDateTime::currentMSecsSinceEpoch();
     FILETIME time{};
@@ -82,7 +83,7 @@ void tst_filetimes::now()
     QVERIFY(before <= numberOf(time) && numberOf(time) <= QDateTime::currentMSecsSinceEpoch());
 }
 
-void tst_filetimes::local_data()
+void tst_FileTimes::local_data()
 {
     QTest::addColumn<QByteArray>("zone");
     QTest::addColumn<qint64>("utc");
@@ -99,7 +100,7 @@ void tst_filetimes::local_data()
     QTest::newRow("1970") << QByteArray(berlin) << qint64(0) << qint64(3600000);
 }
 
-void tst_filetimes::local()
+void tst_FileTimes::local()
 {
     QFETCH(QByteArray, zone);
     QFETCH(qint64, utc);
@@ -114,7 +115,7 @@ void tst_filetimes::local()
     QCOMPARE(numberOf(back), utc);
 }
 
-void tst_filetimes::thereAndBack()
+void tst_FileTimes::thereAndBack()
 {
     setZone(newYork);
     FILETIME time = timeOf(1721044800456);
@@ -124,7 +125,7 @@ void tst_filetimes::thereAndBack()
     QCOMPARE(numberOf(time), qint64(1721044800456));
 }
 
-void tst_filetimes::nullTimes()
+void tst_FileTimes::nullTimes()
 {
     const FILETIME early = timeOf(-1);
     FILETIME time{3, 4};
@@ -138,7 +139,7 @@ void tst_filetimes::nullTimes()
     QCOMPARE(time.dwLowDateTime, 3U);
 }
 
-void tst_filetimes::ofAFile()
+void tst_FileTimes::ofAFile()
 {
     const Folder folder;
     folder.write("file", "x");
@@ -163,7 +164,7 @@ void tst_filetimes::ofAFile()
     CloseHandle_X(handle);
 }
 
-void tst_filetimes::settingStopsAtTheBirth()
+void tst_FileTimes::settingStopsAtTheBirth()
 {
     const Folder folder;
     folder.write("file", "x");
@@ -180,5 +181,5 @@ void tst_filetimes::settingStopsAtTheBirth()
     CloseHandle_X(handle);
 }
 
-QTEST_APPLESS_MAIN(tst_filetimes)
+XE_APPLESS_TEST(tst_FileTimes)
 #include "tst_filetimes.moc"

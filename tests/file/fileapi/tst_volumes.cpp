@@ -1,6 +1,7 @@
 // Volumes, as the mount table tells them.
 
 #include "folder.h"
+#include "testclass.h"
 
 #include <xefileapi.h>
 
@@ -16,7 +17,7 @@ QString upToMark(const std::wstring& buffer)
 
 } // namespace
 
-class tst_volumes : public QObject
+class tst_Volumes : public QObject
 {
     Q_OBJECT
 
@@ -27,7 +28,7 @@ private slots:
     void drives();
 };
 
-void tst_volumes::pathName()
+void tst_Volumes::pathName()
 {
     const Folder folder;
     const QString root = QStorageInfo(folder.root()).rootPath();
@@ -41,7 +42,7 @@ void tst_volumes::pathName()
     QCOMPARE(GetVolumePathName_X(nullptr, &buffer[0], 100), 1);
 }
 
-void tst_volumes::information()
+void tst_Volumes::information()
 {
     const QStorageInfo root("/");
     std::wstring name(1000, L'#'), fileSystem(1000, L'#');
@@ -53,7 +54,7 @@ void tst_volumes::information()
     QCOMPARE(GetVolumeInformation_X(L"/", nullptr, 0, nullptr, nullptr, nullptr, nullptr, 0), 1);
 }
 
-void tst_volumes::informationOfNothing()
+void tst_Volumes::informationOfNothing()
 {
     std::wstring name(10, L'#');
     DWORD serial = 77, component = 77, flags = 77;
@@ -65,7 +66,7 @@ void tst_volumes::informationOfNothing()
     QCOMPARE(serial, 77U);
 }
 
-void tst_volumes::drives()
+void tst_Volumes::drives()
 {
     QCOMPARE(GetLogicalDrives_X(), 0U);
     QString all;
@@ -81,5 +82,5 @@ void tst_volumes::drives()
     QCOMPARE(GetLogicalDriveStrings_X(100, nullptr), 0U);
 }
 
-QTEST_APPLESS_MAIN(tst_volumes)
+XE_APPLESS_TEST(tst_Volumes)
 #include "tst_volumes.moc"

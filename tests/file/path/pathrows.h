@@ -1,7 +1,7 @@
 // What the tests of the path functions share: kinds of functions, and rows of a function, a text and what comes out.
 #pragma once
 
-#include "tests/text/functions/textsupport.h"
+#include "textsupport.h"
 
 #include <xepath.h>
 

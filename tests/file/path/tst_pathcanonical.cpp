@@ -1,6 +1,7 @@
 // Paths without "." and ".." components.
 
 #include "pathrows.h"
+#include "testclass.h"
 
 #include <cerrno>
 
@@ -128,5 +129,5 @@ void tst_PathCanonical::lastErrorIsLeftAlone()
     QCOMPARE(errno, 12345);
 }
 
-QTEST_GUILESS_MAIN(tst_PathCanonical)
+XE_GUILESS_TEST(tst_PathCanonical)
 #include "tst_pathcanonical.moc"

@@ -1,6 +1,7 @@
 // Joining a directory and a file.
 
 #include "pathrows.h"
+#include "testclass.h"
 
 using namespace std::string_literals;
 
@@ -135,5 +136,5 @@ void tst_PathCombine::appendToItself()
     QCOMPARE(buffer.text(), L"a/a"s);
 }
 
-QTEST_GUILESS_MAIN(tst_PathCombine)
+XE_GUILESS_TEST(tst_PathCombine)
 #include "tst_pathcombine.moc"

@@ -1,6 +1,7 @@
 // What two paths have in common.
 
 #include "pathrows.h"
+#include "testclass.h"
 
 using namespace std::string_literals;
 
@@ -159,5 +160,5 @@ void tst_PathCompare::sameRoot()
     QCOMPARE(PathIsSameRoot_X(first.c_str(), nullptr), 0);
 }
 
-QTEST_GUILESS_MAIN(tst_PathCompare)
+XE_GUILESS_TEST(tst_PathCompare)
 #include "tst_pathcompare.moc"

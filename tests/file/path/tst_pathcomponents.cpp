@@ -1,6 +1,7 @@
 // Components by "/" and "\" alike, and the "/" at the end of a text.
 
 #include "pathrows.h"
+#include "testclass.h"
 
 using namespace std::string_literals;
 
@@ -146,5 +147,5 @@ void tst_PathComponents::slashAtTheEnd()
     QVERIFY(!change(nullptr));
 }
 
-QTEST_GUILESS_MAIN(tst_PathComponents)
+XE_GUILESS_TEST(tst_PathComponents)
 #include "tst_pathcomponents.moc"

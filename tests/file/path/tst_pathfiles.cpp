@@ -1,6 +1,7 @@
 // Questions about what is on the disk.
 
 #include "pathrows.h"
+#include "testclass.h"
 
 #include <QtCore>
 
@@ -184,5 +185,5 @@ void tst_PathFiles::hostileNames()
     PathIsURL_X(path.c_str());
 }
 
-QTEST_GUILESS_MAIN(tst_PathFiles)
+XE_GUILESS_TEST(tst_PathFiles)
 #include "tst_pathfiles.moc"

@@ -1,6 +1,7 @@
 // Questions that the text of a path answers, the kinds of characters, and lower case.
 
 #include "pathrows.h"
+#include "testclass.h"
 
 using namespace std::string_literals;
 
@@ -167,5 +168,5 @@ void tst_PathKinds::lowerCaseIsThatOfQString()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_PathKinds)
+XE_GUILESS_TEST(tst_PathKinds)
 #include "tst_pathkinds.moc"

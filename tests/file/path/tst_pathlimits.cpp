@@ -1,6 +1,7 @@
 // Texts of the greatest length in buffers without an element to spare, and texts far beyond it.
 
 #include "pathrows.h"
+#include "testclass.h"
 
 using namespace std::string_literals;
 
@@ -217,5 +218,5 @@ void tst_PathLimits::manyComponents()
     QCOMPARE(std::wstring(block.get()), std::wstring(100000, L'/'));
 }
 
-QTEST_GUILESS_MAIN(tst_PathLimits)
+XE_GUILESS_TEST(tst_PathLimits)
 #include "tst_pathlimits.moc"

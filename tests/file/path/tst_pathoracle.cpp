@@ -2,6 +2,7 @@
 
 #include "pathrows.h"
 #include "plainpath.h"
+#include "testclass.h"
 
 #include <random>
 
@@ -329,5 +330,5 @@ void tst_PathOracle::canonicalTextsStayCanonical()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_PathOracle)
+XE_GUILESS_TEST(tst_PathOracle)
 #include "tst_pathoracle.moc"

@@ -1,6 +1,7 @@
 // Extensions, decoration, arguments, blanks and quotes of a path text, and its split into parts.
 
 #include "pathrows.h"
+#include "testclass.h"
 
 using namespace std::string_literals;
 
@@ -232,5 +233,5 @@ void tst_PathParts::splitInPlace()
     QCOMPARE(name.text(), L"b"s);
 }
 
-QTEST_GUILESS_MAIN(tst_PathParts)
+XE_GUILESS_TEST(tst_PathParts)
 #include "tst_pathparts.moc"

@@ -1,6 +1,8 @@
+#include "testclass.h"
 #include "textresult.h"
 
-#include <xeconvert.h>
+#include <xeafxstr.h>
+#include <xefileapi.h>
 
 #include <QtTest>
 
@@ -38,7 +40,7 @@ int removeFolder(const QString& path) { return _wrmdir(CString_X(path)); }
 
 /// Files and folders by their wide names. Each function has a folder of its own, with a file that keeps it from being
 /// removed as an empty parent.
-class TestConvertFiles : public QObject
+class tst_ConvertFiles : public QObject
 {
     Q_OBJECT
 
@@ -81,20 +83,20 @@ private:
     std::unique_ptr<QTemporaryDir> m_folder;
 };
 
-void TestConvertFiles::init()
+void tst_ConvertFiles::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     QVERIFY(m_folder->isValid());
     touch(QStringLiteral("guard"));
 }
 
-void TestConvertFiles::cleanup()
+void tst_ConvertFiles::cleanup()
 {
     QVERIFY(QFileInfo::exists(path(QStringLiteral("guard"))));
     QVERIFY(m_folder->remove());
 }
 
-void TestConvertFiles::makeFolders_data()
+void tst_ConvertFiles::makeFolders_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("made");
@@ -111,7 +113,7 @@ void TestConvertFiles::makeFolders_data()
                             << ".hidden";
 }
 
-void TestConvertFiles::makeFolders()
+void tst_ConvertFiles::makeFolders()
 {
     QFETCH(QString, name);
     QFETCH(QString, made);
@@ -121,14 +123,14 @@ void TestConvertFiles::makeFolders()
     QVERIFY(isFolder(made));
 }
 
-void TestConvertFiles::forbiddenNames_data()
+void tst_ConvertFiles::forbiddenNames_data()
 {
     QTest::addColumn<QString>("name");
     for (const char* name : {"a\\b", "a:b", "a*b", "a?b", "a\"b", "a<b", "a>b", "a|b", "*", "\\", "a*/"})
         QTest::newRow(name) << name;
 }
 
-void TestConvertFiles::forbiddenNames()
+void tst_ConvertFiles::forbiddenNames()
 {
     QFETCH(QString, name);
     QCOMPARE(makeFolder(path(name)), -1);
@@ -138,7 +140,7 @@ void TestConvertFiles::forbiddenNames()
     QCOMPARE(makeFolder(name), -1);
 }
 
-void TestConvertFiles::folderNamesThatFail_data()
+void tst_ConvertFiles::folderNamesThatFail_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("the parent is missing") << "missing/new";
@@ -146,20 +148,20 @@ void TestConvertFiles::folderNamesThatFail_data()
     QTest::newRow("a file of that name") << "guard";
 }
 
-void TestConvertFiles::folderNamesThatFail()
+void tst_ConvertFiles::folderNamesThatFail()
 {
     QFETCH(QString, name);
     QCOMPARE(makeFolder(path(name)), -1);
     QVERIFY(!QFileInfo::exists(path("missing")));
 }
 
-void TestConvertFiles::makeWithoutAName()
+void tst_ConvertFiles::makeWithoutAName()
 {
     for (const wchar_t* name : {static_cast<const wchar_t*>(nullptr), L"", L"/", L"///"})
         QCOMPARE(_wmkdir(name), -1);
 }
 
-void TestConvertFiles::makeInTheCurrentFolder()
+void tst_ConvertFiles::makeInTheCurrentFolder()
 {
     const CurrentFolder current(m_folder->path());
     QCOMPARE(makeFolder(QStringLiteral("new")), 0);
@@ -176,7 +178,7 @@ void TestConvertFiles::makeInTheCurrentFolder()
     QVERIFY(isFolder("odd*parent/new"));
 }
 
-void TestConvertFiles::removeFolders_data()
+void tst_ConvertFiles::removeFolders_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("plain") << "old";
@@ -184,7 +186,7 @@ void TestConvertFiles::removeFolders_data()
     QTest::newRow("by way of itself") << "old/../old";
 }
 
-void TestConvertFiles::removeFolders()
+void tst_ConvertFiles::removeFolders()
 {
     QFETCH(QString, name);
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("old")));
@@ -194,7 +196,7 @@ void TestConvertFiles::removeFolders()
     QCOMPARE(removeFolder(path(name)), -1); // it is gone
 }
 
-void TestConvertFiles::removeEmptyParents()
+void tst_ConvertFiles::removeEmptyParents()
 {
     QVERIFY(QDir(m_folder->path()).mkpath(QStringLiteral("a/b/c")));
     QVERIFY(QDir(m_folder->path()).mkpath(QStringLiteral("kept/b/c")));
@@ -206,7 +208,7 @@ void TestConvertFiles::removeEmptyParents()
     QVERIFY(QFileInfo::exists(path("kept/file")));
 }
 
-void TestConvertFiles::foldersThatStay_data()
+void tst_ConvertFiles::foldersThatStay_data()
 {
     QTest::addColumn<QString>("entry");
     QTest::newRow("a file in it") << "file";
@@ -215,7 +217,7 @@ void TestConvertFiles::foldersThatStay_data()
     QTest::newRow("a hidden folder in it") << ".hidden/";
 }
 
-void TestConvertFiles::foldersThatStay()
+void tst_ConvertFiles::foldersThatStay()
 {
     QFETCH(QString, entry);
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("old")));
@@ -227,7 +229,7 @@ void TestConvertFiles::foldersThatStay()
     QVERIFY(QFileInfo::exists(path("old/" + entry)));
 }
 
-void TestConvertFiles::theCurrentFolderStays()
+void tst_ConvertFiles::theCurrentFolderStays()
 {
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("current")));
     const CurrentFolder current(path("current"));
@@ -242,14 +244,14 @@ void TestConvertFiles::theCurrentFolderStays()
     QVERIFY(isFolder("current"));
 }
 
-void TestConvertFiles::theRootStays()
+void tst_ConvertFiles::theRootStays()
 {
     QCOMPARE(removeFolder(QStringLiteral("/")), -1);
     QCOMPARE(removeFolder(QStringLiteral("//")), -1);
 }
 
 // The name is made canonical, so that the folder goes and the link to it stays.
-void TestConvertFiles::removeThroughALink()
+void tst_ConvertFiles::removeThroughALink()
 {
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("old")));
     QVERIFY(QFile::link(path("old"), path("link")));
@@ -259,7 +261,7 @@ void TestConvertFiles::removeThroughALink()
     QCOMPARE(removeFolder(path("link")), -1);
 }
 
-void TestConvertFiles::removeInTheCurrentFolder()
+void tst_ConvertFiles::removeInTheCurrentFolder()
 {
     const CurrentFolder current(m_folder->path());
     QVERIFY(QDir().mkpath(QStringLiteral("a/b")));
@@ -269,7 +271,7 @@ void TestConvertFiles::removeInTheCurrentFolder()
     QCOMPARE(removeFolder(QStringLiteral("missing")), -1);
 }
 
-void TestConvertFiles::modes_data()
+void tst_ConvertFiles::modes_data()
 {
     QTest::addColumn<int>("mode");
     QTest::addColumn<int>("bits");
@@ -278,7 +280,7 @@ void TestConvertFiles::modes_data()
     QTest::newRow("64 to execute") << 64 << 0100;
 }
 
-void TestConvertFiles::modes()
+void tst_ConvertFiles::modes()
 {
     QFETCH(int, mode);
     touch(QStringLiteral("日.txt"));
@@ -287,14 +289,14 @@ void TestConvertFiles::modes()
     QTEST(modeOf(path("日.txt")), "bits");
 }
 
-void TestConvertFiles::otherModes_data()
+void tst_ConvertFiles::otherModes_data()
 {
     QTest::addColumn<int>("mode");
     for (const int mode : {0, -1, 1, 32, 384, 192, 448, 0x7FFFFFFF})
         QTest::addRow("%d", mode) << mode;
 }
 
-void TestConvertFiles::otherModes()
+void tst_ConvertFiles::otherModes()
 {
     QFETCH(int, mode);
     touch(QStringLiteral("file"));
@@ -303,7 +305,7 @@ void TestConvertFiles::otherModes()
     QCOMPARE(modeOf(path("file")), 0640);
 }
 
-void TestConvertFiles::modeOfNothing()
+void tst_ConvertFiles::modeOfNothing()
 {
     for (const int mode : {64, 128, 256}) {
         QCOMPARE(_wchmod(CString_X(path("missing")), mode), -1);
@@ -314,7 +316,7 @@ void TestConvertFiles::modeOfNothing()
     }
 }
 
-void TestConvertFiles::removeFiles()
+void tst_ConvertFiles::removeFiles()
 {
     touch(QStringLiteral("日.txt"));
     QCOMPARE(_wunlink(CString_X(path("日.txt"))), 1);
@@ -328,5 +330,5 @@ void TestConvertFiles::removeFiles()
     }
 }
 
-QTEST_GUILESS_MAIN(TestConvertFiles)
+XE_GUILESS_TEST(tst_ConvertFiles)
 #include "tst_convertfiles.moc"

@@ -1,5 +1,6 @@
 // Asking the desktop about a file's program, with an xdg-mime of the test's own in front of all others.
 
+#include "testclass.h"
 #include "urltext.h"
 
 #include <cerrno>
@@ -169,5 +170,5 @@ void tst_Assoc::keepsTheLastError()
     QCOMPARE(errno, 1234);
 }
 
-QTEST_GUILESS_MAIN(tst_Assoc)
+XE_GUILESS_TEST(tst_Assoc)
 #include "tst_assoc.moc"

@@ -1,5 +1,6 @@
 // The hash and its table.
 
+#include "testclass.h"
 #include "urltext.h"
 
 #include <random>
@@ -109,5 +110,5 @@ void tst_HashData::refuses()
     QCOMPARE(int(bytes[0]), 7);
 }
 
-QTEST_GUILESS_MAIN(tst_HashData)
+XE_GUILESS_TEST(tst_HashData)
 #include "tst_hashdata.moc"

@@ -1,5 +1,6 @@
 // The scheme of a URL, the kinds of URL, and the functions that look at the whole text.
 
+#include "testclass.h"
 #include "urltext.h"
 
 class tst_ParseUrl : public QObject
@@ -251,5 +252,5 @@ void tst_ParseUrl::longTexts()
     QCOMPARE(UrlIs_X(url.c_str(), URLIS_FILEURL), FALSE);
 }
 
-QTEST_GUILESS_MAIN(tst_ParseUrl)
+XE_GUILESS_TEST(tst_ParseUrl)
 #include "tst_parseurl.moc"

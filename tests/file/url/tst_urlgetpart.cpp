@@ -1,5 +1,6 @@
 // The parts of a URL, and the buffer that takes one.
 
+#include "testclass.h"
 #include "urltext.h"
 
 class tst_UrlGetPart : public QObject
@@ -243,5 +244,5 @@ void tst_UrlGetPart::longTexts()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_UrlGetPart)
+XE_GUILESS_TEST(tst_UrlGetPart)
 #include "tst_urlgetpart.moc"

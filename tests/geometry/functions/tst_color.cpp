@@ -1,5 +1,7 @@
 // Colours to and from hue, luminance and saturation, each on the published scale of 240.
 
+#include "testclass.h"
+
 #include <xestrapi.h>
 
 #include <QtTest>
@@ -178,5 +180,5 @@ void tst_Color::adjustLuma()
     QTEST(ColorAdjustLuma_X(color, n, scale), "expected");
 }
 
-QTEST_GUILESS_MAIN(tst_Color)
+XE_GUILESS_TEST(tst_Color)
 #include "tst_color.moc"

@@ -1,5 +1,7 @@
 // The rectangle functions, whose right and bottom are exclusive.
 
+#include "testclass.h"
+
 #include <xestrapi.h>
 
 #include <QtTest>
@@ -264,5 +266,5 @@ void tst_Rect::nullGivesNothing()
     QCOMPARE(rect, untouched);
 }
 
-QTEST_GUILESS_MAIN(tst_Rect)
+XE_GUILESS_TEST(tst_Rect)
 #include "tst_rect.moc"

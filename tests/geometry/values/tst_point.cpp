@@ -1,5 +1,6 @@
 // CPoint and CSize: what their members and operators give.
 
+#include "testclass.h"
 #include "valuetext.h"
 
 #include <QtTest>
@@ -35,7 +36,7 @@ QString sizeByValue(CSize size) { return text(size); }
 
 } // namespace
 
-class TestPoint : public QObject
+class tst_Point : public QObject
 {
     Q_OBJECT
 
@@ -50,7 +51,7 @@ private:
     static void rectangles();
 };
 
-void TestPoint::points()
+void tst_Point::points()
 {
     const CPoint p(10, 20);
     QTest::newRow("point: default") << text(CPoint()) << "0 0";
@@ -89,7 +90,7 @@ void TestPoint::points()
     QTest::newRow("point: does not differ") << text(p != CPoint(10, 20)) << "no";
 }
 
-void TestPoint::sizes()
+void tst_Point::sizes()
 {
     const CSize s(10, 20);
     QTest::newRow("size: default") << text(CSize()) << "0x0";
@@ -117,7 +118,7 @@ void TestPoint::sizes()
     QTest::newRow("size: does not differ") << text(s != CSize(10, 20)) << "no";
 }
 
-void TestPoint::rectangles()
+void tst_Point::rectangles()
 {
     const CRect rect(r1234);
     QTest::newRow("point + rectangle") << text(CPoint(10, 20) + &r1234) << "11 22 13 24";
@@ -126,7 +127,7 @@ void TestPoint::rectangles()
     QTest::newRow("size - rectangle moves it back") << text(CSize(10, 20) - rect) << "-9 -18 -7 -16";
 }
 
-void TestPoint::gives_data()
+void tst_Point::gives_data()
 {
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("expected");
@@ -135,13 +136,13 @@ void TestPoint::gives_data()
     rectangles();
 }
 
-void TestPoint::gives()
+void tst_Point::gives()
 {
     QFETCH(QString, value);
     QTEST(value, "expected");
 }
 
-void TestPoint::clientCode()
+void tst_Point::clientCode()
 {
     const LPARAM lParam = packed(30, -40);
     CPoint point = lParam;
@@ -161,5 +162,5 @@ void TestPoint::clientCode()
     QCOMPARE(text((point += s56) -= s56), QStringLiteral("23 4"));
 }
 
-QTEST_MAIN(TestPoint)
+XE_TEST(tst_Point)
 #include "tst_point.moc"

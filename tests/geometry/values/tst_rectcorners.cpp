@@ -1,6 +1,7 @@
 // The corners of a CRect as points that are changed in place. Compiled with optimisation: a compiler that takes the corner
 // for something else than the rectangle keeps values of one over a change of the other.
 
+#include "testclass.h"
 #include "valuetext.h"
 
 #include <QtTest>
@@ -79,7 +80,7 @@ NO_INLINE CRect rectAfterSwap(CRect& rect, CPoint& topLeft, CPoint& bottomRight)
 
 } // namespace
 
-class TestRectCorners : public QObject
+class tst_RectCorners : public QObject
 {
     Q_OBJECT
 
@@ -114,5 +115,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestRectCorners)
+XE_TEST(tst_RectCorners)
 #include "tst_rectcorners.moc"

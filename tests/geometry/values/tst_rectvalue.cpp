@@ -1,5 +1,6 @@
 // CRect: what its members and operators give, with right and bottom one past the rectangle.
 
+#include "testclass.h"
 #include "valuetext.h"
 
 #include <QtTest>
@@ -32,7 +33,7 @@ QString combined(Combine combine, const tagRECT* a, const tagRECT* b)
 
 } // namespace
 
-class TestRectValue : public QObject
+class tst_RectValue : public QObject
 {
     Q_OBJECT
 
@@ -54,7 +55,7 @@ private:
     static void scaling();
 };
 
-void TestRectValue::making()
+void tst_RectValue::making()
 {
     QTest::newRow("default") << text(CRect()) << "0 0 0 0";
     QTest::newRow("of numbers") << text(CRect(4, 3, 2, 1)) << "4 3 2 1";
@@ -66,7 +67,7 @@ void TestRectValue::making()
     QTest::newRow("of two points, not normalised") << text(CRect(CPoint(30, 40), p34)) << "30 40 3 4";
 }
 
-void TestRectValue::asking()
+void tst_RectValue::asking()
 {
     const CRect rect(1, 2, 31, 44);
     QTest::newRow("width") << QString::number(rect.Width()) << "30";
@@ -107,7 +108,7 @@ void TestRectValue::asking()
     QTest::newRow("!= for equal ones") << text(CRect(1, 2, 3, 4) != r1234) << "no";
 }
 
-void TestRectValue::changing()
+void tst_RectValue::changing()
 {
     const auto changed = [](auto change) { return after(CRect(10, 20, 30, 50), change); };
     QTest::newRow("SetRect") << changed([](CRect& r) { r.SetRect(4, 3, 2, 1); }) << "4 3 2 1";
@@ -146,7 +147,7 @@ void TestRectValue::changing()
         << after(CRect(5, 9, 1, 12), [](CRect& r) { r.NormalizeRect(); }) << "1 9 5 12";
 }
 
-void TestRectValue::operators()
+void tst_RectValue::operators()
 {
     const CRect rect(10, 20, 30, 50);
     const auto changed = [&rect](auto change) { return after(rect, change); };
@@ -175,7 +176,7 @@ void TestRectValue::operators()
     QTest::newRow("a chain") << changed([](CRect& r) { (r += p34) -= s56; }) << "8 18 28 48";
 }
 
-void TestRectValue::scaling()
+void tst_RectValue::scaling()
 {
     QTest::newRow("MulDiv rounds to the nearest") << text(CRect(1, 2, 4, 5).MulDiv(1, 3)) << "0 1 1 2";
     QTest::newRow("MulDiv rounds halves away from 0") << text(CRect(-3, -1, 1, 3).MulDiv(1, 2)) << "-2 -1 1 2";
@@ -187,7 +188,7 @@ void TestRectValue::scaling()
     QTest::newRow("MulDiv by 0 gives -1") << text(CRect(1, 2, 3, 0).MulDiv(1, 0)) << "-1 -1 -1 -1";
 }
 
-void TestRectValue::gives_data()
+void tst_RectValue::gives_data()
 {
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("expected");
@@ -198,7 +199,7 @@ void TestRectValue::gives_data()
     scaling();
 }
 
-void TestRectValue::gives()
+void tst_RectValue::gives()
 {
     QFETCH(QString, value);
     QTEST(value, "expected");
@@ -206,7 +207,7 @@ void TestRectValue::gives()
 
 // ------------------------------------------------------------------------------------------------------ of two
 
-void TestRectValue::combinations_data()
+void tst_RectValue::combinations_data()
 {
     QTest::addColumn<QString>("second");
     QTest::addColumn<QString>("common");
@@ -227,7 +228,7 @@ void TestRectValue::combinations_data()
     row("negative coordinates", {-5, -5, 12, 13}, "1: 10 10 12 13", "1: -5 -5 20 20");
 }
 
-void TestRectValue::combinations()
+void tst_RectValue::combinations()
 {
     QFETCH(QString, second);
     const QStringList numbers = second.split(QLatin1Char(' '));
@@ -250,7 +251,7 @@ void TestRectValue::combinations()
     }
 }
 
-void TestRectValue::subtractions_data()
+void tst_RectValue::subtractions_data()
 {
     QTest::addColumn<QString>("difference");
     QTest::addColumn<QString>("expected");
@@ -277,13 +278,13 @@ void TestRectValue::subtractions_data()
     QTest::newRow("from itself") << QStringLiteral("%1: %2").arg(result).arg(text(self)) << "1: 13 10 20 20";
 }
 
-void TestRectValue::subtractions()
+void tst_RectValue::subtractions()
 {
     QFETCH(QString, difference);
     QTEST(difference, "expected");
 }
 
-void TestRectValue::nullIsAnEmptyRectangle()
+void tst_RectValue::nullIsAnEmptyRectangle()
 {
     QCOMPARE(combined(&CRect::IntersectRect, nullptr, &square), QStringLiteral("0: 0 0 0 0"));
     QCOMPARE(combined(&CRect::UnionRect, nullptr, &square), QStringLiteral("1: 10 10 20 20"));
@@ -307,7 +308,7 @@ QString byValue(CRect rect) { return text(rect); }
 
 } // namespace
 
-void TestRectValue::clientCode()
+void tst_RectValue::clientCode()
 {
     CRect rect(1, 2, 3, 4);
     const CRect constant = rect;
@@ -345,5 +346,5 @@ void TestRectValue::clientCode()
     QCOMPARE(text(CRect(rect.CenterPoint(), rect.CenterPoint()) | constant), QStringLiteral("1 2 3 4"));
 }
 
-QTEST_MAIN(TestRectValue)
+XE_TEST(tst_RectValue)
 #include "tst_rectvalue.moc"

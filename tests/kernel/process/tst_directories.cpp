@@ -1,3 +1,5 @@
+#include "testclass.h"
+
 #include <xeprocess.h>
 
 #include <QtTest>
@@ -389,5 +391,5 @@ void tst_Directories::noBufferForAName()
     QCOMPARE(GetUserName_X(nullptr, nullptr), 0);
 }
 
-QTEST_GUILESS_MAIN(tst_Directories)
+XE_GUILESS_TEST(tst_Directories)
 #include "tst_directories.moc"

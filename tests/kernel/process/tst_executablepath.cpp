@@ -1,3 +1,5 @@
+#include "testclass.h"
+
 #include <xeprocess.h>
 
 #include <QtTest>
@@ -158,5 +160,5 @@ void tst_ExecutablePath::theFileNameIsCut()
     QCOMPARE(GetModuleFileName_X(nullptr, nullptr, 8), 0U);
 }
 
-QTEST_GUILESS_MAIN(tst_ExecutablePath)
+XE_GUILESS_TEST(tst_ExecutablePath)
 #include "tst_executablepath.moc"

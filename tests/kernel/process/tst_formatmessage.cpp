@@ -1,3 +1,5 @@
+#include "testclass.h"
+
 #include <xeprocess.h>
 
 #include <QtTest>
@@ -144,5 +146,5 @@ void tst_FormatMessage::withoutTheAllocatingFlagNothingIsAllocated()
     QCOMPARE(out, &mine);
 }
 
-QTEST_APPLESS_MAIN(tst_FormatMessage)
+XE_APPLESS_TEST(tst_FormatMessage)
 #include "tst_formatmessage.moc"

@@ -1,3 +1,5 @@
+#include "testclass.h"
+
 #include <xeprocess.h>
 
 #include <QtTest>
@@ -166,5 +168,5 @@ void tst_Memory::theHandleIsTheAddress()
     QCOMPARE(GlobalUnlock_X(nullptr), 1);
 }
 
-QTEST_APPLESS_MAIN(tst_Memory)
+XE_APPLESS_TEST(tst_Memory)
 #include "tst_memory.moc"

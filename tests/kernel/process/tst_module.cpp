@@ -1,3 +1,5 @@
+#include "testclass.h"
+
 #include <xeprocess.h>
 
 #include <QtTest>
@@ -183,5 +185,5 @@ void tst_Module::theProgramHasNoNameInItsLinkMap()
     dlclose(program);
 }
 
-QTEST_GUILESS_MAIN(tst_Module)
+XE_GUILESS_TEST(tst_Module)
 #include "tst_module.moc"

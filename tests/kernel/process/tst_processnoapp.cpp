@@ -1,3 +1,5 @@
+#include "testclass.h"
+
 #include <xeprocess.h>
 
 #include <QtTest>
@@ -53,5 +55,5 @@ void tst_ProcessNoApp::onlyAQApplicationHasWindows()
     theScreenHasNoSize();
 }
 
-QTEST_APPLESS_MAIN(tst_ProcessNoApp)
+XE_APPLESS_TEST(tst_ProcessNoApp)
 #include "tst_processnoapp.moc"

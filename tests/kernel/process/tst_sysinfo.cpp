@@ -1,3 +1,5 @@
+#include "testclass.h"
+
 #include <xeprocess.h>
 
 #include <QtTest>
@@ -256,5 +258,5 @@ void tst_SysInfo::badAddresses()
     QCOMPARE(IsBadStringPtr_X(nullptr, 0), 0);
 }
 
-QTEST_GUILESS_MAIN(tst_SysInfo)
+XE_GUILESS_TEST(tst_SysInfo)
 #include "tst_sysinfo.moc"

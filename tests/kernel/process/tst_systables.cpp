@@ -1,3 +1,5 @@
+#include "testclass.h"
+
 #include <xeprocess.h>
 
 #include <QtTest>
@@ -171,5 +173,5 @@ void tst_SysTables::keysOutsideTheTable()
     QCOMPARE(MapVirtualKey_X(code, 0), 0U);
 }
 
-QTEST_MAIN(tst_SysTables)
+XE_TEST(tst_SysTables)
 #include "tst_systables.moc"

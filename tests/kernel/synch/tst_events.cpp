@@ -1,4 +1,5 @@
 #include "synchsupport.h"
+#include "testclass.h"
 
 #include <limits>
 
@@ -305,5 +306,5 @@ void tst_Events::closeWithAWaiterInside()
     QCOMPARE(waiter.result(), QStringLiteral("object, 77"));
 }
 
-QTEST_APPLESS_MAIN(tst_Events)
+XE_APPLESS_TEST(tst_Events)
 #include "tst_events.moc"

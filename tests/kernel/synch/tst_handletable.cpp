@@ -1,4 +1,5 @@
 #include "synchsupport.h"
+#include "testclass.h"
 
 // The table of names: creating, finding and closing.
 
@@ -291,5 +292,5 @@ void tst_HandleTable::failedCloseOutsideTheTable()
     QVERIFY(XeCloseHandle(mutex));
 }
 
-QTEST_APPLESS_MAIN(tst_HandleTable)
+XE_APPLESS_TEST(tst_HandleTable)
 #include "tst_handletable.moc"

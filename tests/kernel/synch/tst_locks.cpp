@@ -1,4 +1,5 @@
 #include "synchsupport.h"
+#include "testclass.h"
 
 using Wake = int (*)(PCONDITION_VARIABLE);
 using OnLock = int (*)(PSRWLOCK);
@@ -279,5 +280,5 @@ void tst_Locks::wakeWithoutSleepers()
     QCOMPARE(WakeAllConditionVariable(&condition), 0);
 }
 
-QTEST_APPLESS_MAIN(tst_Locks)
+XE_APPLESS_TEST(tst_Locks)
 #include "tst_locks.moc"

@@ -1,4 +1,5 @@
 #include "synchsupport.h"
+#include "testclass.h"
 
 using Create = HANDLE (*)();
 Q_DECLARE_METATYPE(Create)
@@ -192,5 +193,5 @@ void tst_Mutexes::closeWithAWaiterInside()
     g_mapXeHandle.clear();
 }
 
-QTEST_APPLESS_MAIN(tst_Mutexes)
+XE_APPLESS_TEST(tst_Mutexes)
 #include "tst_mutexes.moc"

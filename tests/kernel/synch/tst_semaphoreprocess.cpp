@@ -1,4 +1,5 @@
 #include "synchsupport.h"
+#include "testclass.h"
 
 #include <QProcess>
 
@@ -99,5 +100,5 @@ void tst_SemaphoreProcess::anEndWithoutCloseLeavesTheName()
     QVERIFY(XeCloseHandle(semaphore));
 }
 
-QTEST_APPLESS_MAIN(tst_SemaphoreProcess)
+XE_APPLESS_TEST(tst_SemaphoreProcess)
 #include "tst_semaphoreprocess.moc"

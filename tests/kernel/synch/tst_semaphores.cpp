@@ -1,4 +1,5 @@
 #include "synchsupport.h"
+#include "testclass.h"
 
 #include <climits>
 
@@ -431,5 +432,5 @@ void tst_Semaphores::openerLeavesTheNameAlone()
     QVERIFY(!QFile::exists(fileOf(name)));
 }
 
-QTEST_APPLESS_MAIN(tst_Semaphores)
+XE_APPLESS_TEST(tst_Semaphores)
 #include "tst_semaphores.moc"

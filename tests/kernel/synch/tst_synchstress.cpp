@@ -1,4 +1,5 @@
 #include "synchsupport.h"
+#include "testclass.h"
 
 // Many threads on one object. Waits on events are limited and repeated, as callers have to.
 
@@ -234,5 +235,5 @@ void tst_SynchStress::semaphoreClosedByTheWaiter()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_SynchStress)
+XE_APPLESS_TEST(tst_SynchStress)
 #include "tst_synchstress.moc"

@@ -1,4 +1,5 @@
 #include "synchsupport.h"
+#include "testclass.h"
 
 // Thread storage, the last error and the numbers of thread and process.
 
@@ -112,5 +113,5 @@ void tst_ThreadStorage::numbers()
     QCOMPARE(GetCurrentProcessId(), DWORD(getpid()));
 }
 
-QTEST_APPLESS_MAIN(tst_ThreadStorage)
+XE_APPLESS_TEST(tst_ThreadStorage)
 #include "tst_threadstorage.moc"

@@ -1,4 +1,5 @@
 #include "synchsupport.h"
+#include "testclass.h"
 
 #include "kernel/deadline.h"
 
@@ -148,5 +149,5 @@ void tst_Waits::unknownTypeFails()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_Waits)
+XE_APPLESS_TEST(tst_Waits)
 #include "tst_waits.moc"

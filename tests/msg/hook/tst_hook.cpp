@@ -1,4 +1,5 @@
 #include "hookstage.h"
+#include "testclass.h"
 
 #include <climits>
 
@@ -451,5 +452,5 @@ void tst_Hook::actionRange()
     QCOMPARE(ActionRange(&a, &b, &c, &a, &b, &c, &a, &b, &c, none), Actions({&a, &b, &c, &a, &b, &c, &a, &b, &c}));
 }
 
-QTEST_MAIN(tst_Hook)
+XE_TEST(tst_Hook)
 #include "tst_hook.moc"

@@ -1,4 +1,5 @@
 #include "hookstage.h"
+#include "testclass.h"
 
 #include <ctime>
 
@@ -461,5 +462,5 @@ void tst_HookFilter::aNullKeyEventIsARepeat()
     QVERIFY(IsRepeatFilterKeyEvent(&key));
 }
 
-QTEST_MAIN(tst_HookFilter)
+XE_TEST(tst_HookFilter)
 #include "tst_hookfilter.moc"

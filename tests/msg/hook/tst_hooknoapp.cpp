@@ -1,3 +1,5 @@
+#include "testclass.h"
+
 #include <xehook.h>
 #include <xeprocess.h>
 
@@ -65,5 +67,5 @@ void tst_HookNoApp::idleWithoutAMainFrameDeletes()
     QVERIFY(!object);
 }
 
-QTEST_APPLESS_MAIN(tst_HookNoApp)
+XE_APPLESS_TEST(tst_HookNoApp)
 #include "tst_hooknoapp.moc"

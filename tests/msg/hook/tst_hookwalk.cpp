@@ -1,4 +1,5 @@
 #include "hookstage.h"
+#include "testclass.h"
 
 using namespace HookStage;
 
@@ -306,5 +307,5 @@ void tst_HookWalk::aThrowingHookLeavesTheChainInOrder()
     QVERIFY(GetGlobalEventHandler()->IsEmptyHookChain());
 }
 
-QTEST_MAIN(tst_HookWalk)
+XE_TEST(tst_HookWalk)
 #include "tst_hookwalk.moc"

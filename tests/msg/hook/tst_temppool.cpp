@@ -1,4 +1,5 @@
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <xeafxwin.h>
 #include <xehook.h>
@@ -503,5 +504,5 @@ void tst_TempPool::attachingAgainIsStillOneConnection()
     QCOMPARE(spy.count(), 1);
 }
 
-QTEST_MAIN(tst_TempPool)
+XE_TEST(tst_TempPool)
 #include "tst_temppool.moc"

@@ -1,4 +1,5 @@
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <xeprocess.h>
 
@@ -180,5 +181,5 @@ void tst_Host::noMainFrameNoCursor()
     QCOMPARE(cursors, QStringList());
 }
 
-QTEST_MAIN(tst_Host)
+XE_TEST(tst_Host)
 #include "tst_host.moc"

@@ -1,3 +1,4 @@
+#include "testclass.h"
 #include "virtualinput.h"
 
 #include <xeafxmsg.h>
@@ -363,5 +364,5 @@ void tst_KeyState::shiftedCharactersOnAKeyOfTheirOwn()
     QCOMPARE(codesDown(), hex(vk));
 }
 
-QTEST_GUILESS_MAIN(tst_KeyState)
+XE_GUILESS_TEST(tst_KeyState)
 #include "tst_keystate.moc"

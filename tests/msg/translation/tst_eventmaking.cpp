@@ -1,6 +1,7 @@
 // Messages to Qt events, and back.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <xeafxmsg.h>
 
@@ -303,5 +304,5 @@ void tst_EventMaking::unknownMessagesComeBack()
     }
 }
 
-QTEST_MAIN(tst_EventMaking)
+XE_TEST(tst_EventMaking)
 #include "tst_eventmaking.moc"

@@ -1,5 +1,7 @@
 // The table of X11 keysyms is private to the library, so its source is part of this program.
 
+#include "testclass.h"
+
 #include "msg/keymap.h"
 
 #include <QtTest>
@@ -60,7 +62,7 @@ void tst_Keysyms::keysymsOfACode()
     QFETCH(int, vk);
     QFETCH(Keysyms, keysyms);
 
-    const Keysyms* const found = keysymsOf(vk);
+    const Keysyms* const found = xe::keysymsOf(vk);
     QCOMPARE(found != nullptr, !keysyms.empty());
     if (found)
         QCOMPARE(*found, keysyms);
@@ -70,9 +72,9 @@ void tst_Keysyms::theTableHas99Codes()
 {
     int count = 0;
     for (int vk = -0x1000; vk < 0x20000; ++vk)
-        count += keysymsOf(vk) != nullptr;
+        count += xe::keysymsOf(vk) != nullptr;
     QCOMPARE(count, 99);
 }
 
-QTEST_APPLESS_MAIN(tst_Keysyms)
+XE_APPLESS_TEST(tst_Keysyms)
 #include "tst_keysyms.moc"

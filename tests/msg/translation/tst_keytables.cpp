@@ -1,4 +1,5 @@
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <xeafxmsg.h>
 
@@ -303,5 +304,5 @@ void tst_KeyTables::noFlagsComeBack()
     }
 }
 
-QTEST_MAIN(tst_KeyTables)
+XE_TEST(tst_KeyTables)
 #include "tst_keytables.moc"

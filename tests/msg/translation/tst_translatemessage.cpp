@@ -1,6 +1,7 @@
 // What TranslateMessage() posts.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <xeafxwin.h>
 
@@ -279,5 +280,5 @@ void tst_TranslateMessage::aClickThroughAWindow()
     QCOMPARE(window.seen, (QStringList{"201", "202", "100", "20", "20", "102", "102"}));
 }
 
-QTEST_MAIN(tst_TranslateMessage)
+XE_TEST(tst_TranslateMessage)
 #include "tst_translatemessage.moc"

@@ -1,6 +1,7 @@
 // Qt events to messages. The program has a pointer of its own: the library asks for it through QCursor::pos().
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <xeafxwin.h>
 
@@ -650,5 +651,5 @@ void tst_Translation::keysThroughAWidget()
     QCOMPARE(window.seen, messages);
 }
 
-QTEST_MAIN(tst_Translation)
+XE_TEST(tst_Translation)
 #include "tst_translation.moc"

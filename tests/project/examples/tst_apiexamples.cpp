@@ -1,5 +1,7 @@
 // The examples of the headers' class comments, word for word, put to use.
 
+#include "testclass.h"
+
 #include <XeMFCEmu.h>
 
 #include <QtTest>
@@ -33,7 +35,7 @@ END_MESSAGE_MAP_X()
 
 void CPlanView::OnLButtonDown(UINT, CPoint point) { pressed = point; }
 
-class TestApiExamples : public QObject
+class tst_ApiExamples : public QObject
 {
     Q_OBJECT
 
@@ -59,5 +61,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestApiExamples)
+XE_TEST(tst_ApiExamples)
 #include "tst_apiexamples.moc"

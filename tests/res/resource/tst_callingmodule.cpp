@@ -4,6 +4,7 @@
 #include "inquirywindow.h"
 #include "leavenothing.h"
 #include "loadedplugin.h"
+#include "testclass.h"
 
 namespace {
 
@@ -52,7 +53,7 @@ void tst_CallingModule::eachModuleHasItsName()
     QCOMPARE(LoadedPlugin(red)->module(), QStringLiteral("libxe_test_red"));
     QCOMPARE(LoadedPlugin(blue)->module(), QStringLiteral("blue"));
     QCOMPARE(LoadedPlugin(bare)->module(), QStringLiteral("libxe_test_bare"));
-    QCOMPARE(GetPlxResourceName(), QStringLiteral("tst_callingmodule"));
+    QCOMPARE(GetPlxResourceName(), QStringLiteral("test_res"));
 }
 
 void tst_CallingModule::eachModuleHasItsOwnAnswers()
@@ -180,8 +181,8 @@ void tst_CallingModule::sixteenFramesAreLookedAt_data()
 {
     QTest::addColumn<int>("frames");
     QTest::addColumn<QString>("module");
-    QTest::newRow("one call") << 1 << "tst_callingmodule";
-    QTest::newRow("the caller is the sixteenth") << 14 << "tst_callingmodule";
+    QTest::newRow("one call") << 1 << "test_res";
+    QTest::newRow("the caller is the sixteenth") << 14 << "test_res";
     QTest::newRow("the caller is the seventeenth") << 15 << "libXeHostEmu";
     QTest::newRow("far too deep") << 40 << "libXeHostEmu";
 }
@@ -216,7 +217,7 @@ void tst_CallingModule::nameOfACopyEndsAtTheFirstDot_data()
     QTest::newRow("case differs from an own name") << "libxemfcemu.so"
                                                    << "libxemfcemu";
     QTest::newRow("own name, so the caller's caller counts") << "libXeMFCEmu.so"
-                                                             << "tst_callingmodule";
+                                                             << "test_res";
 }
 
 void tst_CallingModule::nameOfACopyEndsAtTheFirstDot()
@@ -255,5 +256,5 @@ void tst_CallingModule::copiesThatTakeEachOthersPlace()
     QVERIFY2(addresses.size() < 100, "no module took the place of another");
 }
 
-QTEST_MAIN(tst_CallingModule)
+XE_TEST(tst_CallingModule)
 #include "tst_callingmodule.moc"

@@ -3,6 +3,7 @@
 
 #include "leavenothing.h"
 #include "loadedplugin.h"
+#include "testclass.h"
 
 namespace {
 
@@ -95,5 +96,5 @@ void tst_HandwrittenTables::tablesThatComeLater()
     initLateResource();
 }
 
-QTEST_MAIN(tst_HandwrittenTables)
+XE_TEST(tst_HandwrittenTables)
 #include "tst_handwrittentables.moc"

@@ -1,6 +1,7 @@
 // The lookups, each called by a module with tables of its own: this program.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -30,7 +31,7 @@ class tst_Resource : public QObject
 private slots:
     void cleanup() { QCOMPARE(LeaveNothing::leftovers(), QString()); }
 
-    void moduleIsTheProgram() { QCOMPARE(GetPlxResourceName(), QStringLiteral("tst_resource")); }
+    void moduleIsTheProgram() { QCOMPARE(GetPlxResourceName(), QStringLiteral("test_res")); }
     void ownModules_data();
     void ownModules();
 
@@ -291,5 +292,5 @@ void tst_Resource::thereIsNoResourceHandle()
     QVERIFY(!AfxGetResourceHandle_X());
 }
 
-QTEST_MAIN(tst_Resource)
+XE_TEST(tst_Resource)
 #include "tst_resource.moc"

@@ -1,5 +1,7 @@
 // From resource.h and a list of texts to the two tables: what is accepted, and what is said to the rest.
 
+#include "testclass.h"
+
 #include <QtTest>
 
 class tst_ResourceTables : public QObject
@@ -350,5 +352,5 @@ void tst_ResourceTables::emptyFiles()
     QVERIFY(table("ST").isEmpty());
 }
 
-QTEST_GUILESS_MAIN(tst_ResourceTables)
+XE_GUILESS_TEST(tst_ResourceTables)
 #include "tst_resourcetables.moc"

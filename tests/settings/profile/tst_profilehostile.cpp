@@ -1,6 +1,7 @@
 // Files that are no profiles, or huge ones: every call comes back, and a write leaves a profile.
 
 #include "profilefile.h"
+#include "testclass.h"
 
 #include <thread>
 #include <vector>
@@ -267,5 +268,5 @@ void tst_ProfileHostile::threads()
     QCOMPARE(right, std::vector<int>(threads, rounds));
 }
 
-QTEST_GUILESS_MAIN(tst_ProfileHostile)
+XE_GUILESS_TEST(tst_ProfileHostile)
 #include "tst_profilehostile.moc"

@@ -1,6 +1,7 @@
 // The entries of a section and the names of the sections, in buffers of all sizes.
 
 #include "profilefile.h"
+#include "testclass.h"
 
 class tst_ProfileLists : public QObject
 {
@@ -157,5 +158,5 @@ void tst_ProfileLists::noBuffer()
     QCOMPARE(GetPrivateProfileSectionNames_X(nullptr, 10, file), 0u);
 }
 
-QTEST_GUILESS_MAIN(tst_ProfileLists)
+XE_GUILESS_TEST(tst_ProfileLists)
 #include "tst_profilelists.moc"

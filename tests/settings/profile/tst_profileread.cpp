@@ -1,6 +1,7 @@
 // What single entries of a profile read as.
 
 #include "profilefile.h"
+#include "testclass.h"
 
 class tst_ProfileRead : public QObject
 {
@@ -272,5 +273,5 @@ void tst_ProfileRead::readingLeavesTheFileAlone()
     QCOMPARE(file.folder(), QStringList("profile.ini"));
 }
 
-QTEST_GUILESS_MAIN(tst_ProfileRead)
+XE_GUILESS_TEST(tst_ProfileRead)
 #include "tst_profileread.moc"

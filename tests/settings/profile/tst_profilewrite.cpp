@@ -1,6 +1,7 @@
 // What exactly a write leaves in the file.
 
 #include "profilefile.h"
+#include "testclass.h"
 
 #include <clocale>
 
@@ -247,5 +248,5 @@ void tst_ProfileWrite::pathsGoByTheLocale()
     QCOMPARE(textOf(L"s", L"k", path.c_str()), L"v"s); // Qt knows its file names' encoding
 }
 
-QTEST_GUILESS_MAIN(tst_ProfileWrite)
+XE_GUILESS_TEST(tst_ProfileWrite)
 #include "tst_profilewrite.moc"

@@ -1,5 +1,7 @@
 // Extension modules.
 
+#include "testclass.h"
+
 #include <XeMFCEmu.h>
 
 #include <QtTest>
@@ -14,7 +16,7 @@ void* handleOf(int number) { return reinterpret_cast<void*>(static_cast<quintptr
 
 } // namespace
 
-class tst_extension : public QObject
+class tst_Extension : public QObject
 {
     Q_OBJECT
 
@@ -28,7 +30,7 @@ private slots:
     void library();
 };
 
-void tst_extension::theFirstCallFillsTheRecord()
+void tst_Extension::theFirstCallFillsTheRecord()
 {
     AfxGetModuleState_X()->m_hCurrentResourceHandle = handleOf(9);
     AFX_EXTENSION_MODULE_X state{};
@@ -43,7 +45,7 @@ void tst_extension::theFirstCallFillsTheRecord()
     AfxGetModuleState_X()->m_hCurrentResourceHandle = nullptr;
 }
 
-void tst_extension::aLaterCallGivesSlotsToItsModule()
+void tst_Extension::aLaterCallGivesSlotsToItsModule()
 {
     CThreadLocal_X<CValue> local;
     local.GetData();
@@ -56,7 +58,7 @@ void tst_extension::aLaterCallGivesSlotsToItsModule()
     QVERIFY(!local.GetDataNA());
 }
 
-void tst_extension::termination()
+void tst_Extension::termination()
 {
     CThreadLocal_X<CValue> local;
     local.GetData();
@@ -70,7 +72,7 @@ void tst_extension::termination()
     QVERIFY(!local.GetDataNA());
 }
 
-void tst_extension::terminationOfAnEmptyRecord()
+void tst_Extension::terminationOfAnEmptyRecord()
 {
     CThreadLocal_X<CValue> local;
     local.GetData();
@@ -79,7 +81,7 @@ void tst_extension::terminationOfAnEmptyRecord()
     QVERIFY(local.GetDataNA());
 }
 
-void tst_extension::library()
+void tst_Extension::library()
 {
     AFX_EXTENSION_MODULE_X state{TRUE, handleOf(5), handleOf(6), handleOf(7)};
     const CDynLinkLibrary_X system(state, TRUE);
@@ -96,5 +98,5 @@ void tst_extension::library()
     QVERIFY(!CDynLinkLibrary_X::s_classInfo.CreateObject());
 }
 
-QTEST_APPLESS_MAIN(tst_extension)
+XE_APPLESS_TEST(tst_Extension)
 #include "tst_extension.moc"

@@ -1,6 +1,7 @@
 // Handle maps: permanent and temporary wrappers of handles.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -50,7 +51,7 @@ CPlug* plug(CObject_X* object) { return static_cast<CPlug*>(object); }
 
 } // namespace
 
-class tst_handlemap : public QObject
+class tst_HandleMap : public QObject
 {
     Q_OBJECT
 
@@ -75,21 +76,21 @@ private slots:
     void windowMap();
 };
 
-void tst_handlemap::cleanup()
+void tst_HandleMap::cleanup()
 {
     QCOMPARE(CPlug::alive.size(), std::size_t(0));
     QCOMPARE(CPlug::destroyedWithHandle, 0);
     QCOMPARE(LeaveNothing::leftovers(), QString());
 }
 
-void tst_handlemap::nullHandle()
+void tst_HandleMap::nullHandle()
 {
     const auto map = makeMap();
     QVERIFY(!map->FromHandle(nullptr));
     QVERIFY(CPlug::alive.empty());
 }
 
-void tst_handlemap::aTemporaryWrapperIsMadeOnce()
+void tst_HandleMap::aTemporaryWrapperIsMadeOnce()
 {
     const auto map = makeMap();
     QVERIFY(!map->LookupTemporary(handleOf(5)));
@@ -105,7 +106,7 @@ void tst_handlemap::aTemporaryWrapperIsMadeOnce()
     QCOMPARE(CPlug::alive.size(), std::size_t(2));
 }
 
-void tst_handlemap::itsHandleIsWrittenAgain()
+void tst_HandleMap::itsHandleIsWrittenAgain()
 {
     const auto map = makeMap();
     CPlug* const wrapper = plug(map->FromHandle(handleOf(5)));
@@ -116,7 +117,7 @@ void tst_handlemap::itsHandleIsWrittenAgain()
     QCOMPARE(wrapper->handle, handleOf(5));
 }
 
-void tst_handlemap::twoHandles()
+void tst_HandleMap::twoHandles()
 {
     const auto map = makeMap(2);
     CPlug* const wrapper = plug(map->FromHandle(handleOf(5)));
@@ -127,7 +128,7 @@ void tst_handlemap::twoHandles()
     QCOMPARE(wrapper->second, handleOf(5));
 }
 
-void tst_handlemap::permanentWrappers()
+void tst_HandleMap::permanentWrappers()
 {
     CPlug own;
     const auto map = makeMap();
@@ -143,7 +144,7 @@ void tst_handlemap::permanentWrappers()
     QVERIFY(map->FromHandle(handleOf(5)) != &own);
 }
 
-void tst_handlemap::permanentWinsOverTemporary()
+void tst_HandleMap::permanentWinsOverTemporary()
 {
     CPlug own;
     const auto map = makeMap();
@@ -153,7 +154,7 @@ void tst_handlemap::permanentWinsOverTemporary()
     QCOMPARE(map->LookupTemporary(handleOf(5)), temporary);
 }
 
-void tst_handlemap::removeUnknown()
+void tst_HandleMap::removeUnknown()
 {
     const auto map = makeMap();
     CObject_X* const temporary = map->FromHandle(handleOf(5));
@@ -163,7 +164,7 @@ void tst_handlemap::removeUnknown()
     QCOMPARE(map->FromHandle(handleOf(5)), temporary);
 }
 
-void tst_handlemap::deleteTemp()
+void tst_HandleMap::deleteTemp()
 {
     const auto map = makeMap(2);
     map->DeleteTemp();
@@ -175,7 +176,7 @@ void tst_handlemap::deleteTemp()
     QCOMPARE(plug(map->FromHandle(handleOf(5)))->handle, handleOf(5));
 }
 
-void tst_handlemap::manyWrappers()
+void tst_HandleMap::manyWrappers()
 {
     const auto map = makeMap();
     for (int i = 1; i <= 1000; ++i)
@@ -185,13 +186,13 @@ void tst_handlemap::manyWrappers()
         QCOMPARE(plug(map->LookupTemporary(handleOf(i)))->handle, handleOf(i));
 }
 
-void tst_handlemap::theDestructorDeletesTemporaryWrappers()
+void tst_HandleMap::theDestructorDeletesTemporaryWrappers()
 {
     makeMap()->FromHandle(handleOf(5));
     QVERIFY(CPlug::alive.empty());
 }
 
-void tst_handlemap::withoutClass()
+void tst_HandleMap::withoutClass()
 {
     CPlug own;
     CHandleMap_X map(nullptr, nullptr, nullptr, handleOffset);
@@ -203,7 +204,7 @@ void tst_handlemap::withoutClass()
 
 // ------------------------------------------------------------------------------------------------ the maps of the process
 
-void tst_handlemap::mapsAreMadeOnDemand_data()
+void tst_HandleMap::mapsAreMadeOnDemand_data()
 {
     using Function = CHandleMap_X* (*)(int);
     using Member = CHandleMap_X* AFX_MODULE_THREAD_STATE_X::*;
@@ -224,7 +225,7 @@ using MapMember = CHandleMap_X* AFX_MODULE_THREAD_STATE_X::*;
 Q_DECLARE_METATYPE(MapFunction)
 Q_DECLARE_METATYPE(MapMember)
 
-void tst_handlemap::mapsAreMadeOnDemand()
+void tst_HandleMap::mapsAreMadeOnDemand()
 {
     QFETCH(MapFunction, function);
     QFETCH(MapMember, member);
@@ -241,7 +242,7 @@ void tst_handlemap::mapsAreMadeOnDemand()
     map->RemoveHandle(handleOf(5));
 }
 
-void tst_handlemap::menuMap()
+void tst_HandleMap::menuMap()
 {
     QMenu menu;
     auto* const wrapper = static_cast<CMenu_X*>(afxMapHMENU_X(TRUE)->FromHandle(static_cast<QObject*>(&menu)));
@@ -252,7 +253,7 @@ void tst_handlemap::menuMap()
     QVERIFY(menu.isEmpty());
 }
 
-void tst_handlemap::windowMap()
+void tst_HandleMap::windowMap()
 {
     QWidget widget;
     auto* const wrapper = static_cast<CWnd_X*>(afxMapHWND_X(TRUE)->FromHandle(static_cast<QObject*>(&widget)));
@@ -262,5 +263,5 @@ void tst_handlemap::windowMap()
     QVERIFY(!afxMapHWND_X(FALSE)->LookupTemporary(static_cast<QObject*>(&widget)));
 }
 
-QTEST_MAIN(tst_handlemap)
+XE_TEST(tst_HandleMap)
 #include "tst_handlemap.moc"

@@ -1,5 +1,7 @@
 // The state of the module, and objects of a process.
 
+#include "testclass.h"
+
 #include <XeMFCEmu.h>
 
 #include <QtTest>
@@ -28,7 +30,7 @@ const BOOL initializedAtLoad = AfxGetModuleState_X()->m_bInitialized;
 
 } // namespace
 
-class tst_modulestate : public QObject
+class tst_ModuleState : public QObject
 {
     Q_OBJECT
 
@@ -43,7 +45,7 @@ private slots:
     void processLocalWithoutFunction();
 };
 
-void tst_modulestate::moduleStateAtStart()
+void tst_ModuleState::moduleStateAtStart()
 {
     QCOMPARE(stateAtLoad, &afxModuleState);
     QCOMPARE(initializedAtLoad, TRUE);
@@ -60,7 +62,7 @@ void tst_modulestate::moduleStateAtStart()
     }
 }
 
-void tst_modulestate::threadStateAtStart()
+void tst_ModuleState::threadStateAtStart()
 {
     const AFX_MODULE_THREAD_STATE_X state;
     QCOMPARE(state.m_pCurrentWinThread, nullptr);
@@ -72,7 +74,7 @@ void tst_modulestate::threadStateAtStart()
     QCOMPARE(state.m_nLastStatus, -1);
 }
 
-void tst_modulestate::oneStateForAllThreads()
+void tst_ModuleState::oneStateForAllThreads()
 {
     QCOMPARE(AfxGetStaticModuleState_X(), AfxGetModuleState_X());
     QCOMPARE(AfxGetModuleThreadState_X(), &gdiThreadState);
@@ -86,7 +88,7 @@ void tst_modulestate::oneStateForAllThreads()
     QCOMPARE(threadState, AfxGetModuleThreadState_X());
 }
 
-void tst_modulestate::threadStateDeletesWhatItHolds()
+void tst_ModuleState::threadStateDeletesWhatItHolds()
 {
     QPointer<CObject_X> first = new CObject_X;
     QPointer<CObject_X> second = new CObject_X;
@@ -107,7 +109,7 @@ void tst_modulestate::threadStateDeletesWhatItHolds()
     QVERIFY(!list);
 }
 
-void tst_modulestate::validAddresses()
+void tst_ModuleState::validAddresses()
 {
     const char* const odd = reinterpret_cast<const char*>(1);
     QCOMPARE(AfxIsValidAddress_X(odd, 1000000, TRUE), TRUE);
@@ -119,7 +121,7 @@ void tst_modulestate::validAddresses()
     QCOMPARE(AfxIsValidString_X(static_cast<const char*>(nullptr), 3), FALSE);
 }
 
-void tst_modulestate::objectsStartCleared()
+void tst_ModuleState::objectsStartCleared()
 {
     for (int i = 0; i < 10; ++i) {
         // A compiler may drop what operator new wrote when the constructor begins: asked before that.
@@ -134,7 +136,7 @@ void tst_modulestate::objectsStartCleared()
     QCOMPARE(CCounted::alive, 0);
 }
 
-void tst_modulestate::processLocal()
+void tst_ModuleState::processLocal()
 {
     {
         CProcessLocal_X<CCounted> local;
@@ -151,7 +153,7 @@ void tst_modulestate::processLocal()
     QCOMPARE(CCounted::alive, 0);
 }
 
-void tst_modulestate::processLocalWithoutFunction()
+void tst_ModuleState::processLocalWithoutFunction()
 {
     CProcessLocalObject_X local;
     QVERIFY(!local.GetData(noObject));
@@ -165,5 +167,5 @@ void tst_modulestate::processLocalWithoutFunction()
     QCOMPARE(local.GetData(nullptr), object);
 }
 
-QTEST_APPLESS_MAIN(tst_modulestate)
+XE_APPLESS_TEST(tst_ModuleState)
 #include "tst_modulestate.moc"

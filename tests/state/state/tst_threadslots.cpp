@@ -1,6 +1,7 @@
 // Values of a thread, in slots.
 
 #include "raises.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -44,7 +45,7 @@ CThreadLocal_X<CValue> lasting; // lives to the end of the process, as a host's 
 
 } // namespace
 
-class tst_threadslots : public QObject
+class tst_ThreadSlots : public QObject
 {
     Q_OBJECT
 
@@ -79,9 +80,9 @@ private slots:
     void localData();
 };
 
-void tst_threadslots::init() { made = 0; }
+void tst_ThreadSlots::init() { made = 0; }
 
-void tst_threadslots::cleanup()
+void tst_ThreadSlots::cleanup()
 {
     AfxTlsRelease_X();
     QVERIFY(!_afxThreadData);
@@ -90,7 +91,7 @@ void tst_threadslots::cleanup()
 
 // ------------------------------------------------------------------------------------------------------------- the list
 
-void tst_threadslots::simpleList()
+void tst_ThreadSlots::simpleList()
 {
     struct Element
     {
@@ -119,14 +120,14 @@ void tst_threadslots::simpleList()
 
 // ------------------------------------------------------------------------------------------------------------ the slots
 
-void tst_threadslots::slotsAreNumberedFromOne()
+void tst_ThreadSlots::slotsAreNumberedFromOne()
 {
     CThreadSlotData_X data;
     for (int slot = 1; slot <= 100; ++slot)
         QCOMPARE(data.AllocSlot(), slot);
 }
 
-void tst_threadslots::aFreeSlotIsGivenAgain()
+void tst_ThreadSlots::aFreeSlotIsGivenAgain()
 {
     CThreadSlotData_X data;
     for (int i = 0; i < 31; ++i) // as many as the first table has room for
@@ -142,7 +143,7 @@ void tst_threadslots::aFreeSlotIsGivenAgain()
     QCOMPARE(data.AllocSlot(), 32);
 }
 
-void tst_threadslots::growthKeepsValues()
+void tst_ThreadSlots::growthKeepsValues()
 {
     CThreadSlotData_X data;
     for (int slot = 1; slot <= 200; ++slot) {
@@ -156,7 +157,7 @@ void tst_threadslots::growthKeepsValues()
     QCOMPARE(alive.load(), 200);
 }
 
-void tst_threadslots::valuesBelongToTheirThread()
+void tst_ThreadSlots::valuesBelongToTheirThread()
 {
     CThreadSlotData_X data;
     const int slot = data.AllocSlot();
@@ -174,7 +175,7 @@ void tst_threadslots::valuesBelongToTheirThread()
     QCOMPARE(data.GetThreadValue(slot), mine);
 }
 
-void tst_threadslots::unknownSlots_data()
+void tst_ThreadSlots::unknownSlots_data()
 {
     QTest::addColumn<int>("slot");
     QTest::newRow("0") << 0;
@@ -185,7 +186,7 @@ void tst_threadslots::unknownSlots_data()
     QTest::newRow("highest") << std::numeric_limits<int>::max();
 }
 
-void tst_threadslots::unknownSlots()
+void tst_ThreadSlots::unknownSlots()
 {
     QFETCH(int, slot);
     CThreadSlotData_X data;
@@ -203,7 +204,7 @@ void tst_threadslots::unknownSlots()
     QVERIFY(data.GetThreadValue(1));
 }
 
-void tst_threadslots::aNullValueNeedsNoRoom()
+void tst_ThreadSlots::aNullValueNeedsNoRoom()
 {
     CThreadSlotData_X data;
     const int slot = data.AllocSlot();
@@ -217,7 +218,7 @@ void tst_threadslots::aNullValueNeedsNoRoom()
     delete value;
 }
 
-void tst_threadslots::freeSlotDeletesOnAllThreads()
+void tst_ThreadSlots::freeSlotDeletesOnAllThreads()
 {
     CThreadSlotData_X data;
     const int slot = data.AllocSlot();
@@ -238,7 +239,7 @@ void tst_threadslots::freeSlotDeletesOnAllThreads()
     QCOMPARE(alive.load(), 2);
 }
 
-void tst_threadslots::deleteValuesOfAnInstance()
+void tst_ThreadSlots::deleteValuesOfAnInstance()
 {
     CThreadSlotData_X data;
     int red = 0, blue = 0;
@@ -261,7 +262,7 @@ void tst_threadslots::deleteValuesOfAnInstance()
     QVERIFY(data.GetThreadValue(second));
 }
 
-void tst_threadslots::deleteValuesOfOneThread()
+void tst_ThreadSlots::deleteValuesOfOneThread()
 {
     CThreadSlotData_X data;
     const int slot = data.AllocSlot();
@@ -276,7 +277,7 @@ void tst_threadslots::deleteValuesOfOneThread()
 }
 
 // A thread that goes on afterwards still has a record.
-void tst_threadslots::deleteValuesOfAllThreads()
+void tst_ThreadSlots::deleteValuesOfAllThreads()
 {
     CThreadSlotData_X data;
     const int slot = data.AllocSlot();
@@ -301,7 +302,7 @@ void tst_threadslots::deleteValuesOfAllThreads()
     QCOMPARE(alive.load(), 1);
 }
 
-void tst_threadslots::valuesMayUseSlotsAsTheyGo()
+void tst_ThreadSlots::valuesMayUseSlotsAsTheyGo()
 {
     static CThreadSlotData_X* current = nullptr;
     CThreadSlotData_X data;
@@ -316,7 +317,7 @@ void tst_threadslots::valuesMayUseSlotsAsTheyGo()
 
 // ------------------------------------------------------------------------------------------------------ thread-local objects
 
-void tst_threadslots::oneObjectAThread()
+void tst_ThreadSlots::oneObjectAThread()
 {
     CThreadLocal_X<CValue> local;
     QVERIFY(!local.GetDataNA());
@@ -332,7 +333,7 @@ void tst_threadslots::oneObjectAThread()
     QVERIFY(!there);
 }
 
-void tst_threadslots::createRunsOnceAThread()
+void tst_ThreadSlots::createRunsOnceAThread()
 {
     CThreadLocal_X<CValue> local;
     const auto use = [&] {
@@ -347,7 +348,7 @@ void tst_threadslots::createRunsOnceAThread()
     QCOMPARE(made.load(), 2);
 }
 
-void tst_threadslots::createMayUseOtherSlots()
+void tst_ThreadSlots::createMayUseOtherSlots()
 {
     static CThreadLocal_X<CValue> inner;
     CThreadLocalObject_X outer;
@@ -359,7 +360,7 @@ void tst_threadslots::createMayUseOtherSlots()
     QCOMPARE(inner->number, 7);
 }
 
-void tst_threadslots::createMayGiveNothing()
+void tst_ThreadSlots::createMayGiveNothing()
 {
     CThreadLocalObject_X local;
     QVERIFY(!local.GetData([]() -> CNoTrackObject_X* { return nullptr; }));
@@ -367,7 +368,7 @@ void tst_threadslots::createMayGiveNothing()
     QVERIFY(local.GetData([]() -> CNoTrackObject_X* { return new CValue; }));
 }
 
-void tst_threadslots::withoutFunction()
+void tst_ThreadSlots::withoutFunction()
 {
     CThreadLocalObject_X local;
     QVERIFY(raises([&] { local.GetData(nullptr); }));
@@ -376,7 +377,7 @@ void tst_threadslots::withoutFunction()
     QVERIFY(raises([&] { local.GetData(nullptr); }));
 }
 
-void tst_threadslots::theDestructorDeletesOnAllThreads()
+void tst_ThreadSlots::theDestructorDeletesOnAllThreads()
 {
     {
         CThreadLocal_X<CValue> local;
@@ -390,7 +391,7 @@ void tst_threadslots::theDestructorDeletesOnAllThreads()
     QVERIFY(!next.GetDataNA());
 }
 
-void tst_threadslots::manyThreads()
+void tst_ThreadSlots::manyThreads()
 {
     constexpr int threadCount = 16;
     constexpr int localCount = 80;
@@ -423,7 +424,7 @@ void tst_threadslots::manyThreads()
 
 // ------------------------------------------------------------------------------------------------------ all slots at once
 
-void tst_threadslots::references()
+void tst_ThreadSlots::references()
 {
     CThreadLocal_X<CValue> local;
     local.GetData();
@@ -446,7 +447,7 @@ void tst_threadslots::references()
 }
 
 // Slots are numbered anew then: no object may find the value of another behind the number that it had.
-void tst_threadslots::releaseStartsAnew()
+void tst_ThreadSlots::releaseStartsAnew()
 {
     CThreadLocal_X<CValue> first;
     first->number = 1;
@@ -460,7 +461,7 @@ void tst_threadslots::releaseStartsAnew()
     QCOMPARE(lasting->number, 5);
 }
 
-void tst_threadslots::localData()
+void tst_ThreadSlots::localData()
 {
     int red = 0;
     AfxInitLocalData_X(&red); // no slots yet
@@ -475,5 +476,5 @@ void tst_threadslots::localData()
     QVERIFY(others.GetDataNA());
 }
 
-QTEST_APPLESS_MAIN(tst_threadslots)
+XE_APPLESS_TEST(tst_ThreadSlots)
 #include "tst_threadslots.moc"

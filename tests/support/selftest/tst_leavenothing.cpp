@@ -1,4 +1,5 @@
 #include "leavenothing.h"
+#include "testclass.h"
 
 namespace {
 
@@ -78,5 +79,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(tst_LeaveNothing)
+XE_TEST(tst_LeaveNothing)
 #include "tst_leavenothing.moc"

@@ -1,3 +1,4 @@
+#include "testclass.h"
 #include "textresult.h"
 
 #include <xeconvert.h>
@@ -14,7 +15,7 @@ const wchar_t* const null = nullptr;
 } // namespace
 
 /// The conversions by the C locale, and the functions of the Windows C runtime on texts.
-class TestConvert : public QObject
+class tst_Convert : public QObject
 {
     Q_OBJECT
 
@@ -44,7 +45,7 @@ private slots:
     void appendingNarrowText();
 };
 
-void TestConvert::ascii_data()
+void tst_Convert::ascii_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("empty") << QByteArray("");
@@ -52,7 +53,7 @@ void TestConvert::ascii_data()
     QTest::newRow("longer than 256") << QByteArray(1000, 'x');
 }
 
-void TestConvert::ascii()
+void tst_Convert::ascii()
 {
     QFETCH(QByteArray, bytes);
     for (const char* locale : {"C", "C.UTF-8"}) {
@@ -67,7 +68,7 @@ void TestConvert::ascii()
     QVERIFY(MultiByteToWideChar_X(std::string("ab\0c", 4), "chs") == L"ab");
 }
 
-void TestConvert::withoutALocaleOfTheHost()
+void tst_Convert::withoutALocaleOfTheHost()
 {
     QCOMPARE(WideCharToMultiByte_X(L"日本", "chs"), std::string());
     QCOMPARE(WideCharToMultiByte_X(L"abc日", "chs"), std::string());
@@ -75,7 +76,7 @@ void TestConvert::withoutALocaleOfTheHost()
     QCOMPARE(_wtof(L"3.5日"), 0.0);
 }
 
-void TestConvert::withALocaleOfTheHost_data()
+void tst_Convert::withALocaleOfTheHost_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("two bytes") << QStringLiteral("é");
@@ -84,7 +85,7 @@ void TestConvert::withALocaleOfTheHost_data()
     QTest::newRow("mixed") << QStringLiteral("aé日😀z");
 }
 
-void TestConvert::withALocaleOfTheHost()
+void tst_Convert::withALocaleOfTheHost()
 {
     QFETCH(QString, text);
     QVERIFY(std::setlocale(LC_ALL, "C.UTF-8"));
@@ -94,7 +95,7 @@ void TestConvert::withALocaleOfTheHost()
     QCOMPARE(shown(MultiByteToWideChar_X(text.toStdString(), "chs")), text);
 }
 
-void TestConvert::invalidBytes_data()
+void tst_Convert::invalidBytes_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("FF") << QByteArray("\xFF");
@@ -103,20 +104,20 @@ void TestConvert::invalidBytes_data()
     QTest::newRow("overlong") << QByteArray("\xC0\xAF");
 }
 
-void TestConvert::invalidBytes()
+void tst_Convert::invalidBytes()
 {
     QFETCH(QByteArray, bytes);
     QVERIFY(std::setlocale(LC_ALL, "C.UTF-8"));
     QVERIFY(MultiByteToWideChar_X(bytes.toStdString(), "chs").empty());
 }
 
-void TestConvert::invalidElements()
+void tst_Convert::invalidElements()
 {
     QVERIFY(std::setlocale(LC_ALL, "C.UTF-8"));
     QCOMPARE(WideCharToMultiByte_X(L"abc\xD800", "chs"), std::string());
 }
 
-void TestConvert::theLocaleArgumentIsIgnored()
+void tst_Convert::theLocaleArgumentIsIgnored()
 {
     for (const char* locale : {static_cast<const char*>(nullptr), "", "chs", "C.UTF-8", "no_SUCH.locale"}) {
         QCOMPARE(WideCharToMultiByte_X(L"abc", locale), std::string("abc"));
@@ -126,7 +127,7 @@ void TestConvert::theLocaleArgumentIsIgnored()
     QCOMPARE(std::setlocale(LC_ALL, nullptr), "C");
 }
 
-void TestConvert::aMillionElements()
+void tst_Convert::aMillionElements()
 {
     QVERIFY(std::setlocale(LC_ALL, "C.UTF-8"));
     const std::wstring wide(1000000, L'日');
@@ -135,7 +136,7 @@ void TestConvert::aMillionElements()
     QVERIFY(MultiByteToWideChar_X(narrow, "chs") == wide);
 }
 
-void TestConvert::numbers_data()
+void tst_Convert::numbers_data()
 {
     QTest::addColumn<double>("value");
     QTest::addColumn<double>("expected");
@@ -155,19 +156,19 @@ void TestConvert::numbers_data()
     QTest::newRow("many digits") << _wtof(L"123456789.123456789") << 123456789.123456789;
 }
 
-void TestConvert::numbers()
+void tst_Convert::numbers()
 {
     QFETCH(double, value);
     QTEST(value, "expected");
 }
 
-void TestConvert::nullRaises()
+void tst_Convert::nullRaises()
 {
     QCOMPARE(thrownBy([] { _W2A(null); }), QStringLiteral("logic_error"));
     QCOMPARE(thrownBy([] { _wtof(null); }), QStringLiteral("logic_error"));
 }
 
-void TestConvert::splitName_data()
+void tst_Convert::splitName_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("name");
@@ -204,7 +205,7 @@ void TestConvert::splitName_data()
                           << ".";
 }
 
-void TestConvert::splitName()
+void tst_Convert::splitName()
 {
     QFETCH(QString, path);
     const std::wstring wide = path.toStdWString();
@@ -216,7 +217,7 @@ void TestConvert::splitName()
     QCOMPARE(extension.back(), L'#');
 }
 
-void TestConvert::splitNameIntoThePathItself()
+void tst_Convert::splitNameIntoThePathItself()
 {
     wchar_t path[] = L"parts/bolt.txt";
     wchar_t extension[16];
@@ -231,7 +232,7 @@ void TestConvert::splitNameIntoThePathItself()
     QCOMPARE(shown(other), QStringLiteral(".txt"));
 }
 
-void TestConvert::splitNameNulls()
+void tst_Convert::splitNameNulls()
 {
     wchar_t name[16] = L"old", extension[16] = L"old";
     _split_whole_name(null, name, extension);
@@ -244,7 +245,7 @@ void TestConvert::splitNameNulls()
     _split_whole_name(L"bolt.txt", nullptr, nullptr);
 }
 
-void TestConvert::token_data()
+void tst_Convert::token_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("token");
@@ -256,7 +257,7 @@ void TestConvert::token_data()
                                << "abc";
 }
 
-void TestConvert::token()
+void tst_Convert::token()
 {
     QFETCH(QString, text);
     QFETCH(QString, token);
@@ -267,7 +268,7 @@ void TestConvert::token()
     QCOMPARE(static_cast<int>(found - buffer.data()), text.indexOf(token));
 }
 
-void TestConvert::tokensAreNotContinued()
+void tst_Convert::tokensAreNotContinued()
 {
     wchar_t text[] = L"a,b", delimitersAlone[] = L",,", nothing[] = L"";
     QVERIFY(_wcstok(text, L","));
@@ -277,7 +278,7 @@ void TestConvert::tokensAreNotContinued()
     QVERIFY(!_wcstok(text, nullptr));
 }
 
-void TestConvert::upperCaseIsNotMade()
+void tst_Convert::upperCaseIsNotMade()
 {
     wchar_t text[] = L"abc";
     QVERIFY(_wcsupr(text) == text);
@@ -285,7 +286,7 @@ void TestConvert::upperCaseIsNotMade()
     QVERIFY(!_wcsupr(nullptr));
 }
 
-void TestConvert::appendingNarrowText()
+void tst_Convert::appendingNarrowText()
 {
     const QString left = QStringLiteral("é");
     QCOMPARE(QString(left + "\xE6\x97\xA5"), QStringLiteral("é日"));
@@ -296,5 +297,5 @@ void TestConvert::appendingNarrowText()
     QCOMPARE(left, QStringLiteral("é"));
 }
 
-QTEST_APPLESS_MAIN(TestConvert)
+XE_APPLESS_TEST(tst_Convert)
 #include "tst_convert.moc"

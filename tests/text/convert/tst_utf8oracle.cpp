@@ -1,3 +1,4 @@
+#include "testclass.h"
 #include "textresult.h"
 
 #include <QtTest>
@@ -116,7 +117,7 @@ private:
 } // namespace
 
 /// UTF-8 both ways: every code point against Qt's conversion, any bytes against a decoder by the definition.
-class TestUtf8Oracle : public QObject
+class tst_Utf8Oracle : public QObject
 {
     Q_OBJECT
 
@@ -128,7 +129,7 @@ private slots:
     void randomBytes();
 };
 
-void TestUtf8Oracle::everyCodePoint()
+void tst_Utf8Oracle::everyCodePoint()
 {
     CString_X all;
     QByteArray narrow;
@@ -151,7 +152,7 @@ void TestUtf8Oracle::everyCodePoint()
     QVERIFY(XeQString(all) == QString::fromUtf8(narrow));
 }
 
-void TestUtf8Oracle::everyPairOfBytes()
+void tst_Utf8Oracle::everyPairOfBytes()
 {
     int valid = 0;
     for (unsigned first = 1; first <= 0xFF; ++first) {
@@ -167,7 +168,7 @@ void TestUtf8Oracle::everyPairOfBytes()
 }
 
 // The first byte of three, and the tails that matter for it.
-void TestUtf8Oracle::everyThreeBytes()
+void tst_Utf8Oracle::everyThreeBytes()
 {
     int valid = 0;
     for (unsigned first = 0xC0; first <= 0xFF; ++first) {
@@ -184,7 +185,7 @@ void TestUtf8Oracle::everyThreeBytes()
     QCOMPARE(valid, 0x10000 - 0x800 - 0x800);
 }
 
-void TestUtf8Oracle::fourBytes()
+void tst_Utf8Oracle::fourBytes()
 {
     for (unsigned first = 0xEF; first <= 0xFF; ++first) {
         for (unsigned second = 0x7F; second <= 0xC0; ++second) {
@@ -199,7 +200,7 @@ void TestUtf8Oracle::fourBytes()
     }
 }
 
-void TestUtf8Oracle::randomBytes()
+void tst_Utf8Oracle::randomBytes()
 {
     RandomBytes random;
     int valid = 0, invalid = 0;
@@ -215,5 +216,5 @@ void TestUtf8Oracle::randomBytes()
     QVERIFY(invalid > 20000);
 }
 
-QTEST_APPLESS_MAIN(TestUtf8Oracle)
+XE_APPLESS_TEST(tst_Utf8Oracle)
 #include "tst_utf8oracle.moc"

@@ -1,4 +1,5 @@
 #include "formatted.h"
+#include "testclass.h"
 
 #include <xeafxstr.h>
 
@@ -43,7 +44,7 @@ private:
 } // namespace
 
 /// The functions around the engine: the members of CString_X, sprintf_s and swprintf_s.
-class TestFormatCalls : public QObject
+class tst_FormatCalls : public QObject
 {
     Q_OBJECT
 
@@ -65,7 +66,7 @@ private slots:
     void swprintfFailsWhenThereIsNoRoom();
 };
 
-void TestFormatCalls::formatReplacesTheText()
+void tst_FormatCalls::formatReplacesTheText()
 {
     CString_X text = L"old";
     text.Format(L"%s-%d", L"new", 5);
@@ -79,13 +80,13 @@ void TestFormatCalls::formatReplacesTheText()
     QCOMPARE(text, CString_X(L"100%"));
 }
 
-void TestFormatCalls::formatVReplacesTheText()
+void tst_FormatCalls::formatVReplacesTheText()
 {
     QCOMPARE(byFormatV(L"%s-%S-%I64d", L"wide", "narrow", 5LL), CString_X(L"wide-narrow-5"));
     QVERIFY(byFormatV(nullptr).IsEmpty());
 }
 
-void TestFormatCalls::theTextEndsAtItsFirstZero()
+void tst_FormatCalls::theTextEndsAtItsFirstZero()
 {
     CString_X text;
     text.Format(L"%d%c%d", 1, 0, 2);
@@ -100,7 +101,7 @@ void TestFormatCalls::theTextEndsAtItsFirstZero()
     QCOMPARE(text, CString_X(L"kept 1"));
 }
 
-void TestFormatCalls::appendFormatKeepsTheText()
+void tst_FormatCalls::appendFormatKeepsTheText()
 {
     CString_X text = L"old";
     text.AppendFormat(L" %s %d", L"new", 5);
@@ -112,7 +113,7 @@ void TestFormatCalls::appendFormatKeepsTheText()
     QCOMPARE(text, CString_X(L"old new 5 old new 5"));
 }
 
-void TestFormatCalls::objectsStandForTheirText()
+void tst_FormatCalls::objectsStandForTheirText()
 {
     const CString_X name = L"bolt";
     const std::wstring size = L"M6";
@@ -131,7 +132,7 @@ void TestFormatCalls::objectsStandForTheirText()
     QCOMPARE(text, CString_X(L"a"));
 }
 
-void TestFormatCalls::kindsOfNumbers()
+void tst_FormatCalls::kindsOfNumbers()
 {
     const CString_X name = L"n";
     const char letter = 'c';
@@ -150,7 +151,7 @@ void TestFormatCalls::kindsOfNumbers()
     QCOMPARE(text, CString_X(L"0 n"));
 }
 
-void TestFormatCalls::theObjectItselfAsAnArgument()
+void tst_FormatCalls::theObjectItselfAsAnArgument()
 {
     CString_X text = L"abc";
     text.Format(L"<%s|%s>", text, text.GetString() + 1);
@@ -164,7 +165,7 @@ void TestFormatCalls::theObjectItselfAsAnArgument()
     QCOMPARE(text, CString_X(L"5"));
 }
 
-void TestFormatCalls::theNarrowCopyStays()
+void tst_FormatCalls::theNarrowCopyStays()
 {
     CString_X text = L"old";
     const char* const narrow = text;
@@ -173,7 +174,7 @@ void TestFormatCalls::theNarrowCopyStays()
     QCOMPARE(static_cast<const char*>(text.utf8Cache), narrow);
 }
 
-void TestFormatCalls::aMillionElements()
+void tst_FormatCalls::aMillionElements()
 {
     const CString_X part(L'x', 1000000);
     CString_X text;
@@ -182,7 +183,7 @@ void TestFormatCalls::aMillionElements()
     QVERIFY(text == L"<" + part + part + L">");
 }
 
-void TestFormatCalls::theGlobalLocaleWritesNumbers()
+void tst_FormatCalls::theGlobalLocaleWritesNumbers()
 {
     const QString classic = QStringLiteral("1234567 0.5 1234.50 12");
     const auto numbers = [] { return formatted(L"%d %g %.2f %lld", 1234567, 0.5, 1234.5, 12LL); };
@@ -199,7 +200,7 @@ void TestFormatCalls::theGlobalLocaleWritesNumbers()
     QCOMPARE(numbers(), classic);
 }
 
-void TestFormatCalls::threads()
+void tst_FormatCalls::threads()
 {
     std::array<bool, 4> right{};
     std::array<std::thread, right.size()> threads;
@@ -220,7 +221,7 @@ void TestFormatCalls::threads()
         QVERIFY(result);
 }
 
-void TestFormatCalls::sprintfMeansThePlatforms()
+void tst_FormatCalls::sprintfMeansThePlatforms()
 {
     char text[64];
     QCOMPARE(sprintf_s(text, sizeof text, "%s %ls %03d %u %.2f", "narrow", L"wide", 7, 0xFFFFFFFFU, 1.5), 31);
@@ -229,7 +230,7 @@ void TestFormatCalls::sprintfMeansThePlatforms()
     QCOMPARE(text, "na");
 }
 
-void TestFormatCalls::sprintfCuts()
+void tst_FormatCalls::sprintfCuts()
 {
     char text[8] = "1234567";
     QCOMPARE(sprintf_s(text, 4, "%s", "narrow"), 6);
@@ -239,7 +240,7 @@ void TestFormatCalls::sprintfCuts()
     QCOMPARE(text, "1234567");
 }
 
-void TestFormatCalls::swprintfMeansThePlatforms()
+void tst_FormatCalls::swprintfMeansThePlatforms()
 {
     wchar_t text[64];
     QCOMPARE(swprintf_s(text, 64, L"%s %ls %03d %u", "narrow", L"wide", 7, 0xFFFFFFFFU), 26);
@@ -248,7 +249,7 @@ void TestFormatCalls::swprintfMeansThePlatforms()
     QCOMPARE(QString::fromWCharArray(text), QStringLiteral("wi"));
 }
 
-void TestFormatCalls::swprintfFailsWhenThereIsNoRoom()
+void tst_FormatCalls::swprintfFailsWhenThereIsNoRoom()
 {
     wchar_t text[4] = {};
     QVERIFY(swprintf_s(text, L"%d", 1234) < 0);
@@ -256,5 +257,5 @@ void TestFormatCalls::swprintfFailsWhenThereIsNoRoom()
     QCOMPARE(QString::fromWCharArray(text), QStringLiteral("123"));
 }
 
-QTEST_APPLESS_MAIN(TestFormatCalls)
+XE_APPLESS_TEST(tst_FormatCalls)
 #include "tst_formatcalls.moc"

@@ -1,10 +1,11 @@
 #include "formatted.h"
+#include "testclass.h"
 #include "textrows.h"
 
 #include <QtTest>
 
 /// Every letter that writes something other than a number for an integer or a double, with each size prefix.
-class TestFormatConversions : public QObject, private TextRows
+class tst_FormatConversions : public QObject, private TextRows
 {
     Q_OBJECT
 
@@ -25,7 +26,7 @@ private slots:
     void millionElements();
 };
 
-void TestFormatConversions::character_data()
+void tst_FormatConversions::character_data()
 {
     columns();
     QTest::newRow("%c") << formatted(L"%c", 65) << "A";
@@ -52,7 +53,7 @@ void TestFormatConversions::character_data()
     QTest::newRow("%hC is decimal behind %o") << formatted(L"%o %hC", 65, 65) << "101 65";
 }
 
-void TestFormatConversions::wideText_data()
+void tst_FormatConversions::wideText_data()
 {
     columns();
     const wchar_t* const text = L"abc";
@@ -82,7 +83,7 @@ void TestFormatConversions::wideText_data()
     QTest::newRow("a percent sign in the text is only text") << formatted(L"%s", L"%d") << "%d";
 }
 
-void TestFormatConversions::narrowText_data()
+void tst_FormatConversions::narrowText_data()
 {
     columns();
     const char* const text = "abc";
@@ -107,7 +108,7 @@ void TestFormatConversions::narrowText_data()
         << formatted(L"%Sx", "\xFF\x80") << QStringLiteral("\u00FF\u0080x");
 }
 
-void TestFormatConversions::pointer_data()
+void tst_FormatConversions::pointer_data()
 {
     columns();
     void* const null = nullptr;
@@ -126,7 +127,7 @@ void TestFormatConversions::pointer_data()
         QTest::addRow("%ls as %%p", format) << formatted(format, address) << "0xabcdef12";
 }
 
-void TestFormatConversions::intBehindPointer_data()
+void tst_FormatConversions::intBehindPointer_data()
 {
     columns();
     static const int value = 42, negative = -42;
@@ -143,7 +144,7 @@ void TestFormatConversions::intBehindPointer_data()
         QTest::addRow("%ls as %%n", format) << formatted(format, &value) << "42";
 }
 
-void TestFormatConversions::theIntBehindThePointerStays()
+void tst_FormatConversions::theIntBehindThePointerStays()
 {
     int value = 42;
     formatted(L"abcdef%n", &value);
@@ -151,7 +152,7 @@ void TestFormatConversions::theIntBehindThePointerStays()
 }
 
 // The conversion behind takes the first argument, so that the one in front has taken none.
-void TestFormatConversions::nothing_data()
+void tst_FormatConversions::nothing_data()
 {
     columns();
     for (const wchar_t letter : std::wstring(L"aAbBDHjJkKmMOPqQrRtTUvVWyYzZ_|\t\"é日")) {
@@ -177,7 +178,7 @@ void TestFormatConversions::nothing_data()
     QTest::newRow("with a precision's star too") << formatted(L"<%.*y>%d", 1, 7) << "<>7";
 }
 
-void TestFormatConversions::millionElements()
+void tst_FormatConversions::millionElements()
 {
     const std::wstring wide(1000000, L'\u4e2d');
     const QString text = formatted(L"<%s>", wide.c_str());
@@ -188,5 +189,5 @@ void TestFormatConversions::millionElements()
     QVERIFY(formatted(L"%1000003S", narrow.c_str()) == QStringLiteral("   ") + QString(1000000, QLatin1Char('n')));
 }
 
-QTEST_APPLESS_MAIN(TestFormatConversions)
+XE_APPLESS_TEST(tst_FormatConversions)
 #include "tst_formatconversions.moc"

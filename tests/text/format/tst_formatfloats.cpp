@@ -1,4 +1,5 @@
 #include "formatted.h"
+#include "testclass.h"
 
 #include <QtTest>
 
@@ -55,7 +56,7 @@ const NamedDouble doubles[] = {
 } // namespace
 
 /// The floating letters: exact rows, and every interesting double with every setting against the C library.
-class TestFormatFloats : public QObject
+class tst_FormatFloats : public QObject
 {
     Q_OBJECT
 
@@ -66,7 +67,7 @@ private slots:
     void everyDouble();
 };
 
-void TestFormatFloats::rows_data()
+void tst_FormatFloats::rows_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("expected");
@@ -111,20 +112,20 @@ void TestFormatFloats::rows_data()
     QTest::newRow("a million decimals") << formatted(L"%.1000000f", 0.5) << "0.5" + QString(999999, QLatin1Char('0'));
 }
 
-void TestFormatFloats::rows()
+void tst_FormatFloats::rows()
 {
     QFETCH(QString, text);
     QTEST(text, "expected");
 }
 
-void TestFormatFloats::everyDouble_data()
+void tst_FormatFloats::everyDouble_data()
 {
     QTest::addColumn<double>("value");
     for (const auto& [name, value] : doubles)
         QTest::newRow(name) << value;
 }
 
-void TestFormatFloats::everyDouble()
+void tst_FormatFloats::everyDouble()
 {
     QFETCH(double, value);
     const char* const precisions[] = {"",     ".",    ".0",   ".1",    ".2",    ".5",    ".6",    ".15",
@@ -145,5 +146,5 @@ void TestFormatFloats::everyDouble()
     }
 }
 
-QTEST_APPLESS_MAIN(TestFormatFloats)
+XE_APPLESS_TEST(tst_FormatFloats)
 #include "tst_formatfloats.moc"

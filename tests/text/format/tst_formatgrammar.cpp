@@ -1,4 +1,5 @@
 #include "formatted.h"
+#include "testclass.h"
 #include "textrows.h"
 
 #include <QtTest>
@@ -6,7 +7,7 @@
 #include <climits>
 
 /// How a format is read: literal text, flags, widths and precisions with their stars, the end of the format.
-class TestFormatGrammar : public QObject, private TextRows
+class tst_FormatGrammar : public QObject, private TextRows
 {
     Q_OBJECT
 
@@ -25,7 +26,7 @@ private slots:
     void longLiteral();
 };
 
-void TestFormatGrammar::literals_data()
+void tst_FormatGrammar::literals_data()
 {
     columns();
     QTest::newRow("empty") << formatted(L"") << "";
@@ -40,7 +41,7 @@ void TestFormatGrammar::literals_data()
     QTest::newRow("control characters") << formatted(L"\a\t\r\n") << "\a\t\r\n";
 }
 
-void TestFormatGrammar::widths_data()
+void tst_FormatGrammar::widths_data()
 {
     columns();
     QTest::newRow("digits") << formatted(L"%12d", 7) << "           7";
@@ -54,7 +55,7 @@ void TestFormatGrammar::widths_data()
     QTest::newRow("the low 32 bits count") << formatted(L"%4294967299d", 7) << "  7";
 }
 
-void TestFormatGrammar::stars_data()
+void tst_FormatGrammar::stars_data()
 {
     columns();
     QTest::newRow("width") << formatted(L"%*d", 5, 7) << "    7";
@@ -86,7 +87,7 @@ void TestFormatGrammar::stars_data()
     QTest::newRow("two stars for the precision end the conversion") << formatted(L"%.**f %d", 1, 7) << "f 7";
 }
 
-void TestFormatGrammar::precisions_data()
+void tst_FormatGrammar::precisions_data()
 {
     columns();
     QTest::newRow("digits") << formatted(L"%.3f", 1.5) << "1.500";
@@ -102,7 +103,7 @@ void TestFormatGrammar::precisions_data()
 }
 
 // The scan ends there; the arguments behind would tell if it read on.
-void TestFormatGrammar::endOfFormat_data()
+void tst_FormatGrammar::endOfFormat_data()
 {
     QTest::addColumn<QString>("format");
     for (const char* end : {"%",  "%-", "%+", "%0", "% ", "%#", "%-+0 #", "%5",   "%-5",    "%.",        "%.3", "%5.3",
@@ -110,7 +111,7 @@ void TestFormatGrammar::endOfFormat_data()
         QTest::newRow(end) << end;
 }
 
-void TestFormatGrammar::endOfFormat()
+void tst_FormatGrammar::endOfFormat()
 {
     QFETCH(QString, format);
     // Behind the format's terminator stands text of another format, which must not come out.
@@ -127,13 +128,13 @@ void TestFormatGrammar::endOfFormat()
     QCOMPARE(formatted(heap.get(), 7, 8), QStringLiteral("x"));
 }
 
-void TestFormatGrammar::nullFormat()
+void tst_FormatGrammar::nullFormat()
 {
     QCOMPARE(formatted(nullptr), QString());
     QCOMPARE(formatted(nullptr, 1, 2), QString());
 }
 
-void TestFormatGrammar::longLiteral()
+void tst_FormatGrammar::longLiteral()
 {
     std::wstring format, expected;
     for (int i = 0; i < 100000; ++i) {
@@ -143,5 +144,5 @@ void TestFormatGrammar::longLiteral()
     QVERIFY(formatted(format.c_str()) == QString::fromStdWString(expected));
 }
 
-QTEST_APPLESS_MAIN(TestFormatGrammar)
+XE_APPLESS_TEST(tst_FormatGrammar)
 #include "tst_formatgrammar.moc"

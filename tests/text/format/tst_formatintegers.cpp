@@ -1,4 +1,5 @@
 #include "formatted.h"
+#include "testclass.h"
 #include "textrows.h"
 
 #include <QtTest>
@@ -6,7 +7,7 @@
 #include <climits>
 
 /// The integer letters with each size prefix and flag.
-class TestFormatIntegers : public QObject, private TextRows
+class tst_FormatIntegers : public QObject, private TextRows
 {
     Q_OBJECT
 
@@ -23,7 +24,7 @@ private slots:
     void fields() { compare(); }
 };
 
-void TestFormatIntegers::letters_data()
+void tst_FormatIntegers::letters_data()
 {
     columns();
     QTest::newRow("%d") << formatted(L"%d", 12345) << "12345";
@@ -43,14 +44,14 @@ void TestFormatIntegers::letters_data()
 }
 
 // No prefix but the two of 64 bits makes more or less than 32 bits of it.
-void TestFormatIntegers::prefixes_data()
+void tst_FormatIntegers::prefixes_data()
 {
     QTest::addColumn<QString>("prefix");
     for (const char* prefix : {"l", "L", "w", "h", "F", "N"})
         QTest::newRow(prefix) << prefix;
 }
 
-void TestFormatIntegers::prefixes()
+void tst_FormatIntegers::prefixes()
 {
     QFETCH(QString, prefix);
     const auto withPrefix = [&](const char* letter, auto value) {
@@ -69,7 +70,7 @@ void TestFormatIntegers::prefixes()
     QCOMPARE(withPrefix("x", 0x7654'3210'0000'00FFL), QStringLiteral("ff"));
 }
 
-void TestFormatIntegers::longPrefixes_data()
+void tst_FormatIntegers::longPrefixes_data()
 {
     columns();
     const auto add = [](const wchar_t* format, long long value, const char* expected) {
@@ -97,7 +98,7 @@ void TestFormatIntegers::longPrefixes_data()
     QTest::newRow("the next argument is found") << formatted(L"%I64d %d %lld", 1LL, 2, 3LL) << "1 2 3";
 }
 
-void TestFormatIntegers::flags_data()
+void tst_FormatIntegers::flags_data()
 {
     columns();
     QTest::newRow("plus") << formatted(L"%+d %+i %+u", 7, -7, 7) << "+7 -7 +7";
@@ -120,7 +121,7 @@ void TestFormatIntegers::flags_data()
     QTest::newRow("flags many times") << formatted(L"%++--5d|", 7) << "+7   |";
 }
 
-void TestFormatIntegers::fields_data()
+void tst_FormatIntegers::fields_data()
 {
     columns();
     QTest::newRow("padded on the left") << formatted(L"%5d|", 42) << "   42|";
@@ -134,5 +135,5 @@ void TestFormatIntegers::fields_data()
     QTest::newRow("many fields") << formatted(L"%3d%-3d%3x%-3X%3o", 1, 2, 10, 11, 8) << "  12    aB   10";
 }
 
-QTEST_APPLESS_MAIN(TestFormatIntegers)
+XE_APPLESS_TEST(tst_FormatIntegers)
 #include "tst_formatintegers.moc"

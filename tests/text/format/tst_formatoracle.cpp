@@ -1,4 +1,5 @@
 #include "streamprintf.h"
+#include "testclass.h"
 
 #include <xeformat.h>
 
@@ -285,7 +286,7 @@ Q_DECLARE_METATYPE(std::locale)
 Q_DECLARE_METATYPE(Engine)
 
 /// The engine against a stream that is given one conversion after the other, over many random formats and arguments.
-class TestFormatOracle : public QObject
+class tst_FormatOracle : public QObject
 {
     Q_OBJECT
 
@@ -297,7 +298,7 @@ private slots:
     void aFaultIsNoticed();
 };
 
-void TestFormatOracle::aStreamWritesTheSame_data()
+void tst_FormatOracle::aStreamWritesTheSame_data()
 {
     const std::locale classic = std::locale::classic();
     QTest::addColumn<std::locale>("locale");
@@ -307,7 +308,7 @@ void TestFormatOracle::aStreamWritesTheSame_data()
     QTest::newRow("numbers written by a facet") << std::locale(classic, new Brackets) << 50000;
 }
 
-void TestFormatOracle::aStreamWritesTheSame()
+void tst_FormatOracle::aStreamWritesTheSame()
 {
     QFETCH(std::locale, locale);
     QFETCH(int, count);
@@ -318,14 +319,14 @@ void TestFormatOracle::aStreamWritesTheSame()
     QCOMPARE(result.compared, count);
 }
 
-void TestFormatOracle::aFaultIsNoticed_data()
+void tst_FormatOracle::aFaultIsNoticed_data()
 {
     QTest::addColumn<Engine>("engine");
     QTest::newRow("upper case") << Engine(withSmallExponent);
     QTest::newRow("a lost element") << Engine(withoutLastElement);
 }
 
-void TestFormatOracle::aFaultIsNoticed()
+void tst_FormatOracle::aFaultIsNoticed()
 {
     QFETCH(Engine, engine);
     const Comparison result = compare(engine, 2000, 5);
@@ -333,5 +334,5 @@ void TestFormatOracle::aFaultIsNoticed()
     QVERIFY(result.actual != result.expected);
 }
 
-QTEST_APPLESS_MAIN(TestFormatOracle)
+XE_APPLESS_TEST(tst_FormatOracle)
 #include "tst_formatoracle.moc"

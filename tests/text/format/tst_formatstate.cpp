@@ -1,10 +1,11 @@
 #include "formatted.h"
+#include "testclass.h"
 #include "textrows.h"
 
 #include <QtTest>
 
 /// What one conversion leaves to those behind it in the same format, and what it does not.
-class TestFormatState : public QObject, private TextRows
+class tst_FormatState : public QObject, private TextRows
 {
     Q_OBJECT
 
@@ -19,7 +20,7 @@ private slots:
 };
 
 // %g and %G write as the last %f, %e or %E did.
-void TestFormatState::notation_data()
+void tst_FormatState::notation_data()
 {
     columns();
     QTest::newRow("%g alone") << formatted(L"%g", 1.5) << "1.5";
@@ -41,7 +42,7 @@ void TestFormatState::notation_data()
     QTest::newRow("%f with a prefix sets it") << formatted(L"%lf %Lg", 1.5, 1.5) << "1.500000 1.500000";
 }
 
-void TestFormatState::settingsOfOneConversion_data()
+void tst_FormatState::settingsOfOneConversion_data()
 {
     columns();
     QTest::newRow("precision") << formatted(L"%.2f %f", 1.5, 1.5) << "1.50 1.500000";
@@ -66,7 +67,7 @@ void TestFormatState::settingsOfOneConversion_data()
 }
 
 // A width whose conversion wrote nothing pads whatever is written next.
-void TestFormatState::widthLeftOver_data()
+void tst_FormatState::widthLeftOver_data()
 {
     columns();
     QTest::newRow("to a literal") << formatted(L"%5yab") << "    ab";
@@ -101,7 +102,7 @@ void TestFormatState::widthLeftOver_data()
     QTest::newRow("left of a conversion that wrote, to a literal") << formatted(L"%-2d%5y|%-y|", 1) << "1     ||";
 }
 
-void TestFormatState::eachCallStartsAnew()
+void tst_FormatState::eachCallStartsAnew()
 {
     QCOMPARE(formatted(L"%#+.2E %9y", 1.5), QStringLiteral("+1.50E+00 "));
     QCOMPARE(formatted(L"a%g %g", 1.5, 2.0), QStringLiteral("a1.5 2"));
@@ -109,5 +110,5 @@ void TestFormatState::eachCallStartsAnew()
     QCOMPARE(formatted(L"%hc %lld", 171, 171LL), QStringLiteral("171 171"));
 }
 
-QTEST_APPLESS_MAIN(TestFormatState)
+XE_APPLESS_TEST(tst_FormatState)
 #include "tst_formatstate.moc"

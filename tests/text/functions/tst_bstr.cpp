@@ -1,5 +1,6 @@
 // BSTR texts: what they hold, what room they have, and which sizes are refused.
 
+#include "testclass.h"
 #include "textsupport.h"
 
 #include <xestrapi.h>
@@ -139,5 +140,5 @@ void tst_Bstr::lengths()
     QCOMPARE(SysStringLen_X(room.get()), 2U);
 }
 
-QTEST_GUILESS_MAIN(tst_Bstr)
+XE_GUILESS_TEST(tst_Bstr)
 #include "tst_bstr.moc"

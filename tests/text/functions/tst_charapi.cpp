@@ -1,5 +1,6 @@
 // Case conversion in place, the steps from character to character, and ChrCmpI_X.
 
+#include "testclass.h"
 #include "textsupport.h"
 
 #include <xestrapi.h>
@@ -199,5 +200,5 @@ void tst_CharApi::nullGivesNothing()
     QCOMPARE(IsDBCSLeadByte_X(nullptr), 0);
 }
 
-QTEST_GUILESS_MAIN(tst_CharApi)
+XE_GUILESS_TEST(tst_CharApi)
 #include "tst_charapi.moc"

@@ -1,5 +1,6 @@
 // The classes of characters, over every code point and beyond.
 
+#include "testclass.h"
 #include "textsupport.h"
 
 #include <xestrapi.h>
@@ -132,5 +133,5 @@ void tst_CharClass::space()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_CharClass)
+XE_GUILESS_TEST(tst_CharClass)
 #include "tst_charclass.moc"

@@ -1,5 +1,6 @@
 // Comparing texts: the order each function gives, and where it departs from the order of the alphabet.
 
+#include "testclass.h"
 #include "textsupport.h"
 
 #include <xestrapi.h>
@@ -239,5 +240,5 @@ void tst_StrCompare::longTexts()
     QCOMPARE(StrCmpLogical_X(groups.c_str(), others.c_str()), 0);
 }
 
-QTEST_GUILESS_MAIN(tst_StrCompare)
+XE_GUILESS_TEST(tst_StrCompare)
 #include "tst_strcompare.moc"

@@ -1,5 +1,6 @@
 // Copying, appending and trimming: what exactly is written to a buffer, and what comes back.
 
+#include "testclass.h"
 #include "textsupport.h"
 
 #include <xestrapi.h>
@@ -298,5 +299,5 @@ void tst_StrCopy::trimsLongText()
     QCOMPARE(std::wstring(blanks.c_str()), L""s);
 }
 
-QTEST_GUILESS_MAIN(tst_StrCopy)
+XE_GUILESS_TEST(tst_StrCopy)
 #include "tst_strcopy.moc"

@@ -1,5 +1,6 @@
 // Reading numbers out of texts, and MulDiv_X.
 
+#include "testclass.h"
 #include "textsupport.h"
 
 #include <xestrapi.h>
@@ -166,5 +167,5 @@ void tst_StrNumber::mulDiv()
     QTEST(MulDiv_X(number, numerator, denominator), "expected");
 }
 
-QTEST_GUILESS_MAIN(tst_StrNumber)
+XE_GUILESS_TEST(tst_StrNumber)
 #include "tst_strnumber.moc"

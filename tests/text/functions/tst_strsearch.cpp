@@ -1,5 +1,6 @@
 // Searching for characters and texts: where they are found, and how far a search reads.
 
+#include "testclass.h"
 #include "textsupport.h"
 
 #include <xestrapi.h>
@@ -324,5 +325,5 @@ void tst_StrSearch::nullFindsNothing()
     QVERIFY(!StrRStrI_X(L"a", nullptr, nullptr));
 }
 
-QTEST_GUILESS_MAIN(tst_StrSearch)
+XE_GUILESS_TEST(tst_StrSearch)
 #include "tst_strsearch.moc"

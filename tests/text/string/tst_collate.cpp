@@ -1,3 +1,4 @@
+#include "testclass.h"
 #include "textresult.h"
 
 #include <QtTest>
@@ -6,7 +7,7 @@
 #include <cstdlib>
 
 /// Collation by the locale that the environment names.
-class TestCollate : public QObject
+class tst_Collate : public QObject
 {
     Q_OBJECT
 
@@ -17,7 +18,7 @@ private slots:
     void theGlobalLocaleStays();
 };
 
-void TestCollate::collation_data()
+void tst_Collate::collation_data()
 {
     QTest::addColumn<int>("result");
     QTest::addColumn<int>("sign");
@@ -41,13 +42,13 @@ void TestCollate::collation_data()
         << (CString_X(L"É").CollateNoCase(L"é") == 0 ? 0 : 1) << 1;
 }
 
-void TestCollate::collation()
+void tst_Collate::collation()
 {
     QFETCH(int, result);
     QTEST((result > 0) - (result < 0), "sign");
 }
 
-void TestCollate::theLocaleIsMadeAnew()
+void tst_Collate::theLocaleIsMadeAnew()
 {
     const CString_X text = L"abc";
     QCOMPARE(text.Collate(L"abc"), 0);
@@ -58,12 +59,12 @@ void TestCollate::theLocaleIsMadeAnew()
     QCOMPARE(text.Collate(L"abc"), 0);
 }
 
-void TestCollate::theGlobalLocaleStays()
+void tst_Collate::theGlobalLocaleStays()
 {
     CString_X(L"a").Collate(L"b");
     QCOMPARE(std::setlocale(LC_ALL, nullptr), "C");
     QVERIFY(std::locale() == std::locale::classic());
 }
 
-QTEST_APPLESS_MAIN(TestCollate)
+XE_APPLESS_TEST(tst_Collate)
 #include "tst_collate.moc"

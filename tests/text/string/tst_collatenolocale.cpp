@@ -1,9 +1,10 @@
+#include "testclass.h"
 #include "textresult.h"
 
 #include <QtTest>
 
 /// Collation in an environment that names a locale which is not there.
-class TestCollateNoLocale : public QObject
+class tst_CollateNoLocale : public QObject
 {
     Q_OBJECT
 
@@ -12,7 +13,7 @@ private slots:
     void theRestWorks();
 };
 
-void TestCollateNoLocale::raises()
+void tst_CollateNoLocale::raises()
 {
     const CString_X text = L"abc";
     QCOMPARE(thrownBy([&] { (void)text.Collate(L"abc"); }), QStringLiteral("runtime_error"));
@@ -20,7 +21,7 @@ void TestCollateNoLocale::raises()
     QCOMPARE(thrownBy([&] { (void)text.CollateNoCase(L"abc"); }), QStringLiteral("runtime_error"));
 }
 
-void TestCollateNoLocale::theRestWorks()
+void tst_CollateNoLocale::theRestWorks()
 {
     CString_X text = L"aé";
     QCOMPARE(text.CompareNoCase(L"Aé"), 0);
@@ -29,5 +30,5 @@ void TestCollateNoLocale::theRestWorks()
     QCOMPARE(text, CString_X(L"1.5"));
 }
 
-QTEST_APPLESS_MAIN(TestCollateNoLocale)
+XE_APPLESS_TEST(tst_CollateNoLocale)
 #include "tst_collatenolocale.moc"

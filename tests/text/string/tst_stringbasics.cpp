@@ -1,3 +1,4 @@
+#include "testclass.h"
 #include "textresult.h"
 #include "textrows.h"
 
@@ -13,7 +14,7 @@ const char* const noNarrow = nullptr;
 } // namespace
 
 /// Construction, assignment, appending and single elements.
-class TestStringBasics : public QObject, private TextRows
+class tst_StringBasics : public QObject, private TextRows
 {
     Q_OBJECT
 
@@ -43,7 +44,7 @@ private slots:
     void aMillionElements();
 };
 
-void TestStringBasics::construction_data()
+void tst_StringBasics::construction_data()
 {
     columns();
     QTest::newRow("nothing") << shown(CString_X()) << "";
@@ -68,7 +69,7 @@ void TestStringBasics::construction_data()
         << shown(CString_X(std::wstring(L"a\0b", 3))) << QString::fromLatin1("a\0b", 3);
 }
 
-void TestStringBasics::badConstruction()
+void tst_StringBasics::badConstruction()
 {
     QCOMPARE(thrownBy([] { CString_X(L"abc", -1); }), QStringLiteral("length_error"));
     QCOMPARE(thrownBy([] { CString_X(L"abc", INT_MIN); }), QStringLiteral("length_error"));
@@ -76,7 +77,7 @@ void TestStringBasics::badConstruction()
     QCOMPARE(thrownBy([] { CString_X(L'x', -1); }), QStringLiteral("length_error"));
 }
 
-void TestStringBasics::lengthAndEmptiness()
+void tst_StringBasics::lengthAndEmptiness()
 {
     CString_X text;
     QCOMPARE(text.GetLength(), 0);
@@ -93,7 +94,7 @@ void TestStringBasics::lengthAndEmptiness()
     QVERIFY(!CString_X(L"\0", 1).IsEmpty());
 }
 
-void TestStringBasics::emptyKeepsTheRoom()
+void tst_StringBasics::emptyKeepsTheRoom()
 {
     CString_X text(L'x', 100);
     const char* const narrow = text;
@@ -108,7 +109,7 @@ void TestStringBasics::emptyKeepsTheRoom()
     QCOMPARE(narrow, QByteArray(100, 'x').constData());
 }
 
-void TestStringBasics::copiesAreDeep()
+void tst_StringBasics::copiesAreDeep()
 {
     CString_X text(L"a\0b and more than fits an object", 20);
     CString_X copy = text;
@@ -124,7 +125,7 @@ void TestStringBasics::copiesAreDeep()
     QVERIFY(assigned.GetString() != text.GetString());
 }
 
-void TestStringBasics::moves()
+void tst_StringBasics::moves()
 {
     CString_X text(L'x', 100);
     const wchar_t* const address = text.GetString();
@@ -139,7 +140,7 @@ void TestStringBasics::moves()
     QCOMPARE(assigned, CString_X(L'x', 100));
 }
 
-void TestStringBasics::assignment_data()
+void tst_StringBasics::assignment_data()
 {
     QTest::addColumn<QString>("old");
     QTest::newRow("over nothing") << "";
@@ -147,7 +148,7 @@ void TestStringBasics::assignment_data()
     QTest::newRow("over long text") << QString(1000, QLatin1Char('x'));
 }
 
-void TestStringBasics::assignment()
+void tst_StringBasics::assignment()
 {
     QFETCH(QString, old);
     const CString_X start = old;
@@ -172,7 +173,7 @@ void TestStringBasics::assignment()
     QCOMPARE(assigned(static_cast<const unsigned char*>(nullptr)), QString());
 }
 
-void TestStringBasics::assignmentFromItself()
+void tst_StringBasics::assignmentFromItself()
 {
     CString_X text(L"a\0b, and more than fits an object", 20);
     const CString_X before = text;
@@ -187,14 +188,14 @@ void TestStringBasics::assignmentFromItself()
     QCOMPARE(shown(text), QStringLiteral("a"));
 }
 
-void TestStringBasics::assignmentFromItsTail_data()
+void tst_StringBasics::assignmentFromItsTail_data()
 {
     QTest::addColumn<QString>("whole");
     QTest::newRow("within the object") << "abc";
     QTest::newRow("on the heap") << "abcdefghijklmnopqrstuvwxyz";
 }
 
-void TestStringBasics::assignmentFromItsTail()
+void tst_StringBasics::assignmentFromItsTail()
 {
     QFETCH(QString, whole);
     for (int i = 0; i <= whole.size(); ++i) {
@@ -205,7 +206,7 @@ void TestStringBasics::assignmentFromItsTail()
 }
 
 // A caller may have put text behind the length by way of GetBuffer, and take that.
-void TestStringBasics::assignmentFromItsRoom()
+void tst_StringBasics::assignmentFromItsRoom()
 {
     CString_X text = L"ab";
     wchar_t* const buffer = text.GetBuffer(100);
@@ -218,7 +219,7 @@ void TestStringBasics::assignmentFromItsRoom()
     QCOMPARE(shown(text), QStringLiteral("again"));
 }
 
-void TestStringBasics::assignmentFromItsNarrowCopy()
+void tst_StringBasics::assignmentFromItsNarrowCopy()
 {
     CString_X text = L"é日";
     text = static_cast<const char*>(text);
@@ -228,7 +229,7 @@ void TestStringBasics::assignmentFromItsNarrowCopy()
     QCOMPARE(shown(text), QStringLiteral("é日é日"));
 }
 
-void TestStringBasics::appending_data()
+void tst_StringBasics::appending_data()
 {
     columns();
     const auto appended = [](const auto& value) {
@@ -263,7 +264,7 @@ void TestStringBasics::appending_data()
                                         << QString::fromLatin1("old a\0b", 7);
 }
 
-void TestStringBasics::appendingItself()
+void tst_StringBasics::appendingItself()
 {
     CString_X text = L"abc";
     text += text;
@@ -276,7 +277,7 @@ void TestStringBasics::appendingItself()
     QCOMPARE(shown(text), QStringLiteral("abcabcabcabcabcabcab"));
 }
 
-void TestStringBasics::elements()
+void tst_StringBasics::elements()
 {
     const CString_X text(L"a\0日😀", 4);
     QCOMPARE(text.GetAt(0), L'a');
@@ -293,7 +294,7 @@ void TestStringBasics::elements()
     QCOMPARE(shown(changed), QStringLiteral("aXc"));
 }
 
-void TestStringBasics::elementsOutside_data()
+void tst_StringBasics::elementsOutside_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("index");
@@ -305,7 +306,7 @@ void TestStringBasics::elementsOutside_data()
     QTest::newRow("the highest") << "abc" << INT_MAX;
 }
 
-void TestStringBasics::elementsOutside()
+void tst_StringBasics::elementsOutside()
 {
     QFETCH(QString, text);
     QFETCH(int, index);
@@ -316,7 +317,7 @@ void TestStringBasics::elementsOutside()
     QCOMPARE(thrownBy([&] { (void)object[static_cast<std::size_t>(index)]; }), QStringLiteral("out_of_range"));
 }
 
-void TestStringBasics::fromQString_data()
+void tst_StringBasics::fromQString_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<std::wstring>("expected");
@@ -331,7 +332,7 @@ void TestStringBasics::fromQString_data()
     QTest::newRow("a byte order mark stays") << QString(QChar(0xFEFF)) + QLatin1Char('a') << std::wstring(L"\uFEFFa");
 }
 
-void TestStringBasics::fromQString()
+void tst_StringBasics::fromQString()
 {
     QFETCH(QString, text);
     QFETCH(std::wstring, expected);
@@ -345,7 +346,7 @@ void TestStringBasics::fromQString()
     QCOMPARE(CString_X(text).GetLength(), static_cast<int>(expected.size()));
 }
 
-void TestStringBasics::aMillionElements()
+void tst_StringBasics::aMillionElements()
 {
     constexpr int million = 1000000;
     const CString_X text(L'日', million);
@@ -359,5 +360,5 @@ void TestStringBasics::aMillionElements()
     QVERIFY(CString_X(QString(million, QChar(0x65E5))) == text);
 }
 
-QTEST_APPLESS_MAIN(TestStringBasics)
+XE_APPLESS_TEST(tst_StringBasics)
 #include "tst_stringbasics.moc"

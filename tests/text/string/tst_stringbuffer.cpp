@@ -1,3 +1,4 @@
+#include "testclass.h"
 #include "textresult.h"
 
 #include <QtTest>
@@ -7,7 +8,7 @@
 #include <cwchar>
 
 /// The raw buffer: room for a caller to write into, and the length afterwards.
-class TestStringBuffer : public QObject
+class tst_StringBuffer : public QObject
 {
     Q_OBJECT
 
@@ -37,7 +38,7 @@ private slots:
     void aMillionElements();
 };
 
-void TestStringBuffer::bufferIsTheLiveText()
+void tst_StringBuffer::bufferIsTheLiveText()
 {
     CString_X text = L"abc";
     wchar_t* const buffer = text.GetBuffer();
@@ -49,14 +50,14 @@ void TestStringBuffer::bufferIsTheLiveText()
     QCOMPARE(text, CString_X(L"aXc"));
 }
 
-void TestStringBuffer::bufferMakesRoom_data()
+void tst_StringBuffer::bufferMakesRoom_data()
 {
     QTest::addColumn<int>("size");
     for (const int size : {0, 1, 3, 4, 5, 100, 100000})
         QTest::addRow("%d", size) << size;
 }
 
-void TestStringBuffer::bufferMakesRoom()
+void tst_StringBuffer::bufferMakesRoom()
 {
     QFETCH(int, size);
     CString_X text = L"ab";
@@ -71,7 +72,7 @@ void TestStringBuffer::bufferMakesRoom()
     QCOMPARE(text, CString_X(L'x', size));
 }
 
-void TestStringBuffer::badBufferSizes()
+void tst_StringBuffer::badBufferSizes()
 {
     CString_X text = L"abc";
     QCOMPARE(thrownBy([&] { text.GetBuffer(-1); }), QStringLiteral("length_error"));
@@ -80,7 +81,7 @@ void TestStringBuffer::badBufferSizes()
     QCOMPARE(text, CString_X(L"abc"));
 }
 
-void TestStringBuffer::releaseAfterWriting_data()
+void tst_StringBuffer::releaseAfterWriting_data()
 {
     QTest::addColumn<QString>("old");
     QTest::addColumn<int>("size");
@@ -99,7 +100,7 @@ void TestStringBuffer::releaseAfterWriting_data()
     QTest::newRow("-1 of an emptied text") << "abc" << 3 << "" << -1 << "";
 }
 
-void TestStringBuffer::releaseAfterWriting()
+void tst_StringBuffer::releaseAfterWriting()
 {
     QFETCH(QString, old);
     QFETCH(int, size);
@@ -111,7 +112,7 @@ void TestStringBuffer::releaseAfterWriting()
     QTEST(shown(text), "expected");
 }
 
-void TestStringBuffer::release_data()
+void tst_StringBuffer::release_data()
 {
     QTest::addColumn<int>("count");
     QTest::addColumn<QString>("expected");
@@ -125,7 +126,7 @@ void TestStringBuffer::release_data()
     QTest::newRow("the lowest does nothing") << INT_MIN << "abc";
 }
 
-void TestStringBuffer::release()
+void tst_StringBuffer::release()
 {
     QFETCH(int, count);
     CString_X text = L"abc";
@@ -136,7 +137,7 @@ void TestStringBuffer::release()
     QCOMPARE(address[text.GetLength()], L'\0');
 }
 
-void TestStringBuffer::releaseCutsAtTheFirstZero_data()
+void tst_StringBuffer::releaseCutsAtTheFirstZero_data()
 {
     QTest::addColumn<int>("count");
     QTest::addColumn<QString>("expected");
@@ -149,7 +150,7 @@ void TestStringBuffer::releaseCutsAtTheFirstZero_data()
     QTest::newRow("-2 does nothing") << -2 << QString::fromLatin1("ab\0cd", 5);
 }
 
-void TestStringBuffer::releaseCutsAtTheFirstZero()
+void tst_StringBuffer::releaseCutsAtTheFirstZero()
 {
     QFETCH(int, count);
     CString_X text(L"ab\0cd", 5);
@@ -158,7 +159,7 @@ void TestStringBuffer::releaseCutsAtTheFirstZero()
 }
 
 // Room that is full to its last element ends with the terminator that the text keeps there.
-void TestStringBuffer::releaseOfAFullBuffer()
+void tst_StringBuffer::releaseOfAFullBuffer()
 {
     CString_X text;
     text.GetBuffer(50);
@@ -169,7 +170,7 @@ void TestStringBuffer::releaseOfAFullBuffer()
     QCOMPARE(text, CString_X(L'x', room));
 }
 
-void TestStringBuffer::setLengthWithinTheRoom()
+void tst_StringBuffer::setLengthWithinTheRoom()
 {
     CString_X text = L"abc";
     text.GetBuffer(10);
@@ -181,7 +182,7 @@ void TestStringBuffer::setLengthWithinTheRoom()
     QCOMPARE(text, CString_X(L"abcde"));
 }
 
-void TestStringBuffer::setLengthBeyondTheRoom()
+void tst_StringBuffer::setLengthBeyondTheRoom()
 {
     CString_X text(L'a', 20);
     const wchar_t* const before = text.GetString();
@@ -192,7 +193,7 @@ void TestStringBuffer::setLengthBeyondTheRoom()
     QCOMPARE(text, CString_X(L'a', 20) + std::wstring(static_cast<std::size_t>(beyond - 20), L'\0'));
 }
 
-void TestStringBuffer::setLengthShrinks()
+void tst_StringBuffer::setLengthShrinks()
 {
     CString_X text = L"abcdef";
     const wchar_t* const before = text.GetString();
@@ -203,14 +204,14 @@ void TestStringBuffer::setLengthShrinks()
     QVERIFY(text.IsEmpty());
 }
 
-void TestStringBuffer::badSetLength()
+void tst_StringBuffer::badSetLength()
 {
     CString_X text = L"abc";
     QCOMPARE(thrownBy([&] { text.GetBufferSetLength(-1); }), QStringLiteral("length_error"));
     QCOMPARE(text, CString_X(L"abc"));
 }
 
-void TestStringBuffer::setAtWritesBehindTheText()
+void tst_StringBuffer::setAtWritesBehindTheText()
 {
     CString_X text = L"ab";
     text.GetBuffer(10);
@@ -222,14 +223,14 @@ void TestStringBuffer::setAtWritesBehindTheText()
     QCOMPARE(text, CString_X(L"abcd"));
 }
 
-void TestStringBuffer::setAtOutsideWritesNothing_data()
+void tst_StringBuffer::setAtOutsideWritesNothing_data()
 {
     QTest::addColumn<int>("index");
     for (const int index : {-1, INT_MIN, 1000, INT_MAX})
         QTest::addRow("%d", index) << index;
 }
 
-void TestStringBuffer::setAtOutsideWritesNothing()
+void tst_StringBuffer::setAtOutsideWritesNothing()
 {
     QFETCH(int, index);
     CString_X text = L"abcdefgh";
@@ -240,7 +241,7 @@ void TestStringBuffer::setAtOutsideWritesNothing()
     QVERIFY(nothing.IsEmpty());
 }
 
-void TestStringBuffer::preallocate()
+void tst_StringBuffer::preallocate()
 {
     CString_X text = L"abc";
     text.Preallocate(1000);
@@ -253,7 +254,7 @@ void TestStringBuffer::preallocate()
     QCOMPARE(text.GetString(), address);
 }
 
-void TestStringBuffer::narrowCopyStays()
+void tst_StringBuffer::narrowCopyStays()
 {
     CString_X text = L"abc";
     const char* const narrow = text;
@@ -264,7 +265,7 @@ void TestStringBuffer::narrowCopyStays()
     QCOMPARE(static_cast<const char*>(text.utf8Cache), narrow);
 }
 
-void TestStringBuffer::sysString_data()
+void tst_StringBuffer::sysString_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("empty") << "";
@@ -272,7 +273,7 @@ void TestStringBuffer::sysString_data()
     QTest::newRow("long") << QString(10000, QLatin1Char('x'));
 }
 
-void TestStringBuffer::sysString()
+void tst_StringBuffer::sysString()
 {
     QFETCH(QString, text);
     const CString_X object = text;
@@ -282,7 +283,7 @@ void TestStringBuffer::sysString()
     QCOMPARE(shown(copy.get()), text);
 }
 
-void TestStringBuffer::aMillionElements()
+void tst_StringBuffer::aMillionElements()
 {
     constexpr int million = 1000000;
     CString_X text = L"abc";
@@ -295,5 +296,5 @@ void TestStringBuffer::aMillionElements()
     QCOMPARE(text, CString_X(L"日日日"));
 }
 
-QTEST_APPLESS_MAIN(TestStringBuffer)
+XE_APPLESS_TEST(tst_StringBuffer)
 #include "tst_stringbuffer.moc"

@@ -1,3 +1,4 @@
+#include "testclass.h"
 #include "textresult.h"
 #include "textrows.h"
 
@@ -29,7 +30,7 @@ QString trimmed(CString_X text, Trim trim)
 } // namespace
 
 /// The changes in place, and those that make a changed copy.
-class TestStringChange : public QObject, private TextRows
+class tst_StringChange : public QObject, private TextRows
 {
     Q_OBJECT
 
@@ -59,7 +60,7 @@ private slots:
     void aMillionElements();
 };
 
-void TestStringChange::caseInTheDefaultLocale()
+void tst_StringChange::caseInTheDefaultLocale()
 {
     CString_X text(L"aZ09é\0ß日b", 9);
     text.MakeUpper();
@@ -70,7 +71,7 @@ void TestStringChange::caseInTheDefaultLocale()
     CString_X().MakeUpper();
 }
 
-void TestStringChange::caseInALocaleOfTheHost()
+void tst_StringChange::caseInALocaleOfTheHost()
 {
     QVERIFY(std::setlocale(LC_ALL, "C.UTF-8"));
     CString_X text = L"aé日ж";
@@ -80,7 +81,7 @@ void TestStringChange::caseInALocaleOfTheHost()
     QCOMPARE(text, CString_X(L"aé日ж"));
 }
 
-void TestStringChange::reverse()
+void tst_StringChange::reverse()
 {
     CString_X text(L"ab\0😀", 4);
     text.MakeReverse();
@@ -90,7 +91,7 @@ void TestStringChange::reverse()
     QVERIFY(text.IsEmpty());
 }
 
-void TestStringChange::replace_data()
+void tst_StringChange::replace_data()
 {
     columns();
     const auto characters = [](const CString_X& text, wchar_t from, wchar_t to) {
@@ -122,7 +123,7 @@ void TestStringChange::replace_data()
     QTest::newRow("case counts") << texts(L"Aa", L"a", L"b") << "Ab -> 1";
 }
 
-void TestStringChange::replaceWithItself()
+void tst_StringChange::replaceWithItself()
 {
     CString_X text = L"abcabc";
     QCOMPARE(text.Replace(text.GetString() + 4, text), 2);
@@ -131,7 +132,7 @@ void TestStringChange::replaceWithItself()
     QCOMPARE(text, CString_X(L"aabcabcaabcabc"));
 }
 
-void TestStringChange::remove_data()
+void tst_StringChange::remove_data()
 {
     columns();
     const auto removed = [](const CString_X& text, wchar_t ch) {
@@ -144,7 +145,7 @@ void TestStringChange::remove_data()
     QTest::newRow("0") << removed(CString_X(L"a\0b\0", 4), L'\0') << "ab -> 2";
 }
 
-void TestStringChange::insert_data()
+void tst_StringChange::insert_data()
 {
     columns();
     const auto inserted = [](const CString_X& text, int position, auto what) {
@@ -161,7 +162,7 @@ void TestStringChange::insert_data()
     QTest::newRow("null") << inserted(L"abc", 1, null) << "abc -> 3";
 }
 
-void TestStringChange::insertItself()
+void tst_StringChange::insertItself()
 {
     CString_X text = L"abc";
     QCOMPARE(text.Insert(1, text), 6);
@@ -170,7 +171,7 @@ void TestStringChange::insertItself()
     QCOMPARE(text, CString_X(L"aabcbccbc"));
 }
 
-void TestStringChange::erase_data()
+void tst_StringChange::erase_data()
 {
     columns();
     const auto erased = [](int position, int count) {
@@ -186,14 +187,14 @@ void TestStringChange::erase_data()
     QTest::newRow("at the end") << erased(3, 1) << "abc -> 0";
 }
 
-void TestStringChange::positionsOutside_data()
+void tst_StringChange::positionsOutside_data()
 {
     QTest::addColumn<int>("position");
     for (const int position : {4, INT_MAX, -1, INT_MIN})
         QTest::addRow("%d", position) << position;
 }
 
-void TestStringChange::positionsOutside()
+void tst_StringChange::positionsOutside()
 {
     QFETCH(int, position);
     CString_X text = L"abc";
@@ -206,7 +207,7 @@ void TestStringChange::positionsOutside()
     QCOMPARE(text, CString_X(L"abc"));
 }
 
-void TestStringChange::trim_data()
+void tst_StringChange::trim_data()
 {
     columns();
     const CString_X spaced = L" \r\n\ta b\t\n\r ";
@@ -284,7 +285,7 @@ void TestStringChange::trim_data()
                                     << " a ";
 }
 
-void TestStringChange::trimmingAllKeepsTheRoom()
+void tst_StringChange::trimmingAllKeepsTheRoom()
 {
     CString_X text(L' ', 100);
     const std::size_t room = text.capacity();
@@ -293,7 +294,7 @@ void TestStringChange::trimmingAllKeepsTheRoom()
     QCOMPARE(text.capacity(), room);
 }
 
-void TestStringChange::lineEnds_data()
+void tst_StringChange::lineEnds_data()
 {
     columns();
     QTest::newRow("LF to CR LF") << shown(CString_X(L"a\nb\n").ToWinReturn()) << "a\r\nb\r\n";
@@ -307,7 +308,7 @@ void TestStringChange::lineEnds_data()
     QTest::newRow("empty") << shown(CString_X().ToWinReturn() + CString_X().ToUnixReturn()) << "";
 }
 
-void TestStringChange::separators()
+void tst_StringChange::separators()
 {
     const CString_X text = L"/a\\b//c\\";
     QCOMPARE(text.ToWinSeperator(), CString_X(L"\\a\\b\\\\c\\"));
@@ -316,7 +317,7 @@ void TestStringChange::separators()
     QVERIFY(CString_X().ToWinSeperator().IsEmpty());
 }
 
-void TestStringChange::aMillionElements()
+void tst_StringChange::aMillionElements()
 {
     CString_X text(L'\n', 1000000);
     QCOMPARE(text.ToWinReturn().GetLength(), 2000000);
@@ -329,5 +330,5 @@ void TestStringChange::aMillionElements()
     QCOMPARE(text, CString_X(L"z"));
 }
 
-QTEST_APPLESS_MAIN(TestStringChange)
+XE_APPLESS_TEST(tst_StringChange)
 #include "tst_stringchange.moc"

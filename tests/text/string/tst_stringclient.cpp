@@ -1,3 +1,4 @@
+#include "testclass.h"
 #include "textresult.h"
 
 #include <xeconvert.h>
@@ -38,7 +39,7 @@ static_assert(!isComparable<CString_X&, const char (&)[7]>);
 } // namespace
 
 /// What programs write with the string class: it compiles, and means what it says.
-class TestStringClient : public QObject
+class tst_StringClient : public QObject
 {
     Q_OBJECT
 
@@ -64,7 +65,7 @@ private slots:
     void constants();
 };
 
-void TestStringClient::making()
+void tst_StringClient::making()
 {
     CString_X nothing, literal = L"x", called(L"x"), braced{L"x"}, narrow = "\xC3\xA9", repeated(L'-', 3), letter(L'x');
     CString_X none = nullptr, copied = literal, part(L"abcdef", 3), sum(literal + called);
@@ -86,7 +87,7 @@ void TestStringClient::making()
     QVERIFY(nothing.IsEmpty());
 }
 
-void TestStringClient::comparing()
+void tst_StringClient::comparing()
 {
     CString_X s = L"x";
     const CString_X t = L"y";
@@ -105,7 +106,7 @@ void TestStringClient::comparing()
     }
 }
 
-void TestStringClient::joining()
+void tst_StringClient::joining()
 {
     CString_X s = L"s";
     const CString_X t = L"t";
@@ -135,7 +136,7 @@ void TestStringClient::joining()
     QCOMPARE(CString_X(s + t).GetLength(), 2);
 }
 
-void TestStringClient::choosing()
+void tst_StringClient::choosing()
 {
     const CString_X s = L"s", t = L"t";
     CString_X r = s.IsEmpty() ? s : t;
@@ -150,7 +151,7 @@ void TestStringClient::choosing()
     QVERIFY(r == L"b");
 }
 
-void TestStringClient::passing()
+void tst_StringClient::passing()
 {
     CString_X s = L"é";
     const CString_X constant = L"abc";
@@ -175,7 +176,7 @@ void TestStringClient::passing()
     QCOMPARE(narrowLengthOf(s.Utf8Ptr()), 2);
 }
 
-void TestStringClient::returning()
+void tst_StringClient::returning()
 {
     QVERIFY(fromLiteral() == L"literal");
     QVERIFY(fromSum(L"name") == L"name.txt");
@@ -192,7 +193,7 @@ void TestStringClient::returning()
     }
 }
 
-void TestStringClient::toQt()
+void tst_StringClient::toQt()
 {
     CString_X s = L"é😀";
     QString q = XeQString(s);
@@ -215,7 +216,7 @@ void TestStringClient::toQt()
     QCOMPARE(QString::fromUtf8(s), QStringLiteral("é😀"));
 }
 
-void TestStringClient::fromQt()
+void tst_StringClient::fromQt()
 {
     const QString q = QStringLiteral("é😀");
     CString_X s = q;
@@ -229,7 +230,7 @@ void TestStringClient::fromQt()
     QVERIFY(s == L"literalé");
 }
 
-void TestStringClient::toTheStandardLibrary()
+void tst_StringClient::toTheStandardLibrary()
 {
     CString_X s = L"text";
     std::wstring w = s;
@@ -253,7 +254,7 @@ void TestStringClient::toTheStandardLibrary()
     QVERIFY(s == L"textx");
 }
 
-void TestStringClient::toTheCLibrary()
+void tst_StringClient::toTheCLibrary()
 {
     CString_X s = L"3.5";
     QCOMPARE(std::wcslen(s), std::size_t(3));
@@ -267,7 +268,7 @@ void TestStringClient::toTheCLibrary()
     QVERIFY(std::wcschr(s, L'.') == s.GetString() + 1);
 }
 
-void TestStringClient::indexing()
+void tst_StringClient::indexing()
 {
     CString_X s = L"abc";
     const long longIndex = 1;
@@ -283,7 +284,7 @@ void TestStringClient::indexing()
     QVERIFY(s == L"axy");
 }
 
-void TestStringClient::walking()
+void tst_StringClient::walking()
 {
     CString_X s = L"abc";
     CString_X reversed;
@@ -300,7 +301,7 @@ void TestStringClient::walking()
     QVERIFY(std::find(s.begin(), s.end(), L'd') != s.end());
 }
 
-void TestStringClient::searchingAndChanging()
+void tst_StringClient::searchingAndChanging()
 {
     CString_X s = L"a,b";
     const CString_X t = L",";
@@ -323,7 +324,7 @@ void TestStringClient::searchingAndChanging()
     QCOMPARE(sum, 6);
 }
 
-void TestStringClient::cuttingPaths()
+void tst_StringClient::cuttingPaths()
 {
     CString_X path = L"C:\\parts\\bolt.m6.prt";
     const int slash = path.ReverseFind(L'\\');
@@ -337,7 +338,7 @@ void TestStringClient::cuttingPaths()
     QVERIFY(path == L"\\parts\\bolt.m6.txt");
 }
 
-void TestStringClient::formatting()
+void tst_StringClient::formatting()
 {
     CString_X s, part = L"part";
     const std::wstring w = L"standard";
@@ -366,7 +367,7 @@ void TestStringClient::formatting()
     QVERIFY(s == part);
 }
 
-void TestStringClient::containers()
+void tst_StringClient::containers()
 {
     std::vector<CString_X> names{L"b", L"a", fromLiteral()};
     names.push_back(L"c");
@@ -390,7 +391,7 @@ void TestStringClient::containers()
     QVERIFY(first == L"a" && second == L"b");
 }
 
-void TestStringClient::streams()
+void tst_StringClient::streams()
 {
     const CString_X s = L"text";
     std::wostringstream out;
@@ -415,7 +416,7 @@ void TestStringClient::streams()
     QCOMPARE(written(L"é😀\""), quoted.trimmed()); // as a QString
 }
 
-void TestStringClient::assigningItself()
+void tst_StringClient::assigningItself()
 {
     CString_X s = L"abc";
     const CString_X& same = s;
@@ -432,7 +433,7 @@ void TestStringClient::assigningItself()
     QVERIFY(s == L"abba");
 }
 
-void TestStringClient::constants()
+void tst_StringClient::constants()
 {
     static const CString_X table[] = {L"a", L"b"};
     constexpr const wchar_t* name = L"name";
@@ -442,5 +443,5 @@ void TestStringClient::constants()
     QVERIFY(s == table[0]);
 }
 
-QTEST_APPLESS_MAIN(TestStringClient)
+XE_APPLESS_TEST(tst_StringClient)
 #include "tst_stringclient.moc"

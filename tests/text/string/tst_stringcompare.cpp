@@ -1,3 +1,4 @@
+#include "testclass.h"
 #include "textresult.h"
 
 #include <QtTest>
@@ -15,7 +16,7 @@ const wchar_t* const null = nullptr;
 } // namespace
 
 /// Searching, comparison, and order and hash as a key.
-class TestStringCompare : public QObject
+class tst_StringCompare : public QObject
 {
     Q_OBJECT
 
@@ -35,7 +36,7 @@ private slots:
     void hash();
 };
 
-void TestStringCompare::find_data()
+void tst_StringCompare::find_data()
 {
     QTest::addColumn<int>("found");
     QTest::addColumn<int>("expected");
@@ -83,13 +84,13 @@ void TestStringCompare::find_data()
     QTest::newRow("a code point above 0xFFFF") << CString_X(L"a😀b").Find(L'\U0001F600') << 1;
 }
 
-void TestStringCompare::find()
+void tst_StringCompare::find()
 {
     QFETCH(int, found);
     QTEST(found, "expected");
 }
 
-void TestStringCompare::compare_data()
+void tst_StringCompare::compare_data()
 {
     QTest::addColumn<std::wstring>("left");
     QTest::addColumn<std::wstring>("right");
@@ -107,7 +108,7 @@ void TestStringCompare::compare_data()
     add("by code points", L"\uFFFF", L"\U00010000", -1);
 }
 
-void TestStringCompare::compare()
+void tst_StringCompare::compare()
 {
     QFETCH(std::wstring, left);
     QFETCH(std::wstring, right);
@@ -120,7 +121,7 @@ void TestStringCompare::compare()
         QCOMPARE(CString_X(left).Compare(null), left.compare(right));
 }
 
-void TestStringCompare::compareNoCase_data()
+void tst_StringCompare::compareNoCase_data()
 {
     QTest::addColumn<int>("result");
     QTest::addColumn<int>("expected");
@@ -135,19 +136,19 @@ void TestStringCompare::compareNoCase_data()
     QTest::newRow("Compare ends at the argument's first 0") << CString_X(L"a\0b", 3).Compare(L"a") << 2;
 }
 
-void TestStringCompare::compareNoCase()
+void tst_StringCompare::compareNoCase()
 {
     QFETCH(int, result);
     QTEST(result, "expected");
 }
 
-void TestStringCompare::compareNoCaseInALocaleOfTheHost()
+void tst_StringCompare::compareNoCaseInALocaleOfTheHost()
 {
     QVERIFY(std::setlocale(LC_ALL, "C.UTF-8"));
     QCOMPARE(CString_X(L"É日").CompareNoCase(L"é日"), 0);
 }
 
-void TestStringCompare::aLargeDifferenceInLength()
+void tst_StringCompare::aLargeDifferenceInLength()
 {
     const CString_X text(L'x', 1000000);
     QCOMPARE(text.Compare(L""), 1000000);
@@ -157,7 +158,7 @@ void TestStringCompare::aLargeDifferenceInLength()
     QCOMPARE(text.ReverseFind(L'x'), 999999);
 }
 
-void TestStringCompare::operators()
+void tst_StringCompare::operators()
 {
     const CString_X a = L"a", b = L"b", same = L"a";
     QVERIFY(a == same && !(a == b) && a != b && !(a != same));
@@ -168,7 +169,7 @@ void TestStringCompare::operators()
     QVERIFY(a + b == L"ab");
 }
 
-void TestStringCompare::asAKey()
+void tst_StringCompare::asAKey()
 {
     std::map<CString_X, int> ordered{{L"b", 2}, {L"a", 1}};
     ordered[L"c"] = 3;
@@ -192,7 +193,7 @@ void TestStringCompare::asAKey()
     QCOMPARE(unique.size(), std::size_t(2));
 }
 
-void TestStringCompare::sorting()
+void tst_StringCompare::sorting()
 {
     std::vector<CString_X> texts{L"b", L"", L"a long text that lives on the heap", L"B", L"a"};
     for (CString_X& text : texts)
@@ -211,12 +212,12 @@ void TestStringCompare::sorting()
     QCOMPARE(narrow, "first");
 }
 
-void TestStringCompare::hash()
+void tst_StringCompare::hash()
 {
     const CString_X text(L"a\0b", 3);
     QCOMPARE(std::hash<CString_X>()(text), std::hash<std::wstring>()(std::wstring(L"a\0b", 3)));
     QVERIFY(std::hash<CString_X>()(text) != std::hash<CString_X>()(CString_X(L"a")));
 }
 
-QTEST_APPLESS_MAIN(TestStringCompare)
+XE_APPLESS_TEST(tst_StringCompare)
 #include "tst_stringcompare.moc"

@@ -1,3 +1,4 @@
+#include "testclass.h"
 #include "textresult.h"
 #include "textrows.h"
 
@@ -6,7 +7,7 @@
 #include <climits>
 
 /// Left, Right, Mid, the two spans and Tokenize.
-class TestStringExtract : public QObject, private TextRows
+class tst_StringExtract : public QObject, private TextRows
 {
     Q_OBJECT
 
@@ -25,7 +26,7 @@ private slots:
     void aMillionElements();
 };
 
-void TestStringExtract::parts_data()
+void tst_StringExtract::parts_data()
 {
     columns();
     const CString_X text = L"abc";
@@ -70,7 +71,7 @@ void TestStringExtract::parts_data()
     QTest::newRow("by code points") << shown(CString_X(L"😀日é").Mid(1, 1)) << QStringLiteral("日");
 }
 
-void TestStringExtract::spans_data()
+void tst_StringExtract::spans_data()
 {
     columns();
     const CString_X text = L"abc";
@@ -90,7 +91,7 @@ void TestStringExtract::spans_data()
     QTest::newRow("SpanIncluding in an empty text") << shown(CString_X().SpanIncluding(L"a")) << "";
 }
 
-void TestStringExtract::aZeroEndsTheResult_data()
+void tst_StringExtract::aZeroEndsTheResult_data()
 {
     columns();
     const CString_X text(L"ab\0cd\0ef", 8);
@@ -111,7 +112,7 @@ void TestStringExtract::aZeroEndsTheResult_data()
     QTest::newRow("SpanIncluding: 0 is in no set") << shown(text.SpanIncluding(L"abcdef")) << "ab";
 }
 
-void TestStringExtract::theTextStays()
+void tst_StringExtract::theTextStays()
 {
     CString_X text = L"abc";
     const char* const narrow = text;
@@ -124,7 +125,7 @@ void TestStringExtract::theTextStays()
     QVERIFY(!text.Left(1).utf8Cache);
 }
 
-void TestStringExtract::tokens_data()
+void tst_StringExtract::tokens_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("delimiters");
@@ -149,7 +150,7 @@ void TestStringExtract::tokens_data()
                                    << "[a,b]3 []-1";
 }
 
-void TestStringExtract::tokens()
+void tst_StringExtract::tokens()
 {
     QFETCH(QString, text);
     QFETCH(QString, delimiters);
@@ -163,14 +164,14 @@ void TestStringExtract::tokens()
     QTEST(found.join(QLatin1Char(' ')), "expected");
 }
 
-void TestStringExtract::tokenizeOutsideTheText_data()
+void tst_StringExtract::tokenizeOutsideTheText_data()
 {
     QTest::addColumn<int>("start");
     for (const int start : {-1, -5, INT_MIN, 3, 4, INT_MAX})
         QTest::addRow("from %d", start) << start;
 }
 
-void TestStringExtract::tokenizeOutsideTheText()
+void tst_StringExtract::tokenizeOutsideTheText()
 {
     QFETCH(int, start);
     int position = start;
@@ -181,7 +182,7 @@ void TestStringExtract::tokenizeOutsideTheText()
     QCOMPARE(position, -1);
 }
 
-void TestStringExtract::aMillionElements()
+void tst_StringExtract::aMillionElements()
 {
     CString_X text(L'x', 1000000);
     text.SetAt(999999, L'y');
@@ -193,5 +194,5 @@ void TestStringExtract::aMillionElements()
     QVERIFY(text.SpanIncluding(L"xy").IsEmpty());
 }
 
-QTEST_APPLESS_MAIN(TestStringExtract)
+XE_APPLESS_TEST(tst_StringExtract)
 #include "tst_stringextract.moc"

@@ -1,3 +1,4 @@
+#include "testclass.h"
 #include "textresult.h"
 
 #include <QtTest>
@@ -12,7 +13,7 @@ const QString cannotEncode = QStringLiteral("range_error: wstring_convert::to_by
 } // namespace
 
 /// The text as UTF-8 and the life of the copy that the object owns.
-class TestStringUtf8 : public QObject
+class tst_StringUtf8 : public QObject
 {
     Q_OBJECT
 
@@ -38,7 +39,7 @@ private slots:
     void aMillionElements();
 };
 
-void TestStringUtf8::narrowText_data()
+void tst_StringUtf8::narrowText_data()
 {
     QTest::addColumn<std::wstring>("wide");
     QTest::addColumn<QByteArray>("narrow");
@@ -58,7 +59,7 @@ void TestStringUtf8::narrowText_data()
     add("mixed", L"aé日😀z", "a\xC3\xA9\xE6\x97\xA5\xF0\x9F\x98\x80z");
 }
 
-void TestStringUtf8::narrowText()
+void tst_StringUtf8::narrowText()
 {
     QFETCH(std::wstring, wide);
     QFETCH(QByteArray, narrow);
@@ -74,7 +75,7 @@ void TestStringUtf8::narrowText()
     QVERIFY(assigned == wide);
 }
 
-void TestStringUtf8::noLocaleMatters()
+void tst_StringUtf8::noLocaleMatters()
 {
     QCOMPARE(std::setlocale(LC_ALL, nullptr), "C");
     QCOMPARE(CString_X(L"日").Utf8Ptr(), "\xE6\x97\xA5");
@@ -84,7 +85,7 @@ void TestStringUtf8::noLocaleMatters()
     std::setlocale(LC_ALL, "C");
 }
 
-void TestStringUtf8::aZeroCutsTheNarrowText()
+void tst_StringUtf8::aZeroCutsTheNarrowText()
 {
     CString_X text(L"ab\0cd", 5);
     QCOMPARE(text.Utf8Ptr(), "ab");
@@ -95,7 +96,7 @@ void TestStringUtf8::aZeroCutsTheNarrowText()
     QCOMPARE(thrownBy([&] { text.Utf8Ptr(); }), cannotEncode);
 }
 
-void TestStringUtf8::elementsWithoutUtf8_data()
+void tst_StringUtf8::elementsWithoutUtf8_data()
 {
     QTest::addColumn<unsigned>("element");
     for (const unsigned element :
@@ -103,7 +104,7 @@ void TestStringUtf8::elementsWithoutUtf8_data()
         QTest::addRow("%x", element) << element;
 }
 
-void TestStringUtf8::elementsWithoutUtf8()
+void tst_StringUtf8::elementsWithoutUtf8()
 {
     QFETCH(unsigned, element);
     for (int length = 0; length < 40; ++length) {
@@ -120,7 +121,7 @@ void TestStringUtf8::elementsWithoutUtf8()
     QCOMPARE(thrownBy([&] { pair.Utf8Ptr(); }), cannotEncode);
 }
 
-void TestStringUtf8::invalidUtf8_data()
+void tst_StringUtf8::invalidUtf8_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("FF") << QByteArray("\xFF");
@@ -151,7 +152,7 @@ void TestStringUtf8::invalidUtf8_data()
     QTest::newRow("Latin-1") << QByteArray("caf\xE9");
 }
 
-void TestStringUtf8::invalidUtf8()
+void tst_StringUtf8::invalidUtf8()
 {
     QFETCH(QByteArray, bytes);
     CString_X text = L"old";
@@ -162,7 +163,7 @@ void TestStringUtf8::invalidUtf8()
     QCOMPARE(text, CString_X(L"old"));
 }
 
-void TestStringUtf8::invalidUtf8AnywhereInLongText()
+void tst_StringUtf8::invalidUtf8AnywhereInLongText()
 {
     for (int position = 0; position <= 70; ++position) {
         for (const char* invalid : {"\xFF", "\x80", "\xED\xA0\x80", "\xC3", "\xF0\x9F\x98"}) {
@@ -179,7 +180,7 @@ void TestStringUtf8::invalidUtf8AnywhereInLongText()
     }
 }
 
-void TestStringUtf8::everyConstructorStartsWithoutACopy()
+void tst_StringUtf8::everyConstructorStartsWithoutACopy()
 {
     CString_X text = L"abc";
     text.Utf8Ptr();
@@ -191,7 +192,7 @@ void TestStringUtf8::everyConstructorStartsWithoutACopy()
         QVERIFY(!cache);
 }
 
-void TestStringUtf8::aCopyHasNoNarrowText()
+void tst_StringUtf8::aCopyHasNoNarrowText()
 {
     CString_X text = L"first";
     const char* const narrow = text;
@@ -205,7 +206,7 @@ void TestStringUtf8::aCopyHasNoNarrowText()
     QCOMPARE(static_cast<const char*>(text.utf8Cache), narrow);
 }
 
-void TestStringUtf8::assignmentKeepsTheNarrowText()
+void tst_StringUtf8::assignmentKeepsTheNarrowText()
 {
     CString_X text = L"first", other = L"second";
     other.Utf8Ptr();
@@ -223,7 +224,7 @@ void TestStringUtf8::assignmentKeepsTheNarrowText()
     QCOMPARE(other.utf8Cache, "second");
 }
 
-void TestStringUtf8::movesLeaveTheNarrowTextBehind()
+void tst_StringUtf8::movesLeaveTheNarrowTextBehind()
 {
     CString_X text = L"first";
     const char* const narrow = text;
@@ -238,7 +239,7 @@ void TestStringUtf8::movesLeaveTheNarrowTextBehind()
     QCOMPARE(static_cast<const char*>(target.utf8Cache), targetNarrow);
 }
 
-void TestStringUtf8::changesKeepTheNarrowText()
+void tst_StringUtf8::changesKeepTheNarrowText()
 {
     CString_X text = L"first";
     const char* const narrow = text;
@@ -257,7 +258,7 @@ void TestStringUtf8::changesKeepTheNarrowText()
     QCOMPARE(static_cast<const char*>(text.utf8Cache), narrow);
 }
 
-void TestStringUtf8::theNextCallReplacesIt()
+void tst_StringUtf8::theNextCallReplacesIt()
 {
     CString_X text = L"first";
     text.Utf8Ptr();
@@ -271,7 +272,7 @@ void TestStringUtf8::theNextCallReplacesIt()
     QCOMPARE(text.utf8Cache, "third");
 }
 
-void TestStringUtf8::aFailedCallKeepsIt()
+void tst_StringUtf8::aFailedCallKeepsIt()
 {
     CString_X text = L"first";
     const char* const narrow = text;
@@ -281,7 +282,7 @@ void TestStringUtf8::aFailedCallKeepsIt()
     QCOMPARE(static_cast<const char*>(text.utf8Cache), narrow);
 }
 
-void TestStringUtf8::emptyTextIsNotOwned()
+void tst_StringUtf8::emptyTextIsNotOwned()
 {
     CString_X text;
     const char* const narrow = text;
@@ -301,7 +302,7 @@ void TestStringUtf8::emptyTextIsNotOwned()
     QCOMPARE(*narrow, '\0'); // lives on
 }
 
-void TestStringUtf8::cleaning()
+void tst_StringUtf8::cleaning()
 {
     CString_X text = L"first";
     text.CleanUtf8Mem(); // nothing there
@@ -312,7 +313,7 @@ void TestStringUtf8::cleaning()
     QCOMPARE(text.Utf8Ptr(), "first");
 }
 
-void TestStringUtf8::aMillionElements()
+void tst_StringUtf8::aMillionElements()
 {
     constexpr int million = 1000000;
     QByteArray expected;
@@ -324,5 +325,5 @@ void TestStringUtf8::aMillionElements()
     QVERIFY(CString_X(QByteArray(million, 'x').constData()) == CString_X(L'x', million));
 }
 
-QTEST_APPLESS_MAIN(TestStringUtf8)
+XE_APPLESS_TEST(tst_StringUtf8)
 #include "tst_stringutf8.moc"

@@ -1,3 +1,4 @@
+#include "testclass.h"
 #include "textresult.h"
 
 #include <QtTest>
@@ -9,7 +10,7 @@ const wchar_t* const null = nullptr;
 } // namespace
 
 /// The way from wide text to Qt.
-class TestXeQString : public QObject
+class tst_XeQString : public QObject
 {
     Q_OBJECT
 
@@ -25,7 +26,7 @@ private slots:
     void aMillionElements();
 };
 
-void TestXeQString::wideText_data()
+void tst_XeQString::wideText_data()
 {
     QTest::addColumn<std::wstring>("wide");
     QTest::addColumn<QString>("expected");
@@ -39,7 +40,7 @@ void TestXeQString::wideText_data()
     QTest::newRow("mixed") << std::wstring(L"a😀é") << QStringLiteral("a😀é");
 }
 
-void TestXeQString::wideText()
+void tst_XeQString::wideText()
 {
     QFETCH(std::wstring, wide);
     QFETCH(QString, expected);
@@ -60,7 +61,7 @@ void TestXeQString::wideText()
     QCOMPARE(QString(byObject), QStringLiteral("old") + expected);
 }
 
-void TestXeQString::aZeroCuts()
+void tst_XeQString::aZeroCuts()
 {
     const CString_X text(L"ab\0cd", 5);
     QCOMPARE(QString(XeQString(text)), QStringLiteral("ab"));
@@ -71,7 +72,7 @@ void TestXeQString::aZeroCuts()
     QCOMPARE(QString(other), QStringLiteral("abab"));
 }
 
-void TestXeQString::null()
+void tst_XeQString::null()
 {
     QVERIFY(XeQString().isEmpty());
     QVERIFY(XeQString(::null).isEmpty());
@@ -82,7 +83,7 @@ void TestXeQString::null()
     QVERIFY(text.isEmpty());
 }
 
-void TestXeQString::assignmentAndAppending()
+void tst_XeQString::assignmentAndAppending()
 {
     XeQString text = L"a";
     XeQString* const self = &text;
@@ -98,7 +99,7 @@ void TestXeQString::assignmentAndAppending()
     QCOMPARE(QString(text), QStringLiteral("qrs"));
 }
 
-void TestXeQString::isAQString()
+void tst_XeQString::isAQString()
 {
     static_assert(std::is_base_of_v<QString, XeQString>);
     static_assert(sizeof(XeQString) == sizeof(QString));
@@ -110,7 +111,7 @@ void TestXeQString::isAQString()
     QCOMPARE(text + QLatin1String("d"), QStringLiteral("abcd"));
 }
 
-void TestXeQString::thereAndBack_data()
+void tst_XeQString::thereAndBack_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("ASCII") << "abc";
@@ -118,13 +119,13 @@ void TestXeQString::thereAndBack_data()
     QTest::newRow("combining") << QStringLiteral("e\u0301");
 }
 
-void TestXeQString::thereAndBack()
+void tst_XeQString::thereAndBack()
 {
     QFETCH(QString, text);
     QCOMPARE(QString(XeQString(CString_X(text))), text);
 }
 
-void TestXeQString::aMillionElements()
+void tst_XeQString::aMillionElements()
 {
     const CString_X text(L'\U0001F600', 1000000);
     const XeQString wide = text;
@@ -133,5 +134,5 @@ void TestXeQString::aMillionElements()
     QVERIFY(CString_X(wide) == text);
 }
 
-QTEST_APPLESS_MAIN(TestXeQString)
+XE_APPLESS_TEST(tst_XeQString)
 #include "tst_xeqstring.moc"

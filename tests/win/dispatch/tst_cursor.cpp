@@ -1,4 +1,5 @@
 #include "scriptwindow.h"
+#include "testclass.h"
 
 #include <leavenothing.h>
 
@@ -285,5 +286,5 @@ void tst_Cursor::ancestorDeletesTheWholeTree()
     QVERIFY(!childWindow.GetSafeHwnd());
 }
 
-QTEST_MAIN(tst_Cursor)
+XE_TEST(tst_Cursor)
 #include "tst_cursor.moc"

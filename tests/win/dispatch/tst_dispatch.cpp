@@ -1,4 +1,5 @@
 #include "scriptwindow.h"
+#include "testclass.h"
 
 #include <leavenothing.h>
 
@@ -670,5 +671,5 @@ void tst_Dispatch::handlerReplacesItsOwnEntry()
     QCOMPARE(window.SendMessage(WM_USER + 1, 0, 0), 0);
 }
 
-QTEST_MAIN(tst_Dispatch)
+XE_TEST(tst_Dispatch)
 #include "tst_dispatch.moc"

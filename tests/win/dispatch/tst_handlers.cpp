@@ -1,3 +1,5 @@
+#include "testclass.h"
+
 #include <leavenothing.h>
 #include <messagetrace.h>
 
@@ -569,5 +571,5 @@ void tst_Handlers::traceReadsAsText()
     window.trace.clear();
 }
 
-QTEST_MAIN(tst_Handlers)
+XE_TEST(tst_Handlers)
 #include "tst_handlers.moc"

@@ -1,4 +1,5 @@
 #include "scriptwindow.h"
+#include "testclass.h"
 
 #include <leavenothing.h>
 #include <xewinuser.h>
@@ -428,5 +429,5 @@ void tst_Lifetime::ownedWidgetOfADeletedWrapper()
     QVERIFY(!widget);
 }
 
-QTEST_MAIN(tst_Lifetime)
+XE_TEST(tst_Lifetime)
 #include "tst_lifetime.moc"

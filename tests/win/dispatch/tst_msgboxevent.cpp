@@ -1,4 +1,5 @@
 #include "scriptwindow.h"
+#include "testclass.h"
 
 #include <leavenothing.h>
 #include <modaldriver.h>
@@ -225,5 +226,5 @@ void tst_MsgBoxEvent::bothGoWhileTheBoxIsUp()
     QVERIFY(!QApplication::activeModalWidget());
 }
 
-QTEST_MAIN(tst_MsgBoxEvent)
+XE_TEST(tst_MsgBoxEvent)
 #include "tst_msgboxevent.moc"

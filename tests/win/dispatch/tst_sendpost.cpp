@@ -1,4 +1,5 @@
 #include "scriptwindow.h"
+#include "testclass.h"
 
 #include <leavenothing.h>
 
@@ -629,5 +630,5 @@ void tst_SendPost::eventsFromAnotherThread()
     QTRY_COMPARE(window.trace.text(), QStringLiteral("WM_USER+0(0x0, 0x0)"));
 }
 
-QTEST_MAIN(tst_SendPost)
+XE_TEST(tst_SendPost)
 #include "tst_sendpost.moc"

@@ -1,3 +1,5 @@
+#include "testclass.h"
+
 #include <leavenothing.h>
 
 #include <xeafxwin.h>
@@ -625,5 +627,5 @@ void tst_Signatures::macroTakesHandlersOfASecondBase()
     QCOMPARE(gauge.SendMessage(WM_USER + 2, 6), -42LL);
 }
 
-QTEST_MAIN(tst_Signatures)
+XE_TEST(tst_Signatures)
 #include "tst_signatures.moc"

@@ -1,6 +1,7 @@
 // The mouse pointer: its shape, which the host sets, its place, and the time of a double click.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -256,5 +257,5 @@ void tst_Cursors::doubleClickTime()
     SetDoubleClickTime_X(static_cast<UINT>(before));
 }
 
-QTEST_MAIN(tst_Cursors)
+XE_TEST(tst_Cursors)
 #include "tst_cursors.moc"

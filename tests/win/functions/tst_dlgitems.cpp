@@ -1,6 +1,7 @@
 // The items of a dialog by their resource ids, in the tables of this program.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -426,5 +427,5 @@ void tst_DlgItems::limitText()
         QCOMPARE(edit->maxLength(), result ? 5 : 32767);
 }
 
-QTEST_MAIN(tst_DlgItems)
+XE_TEST(tst_DlgItems)
 #include "tst_dlgitems.moc"

@@ -1,6 +1,7 @@
 // The scroll bars of a window.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -206,5 +207,5 @@ void tst_ScrollFunctions::plainWidgetHasABarUntilTheIdleMoment()
     QCOMPARE(widget.findChild<QScrollBar*>(), nullptr);
 }
 
-QTEST_MAIN(tst_ScrollFunctions)
+XE_TEST(tst_ScrollFunctions)
 #include "tst_scrollfunctions.moc"

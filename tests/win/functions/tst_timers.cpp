@@ -1,6 +1,7 @@
 // Timers: one map of ids for the process, and what a timer does when it fires, stops and dies.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -468,5 +469,5 @@ void tst_Timers::windowObject()
     QCOMPARE(window.KillTimer(1), 1);
 }
 
-QTEST_MAIN(tst_Timers)
+XE_TEST(tst_Timers)
 #include "tst_timers.moc"

@@ -1,6 +1,7 @@
 // Places and sizes: rectangles, the ways between window and screen, moving, and the order of windows.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -323,5 +324,5 @@ void tst_WindowGeometry::setWindowPosStacking()
     QTEST(order.join(QLatin1Char(' ')), "order");
 }
 
-QTEST_MAIN(tst_WindowGeometry)
+XE_TEST(tst_WindowGeometry)
 #include "tst_windowgeometry.moc"

@@ -1,7 +1,8 @@
 // Windows on a real screen, with a window manager's frames around them.
 
 #include "leavenothing.h"
-#include "tests/win/realinput/realwindow.h"
+#include "realwindow.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -122,5 +123,5 @@ void tst_WindowOnScreen::pointerIsMovedAndFound()
     QCOMPARE(QPoint(point.x, point.y), QPoint(45, 67));
 }
 
-QTEST_MAIN(tst_WindowOnScreen)
+XE_TEST(tst_WindowOnScreen)
 #include "tst_windowonscreen.moc"

@@ -1,6 +1,7 @@
 // Parents, the active window, the focus, the mouse grab, and what else a window tells of itself.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -345,5 +346,5 @@ void tst_WindowRelations::resolution()
     QCOMPARE(GetDpiForWindow_X(&absurd), 2u);
 }
 
-QTEST_MAIN(tst_WindowRelations)
+XE_TEST(tst_WindowRelations)
 #include "tst_windowrelations.moc"

@@ -1,6 +1,7 @@
 // Shown or hidden, enabled, minimised, maximised.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -334,5 +335,5 @@ void tst_WindowState::updateDoesNotPaintAtOnce()
     QTRY_COMPARE(window.paints, before + 1);
 }
 
-QTEST_MAIN(tst_WindowState)
+XE_TEST(tst_WindowState)
 #include "tst_windowstate.moc"

@@ -1,6 +1,7 @@
 // The text of a window, which Qt keeps in another place for each kind of control.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -411,5 +412,5 @@ void tst_WindowText::detachedWidgetGetsItsTextItself()
     QCOMPARE(wrapper.texts, QStringList());
 }
 
-QTEST_MAIN(tst_WindowText)
+XE_TEST(tst_WindowText)
 #include "tst_windowtext.moc"

@@ -1,5 +1,6 @@
 #include "leavenothing.h"
 #include "realwindow.h"
+#include "testclass.h"
 
 #include <xehook.h>
 
@@ -61,12 +62,12 @@ BEGIN_MESSAGE_MAP_X(HandlingWnd, CWnd_X)
     ON_WM_KEYDOWN_X()
 END_MESSAGE_MAP_X()
 
+namespace {
+
 class CTavoMainFrame : public QWidget
 {
     Q_OBJECT
 };
-
-namespace {
 
 int functionCalls = 0;
 
@@ -207,5 +208,5 @@ void tst_PointerQuestions::theHandlerAsksOnlyForMessageFunctions()
     QCOMPARE(functionCalls, withFunction ? 2 : 0);
 }
 
-QTEST_MAIN(tst_PointerQuestions)
+XE_TEST(tst_PointerQuestions)
 #include "tst_pointerquestions.moc"

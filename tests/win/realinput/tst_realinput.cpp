@@ -1,6 +1,7 @@
 #include "leavenothing.h"
 #include "messagetrace.h"
 #include "realwindow.h"
+#include "testclass.h"
 
 #include <xehook.h>
 #include <xewinuser.h>
@@ -19,6 +20,8 @@ public:
     }
 };
 
+namespace {
+
 class CTavoMainFrame : public QWidget
 {
     Q_OBJECT
@@ -31,8 +34,6 @@ class CTavoView : public QWidget
 public:
     using QWidget::QWidget;
 };
-
-namespace {
 
 QStringList hookCalls;
 long long hookResult = 0;
@@ -291,5 +292,5 @@ void tst_RealInput::aHookStopsARealKey()
     runSteps({{"down 62", "WM_KEYDOWN(0x42, 0x1) WM_CHAR(0x62, 0x1)"}, {"up 62", "WM_KEYUP(0x42, 0x80000001)"}});
 }
 
-QTEST_MAIN(tst_RealInput)
+XE_TEST(tst_RealInput)
 #include "tst_realinput.moc"

@@ -1,6 +1,8 @@
 // A whole population of windows comes and goes, and leaves everything as it was: memory, widgets, wrappers, timers, and
 // the connections that tell windows of idle moments.
 
+#include "testclass.h"
+
 #include <XeMFCEmu.h>
 
 #include <QAbstractEventDispatcher>
@@ -217,7 +219,7 @@ QString census()
 
 Q_DECLARE_METATYPE(Life)
 
-class TestPopulation : public QObject
+class tst_Population : public QObject
 {
     Q_OBJECT
 
@@ -253,5 +255,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestPopulation)
+XE_TEST(tst_Population)
 #include "tst_population.moc"

@@ -1,6 +1,7 @@
 // The window object: creation, adoption, destruction, and the ways between handle and wrapper.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -87,7 +88,7 @@ __attribute__((no_sanitize("undefined"))) QWidget* handleOf(const CWnd_X* window
 
 } // namespace
 
-class TestWindow : public QObject
+class tst_Window : public QObject
 {
     Q_OBJECT
 
@@ -273,5 +274,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestWindow)
+XE_TEST(tst_Window)
 #include "tst_window.moc"

@@ -2,6 +2,7 @@
 // or nothing; a rectangle may be an object or its address; and what has a usual value may be left out.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -46,7 +47,7 @@ struct Family
 
 } // namespace
 
-class TestWndArguments : public QObject
+class tst_WndArguments : public QObject
 {
     Q_OBJECT
 
@@ -220,5 +221,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestWndArguments)
+XE_TEST(tst_WndArguments)
 #include "tst_wndarguments.moc"

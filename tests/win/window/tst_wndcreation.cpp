@@ -1,6 +1,7 @@
 // How a window comes to life: the forms of Create, the order of an attachment, and what undoes it.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -140,7 +141,7 @@ public Q_SLOTS:
     void onClicked() { ++heard; }
 };
 
-class TestWndCreation : public QObject
+class tst_WndCreation : public QObject
 {
     Q_OBJECT
 
@@ -176,7 +177,7 @@ private Q_SLOTS:
 
 // ---------------------------------------------------------------------------------------------------------- forms
 
-void TestWndCreation::styleDecidesWhatIsShown_data()
+void tst_WndCreation::styleDecidesWhatIsShown_data()
 {
     QTest::addColumn<DWORD>("style");
     QTest::addColumn<QString>("expected");
@@ -189,7 +190,7 @@ void TestWndCreation::styleDecidesWhatIsShown_data()
     QTest::newRow("all the other bits do nothing") << ~(WS_VISIBLE | WS_HSCROLL | WS_VSCROLL) << "";
 }
 
-void TestWndCreation::styleDecidesWhatIsShown()
+void tst_WndCreation::styleDecidesWhatIsShown()
 {
     QFETCH(DWORD, style);
     QTEST(appearanceOf(style, [=](CWnd_X& window) { return window.Create(style, nullptr); }), "expected");
@@ -197,14 +198,14 @@ void TestWndCreation::styleDecidesWhatIsShown()
           "expected");
 }
 
-void TestWndCreation::nullParent_data()
+void tst_WndCreation::nullParent_data()
 {
     QTest::addColumn<Form>("form");
     for (const auto& form : forms)
         QTest::newRow(form.first) << form.second;
 }
 
-void TestWndCreation::nullParent()
+void tst_WndCreation::nullParent()
 {
     QFETCH(Form, form);
     CWnd_X alone;
@@ -225,7 +226,7 @@ void TestWndCreation::nullParent()
     QCOMPARE(inParent.GetSafeHwnd()->parentWidget(), &parent);
 }
 
-void TestWndCreation::aRectangleIsAPlaceInTheParent()
+void tst_WndCreation::aRectangleIsAPlaceInTheParent()
 {
     QWidget parent;
     CWnd_X window;
@@ -236,7 +237,7 @@ void TestWndCreation::aRectangleIsAPlaceInTheParent()
     QCOMPARE(swapped.GetSafeHwnd()->geometry(), QRect(110, 70, 100, 50));
 }
 
-void TestWndCreation::aClassMayMakeAnotherWidget()
+void tst_WndCreation::aClassMayMakeAnotherWidget()
 {
     class LabelWindow : public CWnd_X
     {
@@ -253,7 +254,7 @@ void TestWndCreation::aClassMayMakeAnotherWidget()
 
 // ---------------------------------------------------------------------------------------------------------- order
 
-void TestWndCreation::orderOfAnAttachment()
+void tst_WndCreation::orderOfAnAttachment()
 {
     QWidget parent;
     auto* const widget = new QWidget(&parent);
@@ -277,7 +278,7 @@ void TestWndCreation::orderOfAnAttachment()
     QCOMPARE(dialog.take(), dialogOrder + QStringLiteral(" PreSubclassWindow"));
 }
 
-void TestWndCreation::createStructHoldsTheStyleAlone()
+void tst_WndCreation::createStructHoldsTheStyleAlone()
 {
     QWidget parent;
     WitnessWindow window;
@@ -290,7 +291,7 @@ void TestWndCreation::createStructHoldsTheStyleAlone()
     QVERIFY(!created.lpszName && !created.lpszClass);
 }
 
-void TestWndCreation::messagesFindNoEntryBeforeTheMapIsFilled()
+void tst_WndCreation::messagesFindNoEntryBeforeTheMapIsFilled()
 {
     QWidget parent;
     WitnessDialog dialog;
@@ -299,7 +300,7 @@ void TestWndCreation::messagesFindNoEntryBeforeTheMapIsFilled()
     QCOMPARE(dialog.SendMessage(question), 7LL);
 }
 
-void TestWndCreation::onCreateMakesTheBars_data()
+void tst_WndCreation::onCreateMakesTheBars_data()
 {
     QTest::addColumn<DWORD>("style");
     QTest::addColumn<QString>("children");
@@ -309,7 +310,7 @@ void TestWndCreation::onCreateMakesTheBars_data()
     QTest::newRow("both") << (WS_HSCROLL | WS_VSCROLL) << "horizontal vertical menu";
 }
 
-void TestWndCreation::onCreateMakesTheBars()
+void tst_WndCreation::onCreateMakesTheBars()
 {
     QFETCH(DWORD, style);
     QWidget widget;
@@ -329,7 +330,7 @@ void TestWndCreation::onCreateMakesTheBars()
     QCOMPARE(widget.children().size(), children.size());
 }
 
-void TestWndCreation::comboBoxesBelowShowWholeTexts()
+void tst_WndCreation::comboBoxesBelowShowWholeTexts()
 {
     QWidget parent;
     QComboBox beside(&parent);
@@ -347,7 +348,7 @@ void TestWndCreation::comboBoxesBelowShowWholeTexts()
     QCOMPARE(itself.view()->textElideMode(), Qt::ElideMiddle);
 }
 
-void TestWndCreation::slotsMoveToTheWrapper()
+void tst_WndCreation::slotsMoveToTheWrapper()
 {
     FormWidget form;
     QPushButton button(&form);
@@ -361,7 +362,7 @@ void TestWndCreation::slotsMoveToTheWrapper()
 
 // -------------------------------------------------------------------------------------------------------- refusals
 
-void TestWndCreation::aRefusalUndoesTheCreation_data()
+void tst_WndCreation::aRefusalUndoesTheCreation_data()
 {
     QTest::addColumn<Form>("form");
     QTest::addColumn<int>("createAnswer");
@@ -375,7 +376,7 @@ void TestWndCreation::aRefusalUndoesTheCreation_data()
     }
 }
 
-void TestWndCreation::aRefusalUndoesTheCreation()
+void tst_WndCreation::aRefusalUndoesTheCreation()
 {
     QFETCH(Form, form);
     QFETCH(int, createAnswer);
@@ -399,7 +400,7 @@ void TestWndCreation::aRefusalUndoesTheCreation()
     QCOMPARE(form(dialog, &parent), 1);
 }
 
-void TestWndCreation::aRefusalLeavesAnAdoptedWidgetAlone()
+void tst_WndCreation::aRefusalLeavesAnAdoptedWidgetAlone()
 {
     QWidget widget;
     WitnessWindow window;
@@ -412,7 +413,7 @@ void TestWndCreation::aRefusalLeavesAnAdoptedWidgetAlone()
     QVERIFY(widget.children().isEmpty());
 }
 
-void TestWndCreation::onCreateMayLetGo()
+void tst_WndCreation::onCreateMayLetGo()
 {
     QWidget parent;
     WitnessWindow window;
@@ -422,7 +423,7 @@ void TestWndCreation::onCreateMayLetGo()
     QVERIFY(parent.children().isEmpty());
 }
 
-void TestWndCreation::onCreateMayDeleteTheWidget()
+void tst_WndCreation::onCreateMayDeleteTheWidget()
 {
     QWidget parent;
     WitnessWindow window;
@@ -433,7 +434,7 @@ void TestWndCreation::onCreateMayDeleteTheWidget()
 
 // --------------------------------------------------------------------------------------------------- attached again
 
-void TestWndCreation::attachedAgain()
+void tst_WndCreation::attachedAgain()
 {
     QWidget first;
     QWidget second;
@@ -452,7 +453,7 @@ void TestWndCreation::attachedAgain()
     QCOMPARE(second.children().size(), 1);
 }
 
-void TestWndCreation::theNextWidgetTakesTheRoomOfTheFirst()
+void tst_WndCreation::theNextWidgetTakesTheRoomOfTheFirst()
 {
     QWidget parent;
     QWidget second;
@@ -468,7 +469,7 @@ void TestWndCreation::theNextWidgetTakesTheRoomOfTheFirst()
     QCOMPARE(window.GetScrollBarCtrl(SB_VERT)->parentWidget(), &second); // the style is still the same
 }
 
-void TestWndCreation::widgetOfTheWrongKind()
+void tst_WndCreation::widgetOfTheWrongKind()
 {
     QDialog form;
     QLabel label;
@@ -480,7 +481,7 @@ void TestWndCreation::widgetOfTheWrongKind()
     QCOMPARE(dialog.GetSafeHwnd(), &form);
 }
 
-void TestWndCreation::dialogItemIsFoundByName()
+void tst_WndCreation::dialogItemIsFoundByName()
 {
     QWidget widget;
     QWidget group(&widget);
@@ -502,5 +503,5 @@ void TestWndCreation::dialogItemIsFoundByName()
     QVERIFY(item.take().endsWith(QStringLiteral(" PreSubclassWindow")));
 }
 
-QTEST_MAIN(TestWndCreation)
+XE_TEST(tst_WndCreation)
 #include "tst_wndcreation.moc"

@@ -1,6 +1,7 @@
 // How a window ends: what it is told, in which order, and what its handlers may do meanwhile.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -127,7 +128,7 @@ QString joined(const QStringList& record) { return record.join(QStringLiteral(",
 
 Q_DECLARE_METATYPE(Trigger)
 
-class TestWndDestruction : public QObject
+class tst_WndDestruction : public QObject
 {
     Q_OBJECT
 
@@ -150,7 +151,7 @@ private Q_SLOTS:
 
 // ---------------------------------------------------------------------------------------------------------- order
 
-void TestWndDestruction::dialogWithAControl()
+void tst_WndDestruction::dialogWithAControl()
 {
     QStringList record;
     QWidget parent;
@@ -176,7 +177,7 @@ void TestWndDestruction::dialogWithAControl()
     QVERIFY(edit->findChildren<QScrollBar*>().isEmpty());
 }
 
-void TestWndDestruction::anOwnedWidgetLivesUntilTheLoopRuns()
+void tst_WndDestruction::anOwnedWidgetLivesUntilTheLoopRuns()
 {
     QStringList record;
     QWidget parent;
@@ -192,7 +193,7 @@ void TestWndDestruction::anOwnedWidgetLivesUntilTheLoopRuns()
     QCOMPARE(record.size(), 3);
 }
 
-void TestWndDestruction::aWindowMayBeMadeAgain()
+void tst_WndDestruction::aWindowMayBeMadeAgain()
 {
     QStringList record;
     QWidget parent;
@@ -208,7 +209,7 @@ void TestWndDestruction::aWindowMayBeMadeAgain()
     }
 }
 
-void TestWndDestruction::aWindowThatKeepsItsEndFromTheBaseStaysAttached()
+void tst_WndDestruction::aWindowThatKeepsItsEndFromTheBaseStaysAttached()
 {
     class Undead : public CWnd_X
     {
@@ -230,7 +231,7 @@ void TestWndDestruction::aWindowThatKeepsItsEndFromTheBaseStaysAttached()
 
 // ------------------------------------------------------------------------------------- what happens on the way
 
-void TestWndDestruction::itsOwnHandlerMayEndIt_data()
+void tst_WndDestruction::itsOwnHandlerMayEndIt_data()
 {
     QTest::addColumn<UINT>("message");
     QTest::addColumn<Trigger>("trigger");
@@ -238,7 +239,7 @@ void TestWndDestruction::itsOwnHandlerMayEndIt_data()
         QTest::newRow(row.name) << row.message << row.trigger;
 }
 
-void TestWndDestruction::itsOwnHandlerMayEndIt()
+void tst_WndDestruction::itsOwnHandlerMayEndIt()
 {
     QFETCH(UINT, message);
     QFETCH(Trigger, trigger);
@@ -275,7 +276,7 @@ void TestWndDestruction::itsOwnHandlerMayEndIt()
     QVERIFY(!created);
 }
 
-void TestWndDestruction::wrappersOnTheWayMayGo()
+void tst_WndDestruction::wrappersOnTheWayMayGo()
 {
     QStringList record;
     QWidget widget;
@@ -297,7 +298,7 @@ void TestWndDestruction::wrappersOnTheWayMayGo()
     QVERIFY(second->isHidden());
 }
 
-void TestWndDestruction::widgetsOnTheWayMayGo()
+void tst_WndDestruction::widgetsOnTheWayMayGo()
 {
     QStringList record;
     QPointer<QWidget> widget = new QWidget;
@@ -326,7 +327,7 @@ void TestWndDestruction::widgetsOnTheWayMayGo()
 
 // --------------------------------------------------------------------------------------------------- one without the other
 
-void TestWndDestruction::wrapperDeletedAlone()
+void tst_WndDestruction::wrapperDeletedAlone()
 {
     QStringList record;
     QPointer<QWidget> widget;
@@ -344,7 +345,7 @@ void TestWndDestruction::wrapperDeletedAlone()
     QCOMPARE(record, QStringList());
 }
 
-void TestWndDestruction::widgetDeletedAlone()
+void tst_WndDestruction::widgetDeletedAlone()
 {
     QStringList record;
     MortalWindow window(QStringLiteral("window"), record);
@@ -360,5 +361,5 @@ void TestWndDestruction::widgetDeletedAlone()
     QCOMPARE(record, QStringList());
 }
 
-QTEST_MAIN(TestWndDestruction)
+XE_TEST(tst_WndDestruction)
 #include "tst_wnddestruction.moc"

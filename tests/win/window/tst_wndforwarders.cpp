@@ -2,6 +2,7 @@
 // where it does nothing.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -356,7 +357,7 @@ const Row rows[] = {
 
 Q_DECLARE_METATYPE(Call)
 
-class TestWndForwarders : public QObject
+class tst_WndForwarders : public QObject
 {
     Q_OBJECT
 
@@ -369,7 +370,7 @@ private Q_SLOTS:
     void releaseCapture();
 };
 
-void TestWndForwarders::call_data()
+void tst_WndForwarders::call_data()
 {
     QTest::addColumn<Call>("member");
     QTest::addColumn<bool>("attached");
@@ -380,7 +381,7 @@ void TestWndForwarders::call_data()
     }
 }
 
-void TestWndForwarders::call()
+void tst_WndForwarders::call()
 {
     QFETCH(Call, member);
     QFETCH(bool, attached);
@@ -404,7 +405,7 @@ void TestWndForwarders::call()
         delete widget;
 }
 
-void TestWndForwarders::desktopWindow()
+void tst_WndForwarders::desktopWindow()
 {
     QWidget* const desktop = CWnd_X::GetDesktopWindow()->GetSafeHwnd();
     QCOMPARE(desktop, static_cast<QWidget*>(QApplication::desktop()));
@@ -412,7 +413,7 @@ void TestWndForwarders::desktopWindow()
     QCOMPARE(CWnd_X::FromHandlePermanent(desktop), nullptr);
 }
 
-void TestWndForwarders::focusAndActivation()
+void tst_WndForwarders::focusAndActivation()
 {
     QWidget first;
     QWidget second;
@@ -435,7 +436,7 @@ void TestWndForwarders::focusAndActivation()
     QCOMPARE(firstWindow.SetFocus(), static_cast<QWidget*>(&edit));
 }
 
-void TestWndForwarders::releaseCapture()
+void tst_WndForwarders::releaseCapture()
 {
     QWidget first;
     QWidget second;
@@ -451,5 +452,5 @@ void TestWndForwarders::releaseCapture()
     CWnd_X::ReleaseCapture();
 }
 
-QTEST_MAIN(TestWndForwarders)
+XE_TEST(tst_WndForwarders)
 #include "tst_wndforwarders.moc"

@@ -2,13 +2,14 @@
 
 #include "leavenothing.h"
 #include "placement.h"
+#include "testclass.h"
 #include "valuetext.h"
 
 #include <XeMFCEmu.h>
 
 Q_DECLARE_METATYPE(tagRECT)
 
-class TestWndGeometry : public QObject
+class tst_WndGeometry : public QObject
 {
     Q_OBJECT
 
@@ -42,7 +43,7 @@ private Q_SLOTS:
 
 // ------------------------------------------------------------------------------------------------------- MoveWindow
 
-void TestWndGeometry::moveInTheParent_data()
+void tst_WndGeometry::moveInTheParent_data()
 {
     QTest::addColumn<QRect>("to");
     QTest::addColumn<QRect>("geometry");
@@ -55,7 +56,7 @@ void TestWndGeometry::moveInTheParent_data()
     QTest::newRow("out of the parent") << QRect(-10, -20, 70, 80) << QRect(-10, -20, 70, 80);
 }
 
-void TestWndGeometry::moveInTheParent()
+void tst_WndGeometry::moveInTheParent()
 {
     QFETCH(QRect, to);
     QWidget parent;
@@ -72,7 +73,7 @@ void TestWndGeometry::moveInTheParent()
     QTEST(widget.geometry(), "geometry");
 }
 
-void TestWndGeometry::moveToARectangle_data()
+void tst_WndGeometry::moveToARectangle_data()
 {
     QTest::addColumn<tagRECT>("to");
     QTest::addColumn<QRect>("geometry");
@@ -84,7 +85,7 @@ void TestWndGeometry::moveToARectangle_data()
         << tagRECT{INT_MIN, INT_MIN, INT_MAX, INT_MAX} << QRect(INT_MIN, INT_MIN, QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
 }
 
-void TestWndGeometry::moveToARectangle()
+void tst_WndGeometry::moveToARectangle()
 {
     QFETCH(tagRECT, to);
     QWidget parent;
@@ -98,7 +99,7 @@ void TestWndGeometry::moveToARectangle()
     QTEST(widget.geometry(), "geometry");
 }
 
-void TestWndGeometry::moveWindowRepaintsIfTold()
+void tst_WndGeometry::moveWindowRepaintsIfTold()
 {
     class PaintCounter : public QWidget
     {
@@ -127,7 +128,7 @@ void TestWndGeometry::moveWindowRepaintsIfTold()
 
 // ----------------------------------------------------------------------------------------------------- CenterWindow
 
-void TestWndGeometry::centredOnATarget_data()
+void tst_WndGeometry::centredOnATarget_data()
 {
     QTest::addColumn<QRect>("target");
     QTest::addColumn<QSize>("size");
@@ -141,7 +142,7 @@ void TestWndGeometry::centredOnATarget_data()
     QTest::newRow("negative places are cut towards 0") << QRect(-50, -40, 20, 10) << QSize(1, 1) << QPoint(-40, -35);
 }
 
-void TestWndGeometry::centredOnATarget()
+void tst_WndGeometry::centredOnATarget()
 {
     QFETCH(QRect, target);
     QFETCH(QSize, size);
@@ -161,7 +162,7 @@ void TestWndGeometry::centredOnATarget()
     QTEST(widget.pos(), "place");
 }
 
-void TestWndGeometry::centredOnTheParentByDefault()
+void tst_WndGeometry::centredOnTheParentByDefault()
 {
     QWidget parent;
     QWidget group(&parent);
@@ -185,7 +186,7 @@ void TestWndGeometry::centredOnTheParentByDefault()
     QCOMPARE(dialog.pos(), QPoint(249 - 9, 139 - 4));
 }
 
-void TestWndGeometry::centredOnTheScreenWithoutParent()
+void tst_WndGeometry::centredOnTheScreenWithoutParent()
 {
     QWidget widget;
     widget.setGeometry(10, 10, 100, 50);
@@ -202,7 +203,7 @@ void TestWndGeometry::centredOnTheScreenWithoutParent()
 
 // ------------------------------------------------------------------------------------------------ window and screen
 
-void TestWndGeometry::clientRectIsWithoutTheBarsShown_data()
+void tst_WndGeometry::clientRectIsWithoutTheBarsShown_data()
 {
     QTest::addColumn<int>("shown");
     QTest::addColumn<QString>("rect");
@@ -212,7 +213,7 @@ void TestWndGeometry::clientRectIsWithoutTheBarsShown_data()
     QTest::newRow("both") << SB_BOTH << "0 0 83 63";
 }
 
-void TestWndGeometry::clientRectIsWithoutTheBarsShown()
+void tst_WndGeometry::clientRectIsWithoutTheBarsShown()
 {
     QFETCH(int, shown);
     QWidget parent;
@@ -233,7 +234,7 @@ void TestWndGeometry::clientRectIsWithoutTheBarsShown()
     QCOMPARE(text(rect), QStringLiteral("0 0 100 80"));
 }
 
-void TestWndGeometry::windowRectIsOnTheScreen()
+void tst_WndGeometry::windowRectIsOnTheScreen()
 {
     QWidget parent;
     parent.setGeometry(200, 100, 300, 200);
@@ -246,7 +247,7 @@ void TestWndGeometry::windowRectIsOnTheScreen()
     QCOMPARE(text(rect), QStringLiteral("205 106 305 186"));
 }
 
-void TestWndGeometry::pointsBetweenWindowAndScreen()
+void tst_WndGeometry::pointsBetweenWindowAndScreen()
 {
     QWidget parent;
     parent.setGeometry(200, 100, 300, 200);
@@ -261,7 +262,7 @@ void TestWndGeometry::pointsBetweenWindowAndScreen()
     QCOMPARE(text(point), QStringLiteral("-1 2"));
 }
 
-void TestWndGeometry::rectanglesBetweenWindowAndScreen()
+void tst_WndGeometry::rectanglesBetweenWindowAndScreen()
 {
     QWidget widget;
     widget.setGeometry(200, 100, 300, 200);
@@ -274,7 +275,7 @@ void TestWndGeometry::rectanglesBetweenWindowAndScreen()
     QCOMPARE(text(rect), QStringLiteral("30 40 10 -20"));
 }
 
-void TestWndGeometry::nullIsLeftAlone()
+void tst_WndGeometry::nullIsLeftAlone()
 {
     QWidget widget;
     CWnd_X window;
@@ -289,7 +290,7 @@ void TestWndGeometry::nullIsLeftAlone()
 
 // ------------------------------------------------------------------------------------------------- WindowFromPoint
 
-void TestWndGeometry::windowAtAPoint()
+void tst_WndGeometry::windowAtAPoint()
 {
     QWidget widget;
     widget.setGeometry(200, 100, 300, 200);
@@ -312,7 +313,7 @@ void TestWndGeometry::windowAtAPoint()
     QCOMPARE(window.WindowFromPoint({0, 0}), nullptr);
 }
 
-void TestWndGeometry::viewportStandsForItsArea()
+void tst_WndGeometry::viewportStandsForItsArea()
 {
     QWidget widget;
     widget.setGeometry(200, 100, 300, 200);
@@ -327,5 +328,5 @@ void TestWndGeometry::viewportStandsForItsArea()
     QCOMPARE(window.WindowFromPoint({200 + 15, 100 + 15})->GetSafeHwnd(), content);
 }
 
-QTEST_MAIN(TestWndGeometry)
+XE_TEST(tst_WndGeometry)
 #include "tst_wndgeometry.moc"

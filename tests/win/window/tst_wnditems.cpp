@@ -1,7 +1,8 @@
 // The controls in a window, asked for by widget, by name and by resource id.
 
-#include "items/resource.h"
 #include "leavenothing.h"
+#include "resource.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -33,7 +34,7 @@ struct Form
 
 } // namespace
 
-class TestWndItems : public QObject
+class tst_WndItems : public QObject
 {
     Q_OBJECT
 
@@ -57,7 +58,7 @@ private Q_SLOTS:
     void windowWithoutAWidget();
 };
 
-void TestWndItems::theWidgetOfAName()
+void tst_WndItems::theWidgetOfAName()
 {
     Form form;
     QCOMPARE(form.window.GetChildWidget("IDC_NAME"), &form.name);
@@ -70,7 +71,7 @@ void TestWndItems::theWidgetOfAName()
     QCOMPARE(form.window.GetChildWidget("复选"), &form.check);
 }
 
-void TestWndItems::theWindowOfAnItem()
+void tst_WndItems::theWindowOfAnItem()
 {
     Form form;
     CWnd_X name;
@@ -91,7 +92,7 @@ void TestWndItems::theWindowOfAnItem()
     QCOMPARE(form.window.GetDlgItem(0), nullptr);
 }
 
-void TestWndItems::itemAsHandle()
+void tst_WndItems::itemAsHandle()
 {
     Form form;
     QWidget* item = nullptr;
@@ -105,7 +106,7 @@ void TestWndItems::itemAsHandle()
 
 // ----------------------------------------------------------------------------------------------------------- text
 
-void TestWndItems::textOfAnItem()
+void tst_WndItems::textOfAnItem()
 {
     Form form;
     CString_X text;
@@ -128,7 +129,7 @@ void TestWndItems::textOfAnItem()
     QCOMPARE(form.window.GetDlgItemText(IDC_NOWHERE, buffer, 4), 0U);
 }
 
-void TestWndItems::setTextOfAnItem()
+void tst_WndItems::setTextOfAnItem()
 {
     Form form;
     QCOMPARE(form.window.SetDlgItemText(&form.name, L"by widget"), 1);
@@ -147,7 +148,7 @@ void TestWndItems::setTextOfAnItem()
 
 // --------------------------------------------------------------------------------------------------------- numbers
 
-void TestWndItems::numberOfAnItem_data()
+void tst_WndItems::numberOfAnItem_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<BOOL>("isSigned");
@@ -164,7 +165,7 @@ void TestWndItems::numberOfAnItem_data()
     QTest::newRow("the largest unsigned one") << "4294967295" << FALSE << -1 << TRUE;
 }
 
-void TestWndItems::numberOfAnItem()
+void tst_WndItems::numberOfAnItem()
 {
     QFETCH(QString, text);
     QFETCH(BOOL, isSigned);
@@ -179,7 +180,7 @@ void TestWndItems::numberOfAnItem()
     QTEST(translated, "translated");
 }
 
-void TestWndItems::numberByWidgetAndId()
+void tst_WndItems::numberByWidgetAndId()
 {
     Form form;
     QCOMPARE(static_cast<int>(form.window.GetDlgItemInt(&form.count)), -12); // signed by default
@@ -192,7 +193,7 @@ void TestWndItems::numberByWidgetAndId()
     QCOMPARE(translated, FALSE);
 }
 
-void TestWndItems::setNumberOfAnItem_data()
+void tst_WndItems::setNumberOfAnItem_data()
 {
     QTest::addColumn<UINT>("number");
     QTest::addColumn<BOOL>("isSigned");
@@ -205,7 +206,7 @@ void TestWndItems::setNumberOfAnItem_data()
     QTest::newRow("largest signed number") << 0x7FFFFFFFU << TRUE << "2147483647";
 }
 
-void TestWndItems::setNumberOfAnItem()
+void tst_WndItems::setNumberOfAnItem()
 {
     QFETCH(UINT, number);
     QFETCH(BOOL, isSigned);
@@ -219,7 +220,7 @@ void TestWndItems::setNumberOfAnItem()
     QCOMPARE(form.window.SetDlgItemInt(IDC_NOWHERE, number, isSigned), 0);
 }
 
-void TestWndItems::buttons()
+void tst_WndItems::buttons()
 {
     Form form;
     form.window.CheckDlgButton(&form.check, 2);
@@ -234,7 +235,7 @@ void TestWndItems::buttons()
 
 // -------------------------------------------------------------------------------------------------------------- ids
 
-void TestWndItems::idOfAWindow()
+void tst_WndItems::idOfAWindow()
 {
     Form form;
     CWnd_X name;
@@ -250,7 +251,7 @@ void TestWndItems::idOfAWindow()
     QCOMPARE(name.GetDlgCtrlID(), IDC_NAME);
 }
 
-void TestWndItems::windowWithoutAWidget()
+void tst_WndItems::windowWithoutAWidget()
 {
     CWnd_X window;
     CString_X text(L"before");
@@ -275,5 +276,5 @@ void TestWndItems::windowWithoutAWidget()
     QCOMPARE(window.SetDlgCtrlID(IDC_NAME), 0);
 }
 
-QTEST_MAIN(TestWndItems)
+XE_TEST(tst_WndItems)
 #include "tst_wnditems.moc"

@@ -1,6 +1,7 @@
 // The menu bar of a window, and that passing wrappers leave none behind.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -26,7 +27,7 @@ using Maker = QWidget* (*)();
 
 Q_DECLARE_METATYPE(Maker)
 
-class TestWndMenuBar : public QObject
+class tst_WndMenuBar : public QObject
 {
     Q_OBJECT
 
@@ -45,7 +46,7 @@ private Q_SLOTS:
     void aBarMayEndItsWindow();
 };
 
-void TestWndMenuBar::menusAreAddedAndTakenAway()
+void tst_WndMenuBar::menusAreAddedAndTakenAway()
 {
     QWidget widget;
     CWnd_X window;
@@ -71,7 +72,7 @@ void TestWndMenuBar::menusAreAddedAndTakenAway()
     QCOMPARE(menuText(widget), QStringLiteral("shown Help"));
 }
 
-void TestWndMenuBar::menuWithoutQMenu()
+void tst_WndMenuBar::menuWithoutQMenu()
 {
     QWidget widget;
     CWnd_X window;
@@ -81,7 +82,7 @@ void TestWndMenuBar::menuWithoutQMenu()
     QCOMPARE(menuText(widget), QStringLiteral("shown"));
 }
 
-void TestWndMenuBar::menuOutlivesTheBar()
+void tst_WndMenuBar::menuOutlivesTheBar()
 {
     QWidget widget;
     CWnd_X window;
@@ -94,7 +95,7 @@ void TestWndMenuBar::menuOutlivesTheBar()
     QCOMPARE(menuText(widget), QStringLiteral("0 bars"));
 }
 
-void TestWndMenuBar::overridesMayCallEachOther()
+void tst_WndMenuBar::overridesMayCallEachOther()
 {
     class OneByOne : public CWnd_X
     {
@@ -119,7 +120,7 @@ void TestWndMenuBar::overridesMayCallEachOther()
     QCOMPARE(menuText(widget), QStringLiteral("shown File Edit"));
 }
 
-void TestWndMenuBar::noMenuBar()
+void tst_WndMenuBar::noMenuBar()
 {
     class Bare : public CWnd_X
     {
@@ -138,7 +139,7 @@ void TestWndMenuBar::noMenuBar()
 
 // ------------------------------------------------------------------------------------------------ nothing piles up
 
-void TestWndMenuBar::temporaryWrappersLeaveNothing_data()
+void tst_WndMenuBar::temporaryWrappersLeaveNothing_data()
 {
     QTest::addColumn<Maker>("make");
     QTest::newRow("QLabel") << Maker([]() -> QWidget* { return new QLabel(QStringLiteral("text")); });
@@ -149,7 +150,7 @@ void TestWndMenuBar::temporaryWrappersLeaveNothing_data()
     QTest::newRow("QSplitter") << Maker([]() -> QWidget* { return new QSplitter; });
 }
 
-void TestWndMenuBar::temporaryWrappersLeaveNothing()
+void tst_WndMenuBar::temporaryWrappersLeaveNothing()
 {
     QFETCH(Maker, make);
     const std::unique_ptr<QWidget> widget(make());
@@ -166,7 +167,7 @@ void TestWndMenuBar::temporaryWrappersLeaveNothing()
     QCOMPARE(widget->sizeHint(), size);
 }
 
-void TestWndMenuBar::permanentWrappersLeaveNothing()
+void tst_WndMenuBar::permanentWrappersLeaveNothing()
 {
     QWidget widget;
     CWnd_X window;
@@ -183,7 +184,7 @@ void TestWndMenuBar::permanentWrappersLeaveNothing()
 }
 
 // The bars go when the event loop comes round: one of them may be what has ended the window.
-void TestWndMenuBar::aBarMayEndItsWindow()
+void tst_WndMenuBar::aBarMayEndItsWindow()
 {
     QWidget widget;
     CWnd_X window;
@@ -210,5 +211,5 @@ void TestWndMenuBar::aBarMayEndItsWindow()
     QCOMPARE(window.GetSafeHwnd(), nullptr);
 }
 
-QTEST_MAIN(TestWndMenuBar)
+XE_TEST(tst_WndMenuBar)
 #include "tst_wndmenubar.moc"

@@ -1,6 +1,7 @@
 // What is painted again, and when: the region of the paint event that follows.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -100,7 +101,7 @@ const Row rows[] = {
 
 Q_DECLARE_METATYPE(Action)
 
-class TestWndPainting : public QObject
+class tst_WndPainting : public QObject
 {
     Q_OBJECT
 
@@ -149,5 +150,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestWndPainting)
+XE_TEST(tst_WndPainting)
 #include "tst_wndpainting.moc"

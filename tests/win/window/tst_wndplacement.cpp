@@ -2,8 +2,9 @@
 
 #include "leavenothing.h"
 #include "placement.h"
+#include "testclass.h"
 
-class TestWndPlacement : public QObject
+class tst_WndPlacement : public QObject
 {
     Q_OBJECT
 
@@ -49,5 +50,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestWndPlacement)
+XE_TEST(tst_WndPlacement)
 #include "tst_wndplacement.moc"

@@ -1,6 +1,7 @@
 // The scroll bars that a window keeps at its edges.
 
 #include "leavenothing.h"
+#include "testclass.h"
 
 #include <XeMFCEmu.h>
 
@@ -151,7 +152,7 @@ QString text(const tagSCROLLINFO& info)
 
 Q_DECLARE_METATYPE(Steps)
 
-class TestWndScrollBars : public QObject
+class tst_WndScrollBars : public QObject
 {
     Q_OBJECT
 
@@ -177,7 +178,7 @@ private Q_SLOTS:
 
 // ---------------------------------------------------------------------------------------------------- where they are
 
-void TestWndScrollBars::barsShown_data()
+void tst_WndScrollBars::barsShown_data()
 {
     QTest::addColumn<Steps>("steps");
     QTest::addColumn<QString>("bars");
@@ -186,7 +187,7 @@ void TestWndScrollBars::barsShown_data()
         QTest::newRow(row.name) << row.steps << row.bars << row.layouts;
 }
 
-void TestWndScrollBars::barsShown()
+void tst_WndScrollBars::barsShown()
 {
     QFETCH(Steps, steps);
     QFETCH(QString, bars);
@@ -200,7 +201,7 @@ void TestWndScrollBars::barsShown()
         QVERIFY(bar->isEnabled());
 }
 
-void TestWndScrollBars::barsOfTheStyle()
+void tst_WndScrollBars::barsOfTheStyle()
 {
     QWidget parent;
     CWnd_X window;
@@ -212,7 +213,7 @@ void TestWndScrollBars::barsOfTheStyle()
     QCOMPARE(rect.Width(), 100 - 17);
 }
 
-void TestWndScrollBars::barsFollowTheWindow_data()
+void tst_WndScrollBars::barsFollowTheWindow_data()
 {
     QTest::addColumn<DWORD>("style");
     QTest::addColumn<QString>("bars");
@@ -222,7 +223,7 @@ void TestWndScrollBars::barsFollowTheWindow_data()
     QTest::newRow("both") << (WS_HSCROLL | WS_VSCROLL) << "H 0,183 283x17 V 283,0 17x183";
 }
 
-void TestWndScrollBars::barsFollowTheWindow()
+void tst_WndScrollBars::barsFollowTheWindow()
 {
     QFETCH(DWORD, style);
     QWidget parent;
@@ -236,7 +237,7 @@ void TestWndScrollBars::barsFollowTheWindow()
     QCOMPARE(barsText(window), QString());
 }
 
-void TestWndScrollBars::whichBar()
+void tst_WndScrollBars::whichBar()
 {
     Stage stage;
     const CWnd_X& window = stage.window;
@@ -254,7 +255,7 @@ void TestWndScrollBars::whichBar()
     QCOMPARE(barsText(window), QStringLiteral("H 0,63 83x17 V 83,0 17x63"));
 }
 
-void TestWndScrollBars::aClassMayHaveBarsOfItsOwn()
+void tst_WndScrollBars::aClassMayHaveBarsOfItsOwn()
 {
     class OwnBarWindow : public CWnd_X
     {
@@ -278,7 +279,7 @@ void TestWndScrollBars::aClassMayHaveBarsOfItsOwn()
 
 // -------------------------------------------------------------------------------------------------- what they say
 
-void TestWndScrollBars::setInfo_data()
+void tst_WndScrollBars::setInfo_data()
 {
     QTest::addColumn<UINT>("mask");
     QTest::addColumn<int>("result");
@@ -295,7 +296,7 @@ void TestWndScrollBars::setInfo_data()
     QTest::newRow("another bit beside") << (SIF_PAGE | 8U) << 1 << "0..99 page 20 pos 5";
 }
 
-void TestWndScrollBars::setInfo()
+void tst_WndScrollBars::setInfo()
 {
     QFETCH(UINT, mask);
     for (const int bar : {SB_HORZ, SB_VERT}) {
@@ -315,7 +316,7 @@ void TestWndScrollBars::setInfo()
     }
 }
 
-void TestWndScrollBars::getInfo_data()
+void tst_WndScrollBars::getInfo_data()
 {
     QTest::addColumn<UINT>("mask");
     QTest::addColumn<QString>("record");
@@ -329,7 +330,7 @@ void TestWndScrollBars::getInfo_data()
     QTest::newRow("another bit") << 8U << "mask 8 range -10..300 page 20 pos 30 track 40";
 }
 
-void TestWndScrollBars::getInfo()
+void tst_WndScrollBars::getInfo()
 {
     QFETCH(UINT, mask);
     Stage stage(WS_VSCROLL);
@@ -348,7 +349,7 @@ void TestWndScrollBars::getInfo()
     QCOMPARE(text(asked), QStringLiteral("mask 23 range 1..200 page 50 pos 60 track 60"));
 }
 
-void TestWndScrollBars::noInfo()
+void tst_WndScrollBars::noInfo()
 {
     Stage stage(WS_VSCROLL);
     tagSCROLLINFO record = info(SIF_ALL);
@@ -359,7 +360,7 @@ void TestWndScrollBars::noInfo()
     QCOMPARE(stage.window.GetScrollInfo(SB_VERT, nullptr), 0);
 }
 
-void TestWndScrollBars::trackPositionIsThatOfTheSlider()
+void tst_WndScrollBars::trackPositionIsThatOfTheSlider()
 {
     Stage stage(WS_VSCROLL);
     QScrollBar* const scrollBar = stage.window.GetScrollBarCtrl(SB_VERT);
@@ -374,7 +375,7 @@ void TestWndScrollBars::trackPositionIsThatOfTheSlider()
     QCOMPARE(stage.window.GetScrollPos(SB_VERT), 0);
 }
 
-void TestWndScrollBars::limitIsOneLessThanTheMaximum()
+void tst_WndScrollBars::limitIsOneLessThanTheMaximum()
 {
     Stage stage(WS_VSCROLL);
     QCOMPARE(stage.window.GetScrollLimit(SB_HORZ), 0);
@@ -383,5 +384,5 @@ void TestWndScrollBars::limitIsOneLessThanTheMaximum()
     QCOMPARE(stage.window.GetScrollLimit(SB_VERT), -1);
 }
 
-QTEST_MAIN(TestWndScrollBars)
+XE_TEST(tst_WndScrollBars)
 #include "tst_wndscrollbars.moc"

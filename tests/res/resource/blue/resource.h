@@ -1,2 +1,2 @@
-#define IDC_BLUE                        1001
-#define IDC_SHARED                      2010
+#define IDC_BLUE 1001
+#define IDC_SHARED 2010

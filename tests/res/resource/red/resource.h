@@ -1,3 +1,3 @@
-#define IDC_RED                         1001
-#define IDC_SHARED                      1010
-#define IDC_ONLY_RED                    1011
+#define IDC_RED 1001
+#define IDC_SHARED 1010
+#define IDC_ONLY_RED 1011

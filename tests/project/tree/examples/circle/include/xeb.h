@@ -1,3 +1,3 @@
 #pragma once
-#include <vector>
 #include "xec.h"
+#include <vector>

@@ -1,3 +1,3 @@
 #include "XeCustomUI.h"
-#include "xewindow.h"
 #include "core/links.h"
+#include "xewindow.h"

@@ -1,4 +1,4 @@
 #pragma once
 #include "xebase.h"
-#include <XeCustomUI.h>
 #include <QWidget>
+#include <XeCustomUI.h>

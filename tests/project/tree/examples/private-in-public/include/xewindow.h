@@ -1,3 +1,3 @@
 #pragma once
-#include <QWidget>
 #include "core/links.h"
+#include <QWidget>

@@ -1,2 +1,2 @@
 #pragma once
-#  include "ctrl/button.h"
+#include "ctrl/button.h"

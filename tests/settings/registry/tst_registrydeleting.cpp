@@ -1,4 +1,5 @@
 #include "registrytext.h"
+#include "testclass.h"
 
 #include <QtTest>
 
@@ -254,5 +255,5 @@ void tst_RegistryDeleting::aCopyOntoItselfChangesNothing()
     QCOMPARE(textsOf(key), texts);
 }
 
-QTEST_GUILESS_MAIN(tst_RegistryDeleting)
-#include "tst_registry_deleting.moc"
+XE_GUILESS_TEST(tst_RegistryDeleting)
+#include "tst_registrydeleting.moc"

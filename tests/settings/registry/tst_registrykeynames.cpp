@@ -1,4 +1,5 @@
 #include "registrytext.h"
+#include "testclass.h"
 
 #include <QtTest>
 
@@ -223,5 +224,5 @@ void tst_RegistryKeyNames::slashesThatSeparateNothingAreDropped()
     QCOMPARE(entriesOf(key), QStringList());
 }
 
-QTEST_GUILESS_MAIN(tst_RegistryKeyNames)
-#include "tst_registry_keynames.moc"
+XE_GUILESS_TEST(tst_RegistryKeyNames)
+#include "tst_registrykeynames.moc"

@@ -2,6 +2,7 @@
 
 #include "mainframe.h"
 #include "settings.h"
+#include "testclass.h"
 
 #include <QAction>
 #include <QTemporaryDir>
@@ -30,7 +31,7 @@ void setDigits(const wchar_t* name, const wchar_t* digits)
 
 } // namespace
 
-class tst_partsbook_settings : public QObject
+class tst_PartsbookSettings : public QObject
 {
     Q_OBJECT
 
@@ -48,7 +49,7 @@ private slots:
     void theLogTellsWhatWasDone();
 };
 
-void tst_partsbook_settings::init()
+void tst_PartsbookSettings::init()
 {
     HKEY key = nullptr;
     RegOpenKeyW_X(HKEY_CURRENT_USER, L"Software\\PartsBook", &key);
@@ -56,20 +57,20 @@ void tst_partsbook_settings::init()
     RegCloseKey_X(key);
 }
 
-void tst_partsbook_settings::nothingYet()
+void tst_PartsbookSettings::nothingYet()
 {
     QVERIFY(!settings::windowPlace().isValid());
     QVERIFY(settings::recentFiles().empty());
 }
 
-void tst_partsbook_settings::placeOfTheWindow()
+void tst_PartsbookSettings::placeOfTheWindow()
 {
     const QRect place(-5, 20, 300, 400);
     settings::setWindowPlace(place);
     QCOMPARE(settings::windowPlace(), place);
 }
 
-void tst_partsbook_settings::placeOfAnEarlierRun()
+void tst_PartsbookSettings::placeOfAnEarlierRun()
 {
     settings::setWindowPlace(QRect(1, 2, 3, 4));
     setDigits(L"Left", L"4294967291"); // as the file has -5
@@ -79,7 +80,7 @@ void tst_partsbook_settings::placeOfAnEarlierRun()
     QVERIFY(!settings::windowPlace().isValid());
 }
 
-void tst_partsbook_settings::recentFilesInOrder()
+void tst_PartsbookSettings::recentFilesInOrder()
 {
     for (const wchar_t* name : {L"/a", L"/b", L"/c"})
         settings::addRecentFile(name);
@@ -91,14 +92,14 @@ void tst_partsbook_settings::recentFilesInOrder()
     QCOMPARE(recentFiles(), QStringList({"/e", "/d", "/a", "/c"}));
 }
 
-void tst_partsbook_settings::fileNamesOfAnyKind()
+void tst_PartsbookSettings::fileNamesOfAnyKind()
 {
     const CString_X name = CString_X(L"/零件, \"new\"\\old;%20=1 😀.csv");
     settings::addRecentFile(name);
     QCOMPARE(recentFiles(), QStringList({XeQString(name)}));
 }
 
-void tst_partsbook_settings::theWindowComesBack()
+void tst_PartsbookSettings::theWindowComesBack()
 {
     const QRect place(40, 60, 640, 420);
     CMainFrame first;
@@ -113,7 +114,7 @@ void tst_partsbook_settings::theWindowComesBack()
     second.DestroyWindow();
 }
 
-void tst_partsbook_settings::aPlaceThatNoScreenShows()
+void tst_PartsbookSettings::aPlaceThatNoScreenShows()
 {
     settings::setWindowPlace(QRect(-9000, -9000, 640, 420));
     CMainFrame frame;
@@ -122,7 +123,7 @@ void tst_partsbook_settings::aPlaceThatNoScreenShows()
     frame.DestroyWindow();
 }
 
-void tst_partsbook_settings::openedFilesAreRecent()
+void tst_PartsbookSettings::openedFilesAreRecent()
 {
     const QTemporaryDir folder;
     PartsBook book;
@@ -145,7 +146,7 @@ void tst_partsbook_settings::openedFilesAreRecent()
     frame.DestroyWindow();
 }
 
-void tst_partsbook_settings::theLogTellsWhatWasDone()
+void tst_PartsbookSettings::theLogTellsWhatWasDone()
 {
     QDir common(XeQString(GetMainDirectory() + L"/Common"));
     QVERIFY(common.mkpath("."));
@@ -169,5 +170,5 @@ void tst_partsbook_settings::theLogTellsWhatWasDone()
     QVERIFY2(lines.match(text).hasMatch(), qPrintable(text));
 }
 
-QTEST_MAIN(tst_partsbook_settings)
-#include "tst_partsbook_settings.moc"
+XE_TEST(tst_PartsbookSettings)
+#include "tst_partsbooksettings.moc"

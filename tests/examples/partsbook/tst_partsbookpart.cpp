@@ -1,6 +1,7 @@
 // A part and the fields of its line: what is read, what is refused and what is written.
 
 #include "part.h"
+#include "testclass.h"
 
 #include <QtTest>
 
@@ -19,7 +20,7 @@ QString complaintAbout(const QStringList& texts)
 
 } // namespace
 
-class tst_partsbook_part : public QObject
+class tst_PartsbookPart : public QObject
 {
     Q_OBJECT
 
@@ -39,7 +40,7 @@ private slots:
     void search();
 };
 
-void tst_partsbook_part::readsAllFields()
+void tst_PartsbookPart::readsAllFields()
 {
     Part part;
     QCOMPARE(readPart(fieldsFrom(good), part), CString_X());
@@ -55,7 +56,7 @@ void tst_partsbook_part::readsAllFields()
     QCOMPARE(part.remark, CString_X(L"shelf 2"));
 }
 
-void tst_partsbook_part::wordsInAnyCase()
+void tst_PartsbookPart::wordsInAnyCase()
 {
     QStringList texts = good;
     texts[4] = "Customer";
@@ -66,7 +67,7 @@ void tst_partsbook_part::wordsInAnyCase()
     QCOMPARE(part.inUse, FALSE);
 }
 
-void tst_partsbook_part::acceptsTheLimits()
+void tst_PartsbookPart::acceptsTheLimits()
 {
     const QString sixteen(16, 'x');
     const QString forty(40, QChar(0x8F74));
@@ -77,7 +78,7 @@ void tst_partsbook_part::acceptsTheLimits()
     QCOMPARE(complaintAbout({"1", "", "", "", "made", "0", "0", "0", "no", ""}), QString());
 }
 
-void tst_partsbook_part::refuses_data()
+void tst_PartsbookPart::refuses_data()
 {
     QTest::addColumn<int>("field");
     QTest::addColumn<QString>("text");
@@ -111,7 +112,7 @@ void tst_partsbook_part::refuses_data()
     row("long remark", 9, QString(61, 'x'), "remark: more than 60 characters");
 }
 
-void tst_partsbook_part::refuses()
+void tst_PartsbookPart::refuses()
 {
     QFETCH(const int, field);
     QFETCH(const QString, text);
@@ -120,14 +121,14 @@ void tst_partsbook_part::refuses()
     QTEST(complaintAbout(texts), "complaint");
 }
 
-void tst_partsbook_part::numberOfFields()
+void tst_PartsbookPart::numberOfFields()
 {
     QCOMPARE(complaintAbout(good.mid(1)), QString("9 fields in place of 10"));
     QCOMPARE(complaintAbout(good + QStringList("")), QString("11 fields in place of 10"));
     QCOMPARE(complaintAbout({}), QString("0 fields in place of 10"));
 }
 
-void tst_partsbook_part::theFirstWrongFieldIsTold()
+void tst_PartsbookPart::theFirstWrongFieldIsTold()
 {
     QStringList texts = good;
     texts[5] = "x";
@@ -135,7 +136,7 @@ void tst_partsbook_part::theFirstWrongFieldIsTold()
     QCOMPARE(complaintAbout(texts), QString("stock: no whole number from 0 to 99999"));
 }
 
-void tst_partsbook_part::writesWhatItReads()
+void tst_PartsbookPart::writesWhatItReads()
 {
     Part part;
     QCOMPARE(readPart(fieldsFrom(good), part), CString_X());
@@ -145,7 +146,7 @@ void tst_partsbook_part::writesWhatItReads()
     QVERIFY(same == part);
 }
 
-void tst_partsbook_part::prices_data()
+void tst_PartsbookPart::prices_data()
 {
     QTest::addColumn<double>("price");
     QTest::addColumn<QString>("text");
@@ -157,14 +158,14 @@ void tst_partsbook_part::prices_data()
     QTest::newRow("six digits at most") << 1.23456789 << "1.23457";
 }
 
-void tst_partsbook_part::prices()
+void tst_PartsbookPart::prices()
 {
     QFETCH(const double, price);
     QFETCH(const QString, text);
     QCOMPARE(XeQString(priceText(price)), text);
 }
 
-void tst_partsbook_part::shortOfStock()
+void tst_PartsbookPart::shortOfStock()
 {
     Part part;
     part.minimum = 10;
@@ -176,7 +177,7 @@ void tst_partsbook_part::shortOfStock()
     QVERIFY(!part.isShort());
 }
 
-void tst_partsbook_part::search_data()
+void tst_PartsbookPart::search_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("matchCase");
@@ -193,7 +194,7 @@ void tst_partsbook_part::search_data()
     QTest::newRow("not in the numbers") << "3.65" << false << false;
 }
 
-void tst_partsbook_part::search()
+void tst_PartsbookPart::search()
 {
     QFETCH(const QString, text);
     QFETCH(const bool, matchCase);
@@ -202,5 +203,5 @@ void tst_partsbook_part::search()
     QTEST(hasText(part, CString_X(text), matchCase), "found");
 }
 
-QTEST_GUILESS_MAIN(tst_partsbook_part)
-#include "tst_partsbook_part.moc"
+XE_GUILESS_TEST(tst_PartsbookPart)
+#include "tst_partsbookpart.moc"

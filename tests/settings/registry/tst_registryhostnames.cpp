@@ -1,5 +1,6 @@
 #include "registrytext.h"
 #include "runhost.h"
+#include "testclass.h"
 
 #include <QDirIterator>
 #include <QTemporaryDir>
@@ -50,5 +51,5 @@ void tst_RegistryHostNames::namesSetInMainAreTooLate()
     QCOMPARE(contentOf(registryFile()), QByteArray("[HKEY_CURRENT_USER]\nSoftware\\n=1\n"));
 }
 
-QTEST_GUILESS_MAIN(tst_RegistryHostNames)
-#include "tst_registry_hostnames.moc"
+XE_GUILESS_TEST(tst_RegistryHostNames)
+#include "tst_registryhostnames.moc"

@@ -1,4 +1,5 @@
 #include "registrytext.h"
+#include "testclass.h"
 
 #include <QtTest>
 
@@ -244,5 +245,5 @@ void tst_RegistryValueTexts::noValuesAtAll()
     QCOMPARE(entry.ve_valuelen, 77U);
 }
 
-QTEST_GUILESS_MAIN(tst_RegistryValueTexts)
-#include "tst_registry_valuetexts.moc"
+XE_GUILESS_TEST(tst_RegistryValueTexts)
+#include "tst_registryvaluetexts.moc"

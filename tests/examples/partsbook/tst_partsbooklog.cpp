@@ -1,4 +1,5 @@
 #include "messagelog.h"
+#include "testclass.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -22,7 +23,7 @@ QStringList view(const MessageLog& log)
 
 } // namespace
 
-class tst_partsbook_log : public QObject
+class tst_PartsbookLog : public QObject
 {
     Q_OBJECT
 
@@ -56,7 +57,7 @@ private slots:
     void traceToAFolderFails();
 };
 
-void tst_partsbook_log::mouseText_data()
+void tst_PartsbookLog::mouseText_data()
 {
     QTest::addColumn<UINT>("message");
     QTest::addColumn<UINT>("flags");
@@ -83,7 +84,7 @@ void tst_partsbook_log::mouseText_data()
     row("a message without a name shows its number", 0x7FFF, 0, {1, 2}, "WM 0x7FFF  (1, 2)");
 }
 
-void tst_partsbook_log::mouseText()
+void tst_PartsbookLog::mouseText()
 {
     QFETCH(const UINT, message);
     QFETCH(const UINT, flags);
@@ -91,7 +92,7 @@ void tst_partsbook_log::mouseText()
     QTEST(mouseLine(message, flags, CPoint(point.x(), point.y())).text(), "text");
 }
 
-void tst_partsbook_log::wheelText_data()
+void tst_PartsbookLog::wheelText_data()
 {
     QTest::addColumn<UINT>("flags");
     QTest::addColumn<int>("delta");
@@ -103,14 +104,14 @@ void tst_partsbook_log::wheelText_data()
     QTest::newRow("with Control") << 0x08u << 240 << "WM_MOUSEWHEEL  +240  MK_CONTROL  (7, 9)";
 }
 
-void tst_partsbook_log::wheelText()
+void tst_PartsbookLog::wheelText()
 {
     QFETCH(const UINT, flags);
     QFETCH(const int, delta);
     QTEST(wheelLine(flags, static_cast<short>(delta), CPoint(7, 9)).text(), "text");
 }
 
-void tst_partsbook_log::keyMessageText_data()
+void tst_PartsbookLog::keyMessageText_data()
 {
     QTest::addColumn<UINT>("message");
     QTest::addColumn<UINT>("vk");
@@ -124,7 +125,7 @@ void tst_partsbook_log::keyMessageText_data()
     QTest::newRow("Shift and Control") << 0x100u << 0x70u << 0x0Cu << "WM_KEYDOWN  VK_F1  MK_SHIFT | MK_CONTROL";
 }
 
-void tst_partsbook_log::keyMessageText()
+void tst_PartsbookLog::keyMessageText()
 {
     QFETCH(const UINT, message);
     QFETCH(const UINT, vk);
@@ -132,7 +133,7 @@ void tst_partsbook_log::keyMessageText()
     QTEST(keyLine(message, vk, modifiers).text(), "text");
 }
 
-void tst_partsbook_log::keyName_data()
+void tst_PartsbookLog::keyName_data()
 {
     QTest::addColumn<UINT>("vk");
     QTest::addColumn<QString>("text");
@@ -161,13 +162,13 @@ void tst_partsbook_log::keyName_data()
     row(0xFFFFFFFF, "no VK");
 }
 
-void tst_partsbook_log::keyName()
+void tst_PartsbookLog::keyName()
 {
     QFETCH(const UINT, vk);
     QTEST(keyText(vk), "text");
 }
 
-void tst_partsbook_log::characterMessageText_data()
+void tst_PartsbookLog::characterMessageText_data()
 {
     QTest::addColumn<UINT>("message");
     QTest::addColumn<UINT>("character");
@@ -186,7 +187,7 @@ void tst_partsbook_log::characterMessageText_data()
     QTest::newRow("with Alt") << 0x106u << 0x78u << 0x20u << "WM_SYSCHAR  'x'  MK_ALT";
 }
 
-void tst_partsbook_log::characterMessageText()
+void tst_PartsbookLog::characterMessageText()
 {
     QFETCH(const UINT, message);
     QFETCH(const UINT, character);
@@ -194,11 +195,11 @@ void tst_partsbook_log::characterMessageText()
     QTEST(characterLine(message, character, modifiers).text(), "text");
 }
 
-void tst_partsbook_log::timerText() { QCOMPARE(timerLine(17).text(), QString("WM_TIMER  id 17")); }
+void tst_PartsbookLog::timerText() { QCOMPARE(timerLine(17).text(), QString("WM_TIMER  id 17")); }
 
-void tst_partsbook_log::sizeText() { QCOMPARE(sizeLine(1000, 618).text(), QString("WM_SIZE  1000 x 618")); }
+void tst_PartsbookLog::sizeText() { QCOMPARE(sizeLine(1000, 618).text(), QString("WM_SIZE  1000 x 618")); }
 
-void tst_partsbook_log::partsOfALine()
+void tst_PartsbookLog::partsOfALine()
 {
     const MessageLine line = mouseLine(WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, CPoint(120, 80));
     QCOMPARE(line.message, 0x201u);
@@ -208,7 +209,7 @@ void tst_partsbook_log::partsOfALine()
     QCOMPARE(line.count, 1);
 }
 
-void tst_partsbook_log::kinds()
+void tst_PartsbookLog::kinds()
 {
     QVERIFY(mouseLine(WM_LBUTTONDOWN, 0, CPoint()).kind == MessageKind::Mouse);
     QVERIFY(mouseLine(WM_MBUTTONDBLCLK, 0, CPoint()).kind == MessageKind::Mouse);
@@ -220,7 +221,7 @@ void tst_partsbook_log::kinds()
     QVERIFY(sizeLine(1, 1).kind == MessageKind::Size);
 }
 
-void tst_partsbook_log::movesInARowAreOneLine()
+void tst_PartsbookLog::movesInARowAreOneLine()
 {
     MessageLog log;
     for (int x = 1; x <= 17; ++x)
@@ -229,7 +230,7 @@ void tst_partsbook_log::movesInARowAreOneLine()
     QCOMPARE(log.total(), 17);
 }
 
-void tst_partsbook_log::anotherMessageEndsARowOfMoves()
+void tst_PartsbookLog::anotherMessageEndsARowOfMoves()
 {
     MessageLog log;
     log.append(mouseLine(WM_MOUSEMOVE, 0, CPoint(1, 1)));
@@ -239,7 +240,7 @@ void tst_partsbook_log::anotherMessageEndsARowOfMoves()
     QCOMPARE(view(log), (QStringList{"WM_MOUSEMOVE  (2, 2) x2", "WM_LBUTTONUP  (2, 2)", "WM_MOUSEMOVE  (3, 3)"}));
 }
 
-void tst_partsbook_log::timersInARowAreOneLine()
+void tst_PartsbookLog::timersInARowAreOneLine()
 {
     MessageLog log;
     log.append(timerLine(1));
@@ -249,7 +250,7 @@ void tst_partsbook_log::timersInARowAreOneLine()
     QCOMPARE(view(log), (QStringList{"WM_TIMER  id 1 x2", "WM_MOUSEMOVE  (1, 1)", "WM_TIMER  id 1"}));
 }
 
-void tst_partsbook_log::otherMessagesAreNeverJoined()
+void tst_PartsbookLog::otherMessagesAreNeverJoined()
 {
     MessageLog log;
     log.append(wheelLine(0, 120, CPoint(1, 1)));
@@ -257,7 +258,7 @@ void tst_partsbook_log::otherMessagesAreNeverJoined()
     QCOMPARE(view(log), (QStringList{"WM_MOUSEWHEEL  +120  (1, 1)", "WM_MOUSEWHEEL  +120  (1, 1)"}));
 }
 
-void tst_partsbook_log::theTimeIsThatOfTheLastMessage()
+void tst_PartsbookLog::theTimeIsThatOfTheLastMessage()
 {
     MessageLog log;
     log.append(timerLine(1));
@@ -268,7 +269,7 @@ void tst_partsbook_log::theTimeIsThatOfTheLastMessage()
     QVERIFY(log.lines().last().time != first);
 }
 
-void tst_partsbook_log::oldLinesAreDropped()
+void tst_PartsbookLog::oldLinesAreDropped()
 {
     MessageLog log;
     for (int i = 1; i <= MessageLog::capacity + 3; ++i)
@@ -279,7 +280,7 @@ void tst_partsbook_log::oldLinesAreDropped()
     QCOMPARE(log.total(), 503);
 }
 
-void tst_partsbook_log::traceHasEachMessage()
+void tst_PartsbookLog::traceHasEachMessage()
 {
     const QTemporaryDir folder;
     MessageLog log;
@@ -290,7 +291,7 @@ void tst_partsbook_log::traceHasEachMessage()
     QCOMPARE(contentOf(folder.filePath("trace")), QByteArray("WM_MOUSEMOVE  (1, 1)\nWM_MOUSEMOVE  (2, 2)\n"));
 }
 
-void tst_partsbook_log::traceIsThereAtOnce()
+void tst_PartsbookLog::traceIsThereAtOnce()
 {
     const QTemporaryDir folder;
     MessageLog log;
@@ -300,7 +301,7 @@ void tst_partsbook_log::traceIsThereAtOnce()
     QCOMPARE(contentOf(folder.filePath("trace")), QByteArray("WM_TIMER  id 1\n"));
 }
 
-void tst_partsbook_log::traceAppends()
+void tst_PartsbookLog::traceAppends()
 {
     const QTemporaryDir folder;
     for (int run = 1; run <= 2; ++run) {
@@ -311,7 +312,7 @@ void tst_partsbook_log::traceAppends()
     QCOMPARE(contentOf(folder.filePath("trace")), QByteArray("WM_SIZE  1 x 1\nWM_SIZE  2 x 2\n"));
 }
 
-void tst_partsbook_log::traceIsUtf8()
+void tst_PartsbookLog::traceIsUtf8()
 {
     const QTemporaryDir folder;
     MessageLog log;
@@ -320,7 +321,7 @@ void tst_partsbook_log::traceIsUtf8()
     QCOMPARE(contentOf(folder.filePath("trace")), QByteArray("WM_CHAR  '\xC3\xA9'\n"));
 }
 
-void tst_partsbook_log::traceToAFolderFails()
+void tst_PartsbookLog::traceToAFolderFails()
 {
     const QTemporaryDir folder;
     MessageLog log;
@@ -329,5 +330,5 @@ void tst_partsbook_log::traceToAFolderFails()
     QCOMPARE(view(log), QStringList{"WM_TIMER  id 1"});
 }
 
-QTEST_GUILESS_MAIN(tst_partsbook_log)
-#include "tst_partsbook_log.moc"
+XE_GUILESS_TEST(tst_PartsbookLog)
+#include "tst_partsbooklog.moc"

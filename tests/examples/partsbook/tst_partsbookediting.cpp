@@ -1,5 +1,6 @@
 // The real program under a user's hands: what keyboard and mouse do to the file, byte for byte.
 
+#include "testclass.h"
 #include "xuser.h"
 
 #include <QProcess>
@@ -19,7 +20,7 @@ const QByteArray bearing =
 
 } // namespace
 
-class tst_partsbook_editing : public QObject
+class tst_PartsbookEditing : public QObject
 {
     Q_OBJECT
 
@@ -53,14 +54,14 @@ private:
     WId m_window = 0; // the one that came up last
 };
 
-void tst_partsbook_editing::initTestCase()
+void tst_PartsbookEditing::initTestCase()
 {
     QVERIFY(m_user.isUsable());
     QVERIFY2(QFileInfo(qEnvironmentVariable("PARTSBOOK")).isExecutable(), "PARTSBOOK does not name the program");
     QCOMPARE(m_original.count(bearing), 1);
 }
 
-void tst_partsbook_editing::init()
+void tst_PartsbookEditing::init()
 {
     m_folder.reset(new QTemporaryDir);
     m_parts = m_folder->filePath("parts.csv");
@@ -69,7 +70,7 @@ void tst_partsbook_editing::init()
     QCOMPARE(file.write(m_original), qint64(m_original.size()));
 }
 
-void tst_partsbook_editing::cleanup()
+void tst_PartsbookEditing::cleanup()
 {
     m_user.releaseAll();
     if (m_program.state() != QProcess::NotRunning) {
@@ -79,7 +80,7 @@ void tst_partsbook_editing::cleanup()
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList("parts.csv"));
 }
 
-void tst_partsbook_editing::start()
+void tst_PartsbookEditing::start()
 {
     // Qt complains of windows of its own that are gone sooner than it is done with them.
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -89,7 +90,7 @@ void tst_partsbook_editing::start()
     QVERIFY(m_program.waitForStarted());
 }
 
-void tst_partsbook_editing::comesUp(const QString& title)
+void tst_PartsbookEditing::comesUp(const QString& title)
 {
     const auto hasCome = [&] {
         m_window = m_user.windowOfProcess(m_program.processId(), title);
@@ -99,7 +100,7 @@ void tst_partsbook_editing::comesUp(const QString& title)
     QVERIFY2(hasCome(), qPrintable("missing: " + title));
 }
 
-void tst_partsbook_editing::waitForEnd(int exitCode)
+void tst_PartsbookEditing::waitForEnd(int exitCode)
 {
     QVERIFY(m_program.state() == QProcess::NotRunning || m_program.waitForFinished(5000));
     QCOMPARE(m_program.exitStatus(), QProcess::NormalExit);
@@ -107,7 +108,7 @@ void tst_partsbook_editing::waitForEnd(int exitCode)
     QCOMPARE(m_program.readAllStandardError(), QByteArray());
 }
 
-void tst_partsbook_editing::openSearch()
+void tst_PartsbookEditing::openSearch()
 {
     comesUp("Parts Book");
     m_user.press("Control_L f");
@@ -115,7 +116,7 @@ void tst_partsbook_editing::openSearch()
 }
 
 // By the search, beside which the main window can be used.
-void tst_partsbook_editing::openBearing()
+void tst_PartsbookEditing::openBearing()
 {
     openSearch();
     m_user.type("be-6204");
@@ -126,7 +127,7 @@ void tst_partsbook_editing::openBearing()
     comesUp("Edit Part");
 }
 
-void tst_partsbook_editing::becomesOriginalBut(const QByteArray& line)
+void tst_PartsbookEditing::becomesOriginalBut(const QByteArray& line)
 {
     const int before = m_original.indexOf(bearing);
     const int behind = m_original.size() - before - bearing.size();
@@ -137,7 +138,7 @@ void tst_partsbook_editing::becomesOriginalBut(const QByteArray& line)
     QCOMPARE(present().right(behind), m_original.right(behind));
 }
 
-void tst_partsbook_editing::oneFieldAfterARefusal()
+void tst_PartsbookEditing::oneFieldAfterARefusal()
 {
     start();
     openBearing();
@@ -157,7 +158,7 @@ void tst_partsbook_editing::oneFieldAfterARefusal()
     waitForEnd(0);
 }
 
-void tst_partsbook_editing::everyControl()
+void tst_PartsbookEditing::everyControl()
 {
     QVERIFY(m_user.provideKey(0x1000000 | 0x8F74)); // 轴
     start();
@@ -192,7 +193,7 @@ void tst_partsbook_editing::everyControl()
 }
 
 // Which of the rows that is depends on the font.
-void tst_partsbook_editing::deletionOfThePartUnderTheMouse()
+void tst_PartsbookEditing::deletionOfThePartUnderTheMouse()
 {
     start();
     openSearch();
@@ -219,7 +220,7 @@ void tst_partsbook_editing::deletionOfThePartUnderTheMouse()
     QCOMPARE(left, lines);
 }
 
-void tst_partsbook_editing::unsavedChangesAreSavedOnClosing()
+void tst_PartsbookEditing::unsavedChangesAreSavedOnClosing()
 {
     start();
     openBearing();
@@ -240,7 +241,7 @@ void tst_partsbook_editing::unsavedChangesAreSavedOnClosing()
     becomesOriginalBut(QByteArray(bearing).replace(",3.65,", ",4.00,"));
 }
 
-void tst_partsbook_editing::badLinesStay()
+void tst_PartsbookEditing::badLinesStay()
 {
     m_original = "number,name\r\n\xFF\xFE\r\n" + QByteArray(bearing).replace('\n', "\r\n") + "\"open";
     init();
@@ -259,7 +260,7 @@ void tst_partsbook_editing::badLinesStay()
     m_original = contentOf(qEnvironmentVariable("PARTS"));
 }
 
-void tst_partsbook_editing::aFileThatIsNotThere()
+void tst_PartsbookEditing::aFileThatIsNotThere()
 {
     const QString present = m_parts;
     m_parts = m_folder->filePath("missing.csv");
@@ -270,5 +271,5 @@ void tst_partsbook_editing::aFileThatIsNotThere()
     QCOMPARE(contentOf(present), m_original);
 }
 
-QTEST_GUILESS_MAIN(tst_partsbook_editing)
-#include "tst_partsbook_editing.moc"
+XE_GUILESS_TEST(tst_PartsbookEditing)
+#include "tst_partsbookediting.moc"

@@ -1,4 +1,5 @@
 #include "registrytext.h"
+#include "testclass.h"
 
 #include <QtTest>
 
@@ -256,5 +257,5 @@ void tst_RegistryKeys::flushTakesAnyHandle()
 
 void tst_RegistryKeys::theCacheFunctionDoesNothing() { QCOMPARE(RegDisablePredefinedCache_X(), 0); }
 
-QTEST_GUILESS_MAIN(tst_RegistryKeys)
-#include "tst_registry_keys.moc"
+XE_GUILESS_TEST(tst_RegistryKeys)
+#include "tst_registrykeys.moc"

@@ -1,6 +1,7 @@
 // A book of parts and its file: what the user has not changed is never lost, and a file is written whole or not at all.
 
 #include "partsbook.h"
+#include "testclass.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -40,7 +41,7 @@ private:
 
 } // namespace
 
-class tst_partsbook_file : public QObject
+class tst_PartsbookFile : public QObject
 {
     Q_OBJECT
 
@@ -78,37 +79,37 @@ private:
     PartsBook m_book;
 };
 
-void tst_partsbook_file::init()
+void tst_PartsbookFile::init()
 {
     m_folder.reset(new QTemporaryDir);
     QVERIFY(m_folder->isValid());
     m_book = PartsBook();
 }
 
-void tst_partsbook_file::write(const QByteArray& text, const char* name)
+void tst_PartsbookFile::write(const QByteArray& text, const char* name)
 {
     QFile file(path(name));
     QVERIFY(file.open(QIODevice::WriteOnly));
     QCOMPARE(file.write(text), qint64(text.size()));
 }
 
-QByteArray tst_partsbook_file::content(const char* name) const
+QByteArray tst_PartsbookFile::content(const char* name) const
 {
     QFile file(path(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
 }
 
-bool tst_partsbook_file::load(const QByteArray& text)
+bool tst_PartsbookFile::load(const QByteArray& text)
 {
     write(text);
     return m_book.load(path("parts.csv"));
 }
 
-QByteArray tst_partsbook_file::saved() { return m_book.save() ? content() : QByteArray("cannot be saved"); }
+QByteArray tst_PartsbookFile::saved() { return m_book.save() ? content() : QByteArray("cannot be saved"); }
 
 // ------------------------------------------------------------------------------------------------------ what is kept
 
-void tst_partsbook_file::theShippedFile()
+void tst_PartsbookFile::theShippedFile()
 {
     QVERIFY(m_book.load(qEnvironmentVariable("PARTS")));
     QCOMPARE(m_book.count(), 200);
@@ -119,7 +120,7 @@ void tst_partsbook_file::theShippedFile()
     QCOMPARE(numbers.size(), 200);
 }
 
-void tst_partsbook_file::isSavedAsItWas_data()
+void tst_PartsbookFile::isSavedAsItWas_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<int>("parts");
@@ -142,7 +143,7 @@ void tst_partsbook_file::isSavedAsItWas_data()
     row("bytes of any kind", QByteArray("\0\1\2\n\xC3\x28\r\r\n\"\"\"", 12) + screw, 0, 3);
 }
 
-void tst_partsbook_file::isSavedAsItWas()
+void tst_PartsbookFile::isSavedAsItWas()
 {
     QFETCH(const QByteArray, text);
     QVERIFY(load(text));
@@ -152,7 +153,7 @@ void tst_partsbook_file::isSavedAsItWas()
     QCOMPARE(saved(), text);
 }
 
-void tst_partsbook_file::badLinesAreTold()
+void tst_PartsbookFile::badLinesAreTold()
 {
     QVERIFY(load(heading + screw + "too,few\n" + "\"two\nlines\",x\n" + "FA-9,x,y,z,bought,many,5,1,yes,\n" + bearing
                  + "\"open\n"));
@@ -169,7 +170,7 @@ void tst_partsbook_file::badLinesAreTold()
     QCOMPARE(bad[3].problem, CString_X(L"a quotation mark is not closed"));
 }
 
-void tst_partsbook_file::badLinesKeepTheirPlaces()
+void tst_PartsbookFile::badLinesKeepTheirPlaces()
 {
     QVERIFY(load(heading + "bad 1\n" + screw + "bad 2\n" + bearing + "bad 3\n"));
     Part part = m_book.part(0);
@@ -183,7 +184,7 @@ void tst_partsbook_file::badLinesKeepTheirPlaces()
 
 // ---------------------------------------------------------------------------------------------------------- changes
 
-void tst_partsbook_file::aChangeChangesItsLine()
+void tst_PartsbookFile::aChangeChangesItsLine()
 {
     QVERIFY(load(heading + screw + bearing + motor));
     Part part = m_book.part(1);
@@ -199,7 +200,7 @@ void tst_partsbook_file::aChangeChangesItsLine()
     QVERIFY(!m_book.isModified());
 }
 
-void tst_partsbook_file::aChangedLineKeepsItsEnd()
+void tst_PartsbookFile::aChangedLineKeepsItsEnd()
 {
     QVERIFY(load(screw.chopped(1) + "\r\n" + motor.chopped(1)));
     for (int row = 0; row < 2; ++row) {
@@ -211,7 +212,7 @@ void tst_partsbook_file::aChangedLineKeepsItsEnd()
                                  "EL-3,Motor,Electrical,Kessler,customer,0,0,0.00,yes,new"));
 }
 
-void tst_partsbook_file::noChangeIsNone()
+void tst_PartsbookFile::noChangeIsNone()
 {
     QVERIFY(load(bearing));
     m_book.change(0, Part(m_book.part(0)));
@@ -219,7 +220,7 @@ void tst_partsbook_file::noChangeIsNone()
     QCOMPARE(saved(), bearing); // its price is written otherwise than it would be now
 }
 
-void tst_partsbook_file::newPartsComeLast_data()
+void tst_PartsbookFile::newPartsComeLast_data()
 {
     QTest::addColumn<QByteArray>("before");
     QTest::addColumn<QByteArray>("after");
@@ -234,7 +235,7 @@ void tst_partsbook_file::newPartsComeLast_data()
     QTest::newRow("with CR LF") << QByteArray("bad\r\nbad") << "bad\r\nbad\r\n" + added + "\r\n";
 }
 
-void tst_partsbook_file::newPartsComeLast()
+void tst_PartsbookFile::newPartsComeLast()
 {
     QFETCH(const QByteArray, before);
     QFETCH(const QByteArray, after);
@@ -247,7 +248,7 @@ void tst_partsbook_file::newPartsComeLast()
     QCOMPARE(saved(), after);
 }
 
-void tst_partsbook_file::removal()
+void tst_PartsbookFile::removal()
 {
     QVERIFY(load(heading + screw + bearing + motor));
     m_book.remove(1);
@@ -260,7 +261,7 @@ void tst_partsbook_file::removal()
     QCOMPARE(saved(), heading);
 }
 
-void tst_partsbook_file::find()
+void tst_PartsbookFile::find()
 {
     QVERIFY(load(screw + bearing + motor));
     QCOMPARE(m_book.find(L"motor", false, 0), 2);
@@ -275,7 +276,7 @@ void tst_partsbook_file::find()
 
 // ---------------------------------------------------------------------------------------------------------- failures
 
-void tst_partsbook_file::cannotBeRead_data()
+void tst_PartsbookFile::cannotBeRead_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("error");
@@ -293,7 +294,7 @@ void tst_partsbook_file::cannotBeRead_data()
 }
 
 // The book stays what it was.
-void tst_partsbook_file::cannotBeRead()
+void tst_PartsbookFile::cannotBeRead()
 {
     QFETCH(const QString, name);
     write({}, "file.csv");
@@ -307,7 +308,7 @@ void tst_partsbook_file::cannotBeRead()
     QCOMPARE(saved(), screw);
 }
 
-void tst_partsbook_file::cannotBeWritten_data()
+void tst_PartsbookFile::cannotBeWritten_data()
 {
     QTest::addColumn<bool>("folderIsFile");
 
@@ -316,7 +317,7 @@ void tst_partsbook_file::cannotBeWritten_data()
 }
 
 // The change stays, and can be saved once the folder is there.
-void tst_partsbook_file::cannotBeWritten()
+void tst_PartsbookFile::cannotBeWritten()
 {
     QFETCH(const bool, folderIsFile);
     QDir folder(m_folder->path());
@@ -341,7 +342,7 @@ void tst_partsbook_file::cannotBeWritten()
 }
 
 // What the system takes of it ends in the middle, as on a full disk.
-void tst_partsbook_file::noRoomForTheWholeFile()
+void tst_PartsbookFile::noRoomForTheWholeFile()
 {
     const QByteArray text = heading + screw + bearing.repeated(1000);
     QVERIFY(load(text));
@@ -357,7 +358,7 @@ void tst_partsbook_file::noRoomForTheWholeFile()
     QCOMPARE(saved(), heading + bearing.repeated(1000));
 }
 
-void tst_partsbook_file::savingKeepsALink()
+void tst_PartsbookFile::savingKeepsALink()
 {
     write(screw, "true.csv");
     QVERIFY(QFile::link(path("true.csv"), path("link.csv")));
@@ -368,5 +369,5 @@ void tst_partsbook_file::savingKeepsALink()
     QCOMPARE(content("true.csv"), QByteArray());
 }
 
-QTEST_GUILESS_MAIN(tst_partsbook_file)
-#include "tst_partsbook_file.moc"
+XE_GUILESS_TEST(tst_PartsbookFile)
+#include "tst_partsbookfile.moc"

@@ -1,4 +1,5 @@
 #include "registrytext.h"
+#include "testclass.h"
 
 #include <QtTest>
 
@@ -293,5 +294,5 @@ void tst_RegistryValues::theRootItselfHoldsValues()
     QCOMPARE(entriesOf(Key(nullptr)), QStringList());
 }
 
-QTEST_GUILESS_MAIN(tst_RegistryValues)
-#include "tst_registry_values.moc"
+XE_GUILESS_TEST(tst_RegistryValues)
+#include "tst_registryvalues.moc"

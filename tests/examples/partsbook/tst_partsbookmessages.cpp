@@ -2,10 +2,11 @@
 
 #include "leavenothing.h"
 #include "messageview.h"
+#include "testclass.h"
 
 #include <QtTest>
 
-class tst_partsbook_messages : public QObject
+class tst_PartsbookMessages : public QObject
 {
     Q_OBJECT
 
@@ -31,7 +32,7 @@ private:
 };
 
 // The hook looks for the window below the host's main window.
-void tst_partsbook_messages::init()
+void tst_PartsbookMessages::init()
 {
     m_frame.reset(new CWnd_X);
     QVERIFY(m_frame->Create(nullptr));
@@ -41,7 +42,7 @@ void tst_partsbook_messages::init()
     QVERIFY(QTest::qWaitForWindowActive(view()));
 }
 
-void tst_partsbook_messages::cleanup()
+void tst_PartsbookMessages::cleanup()
 {
     const QPointer<QWidget> widget(view());
     m_frame->DestroyWindow();
@@ -52,19 +53,19 @@ void tst_partsbook_messages::cleanup()
     QVERIFY(!widget);
 }
 
-void tst_partsbook_messages::isAWindowOfItsOwn()
+void tst_PartsbookMessages::isAWindowOfItsOwn()
 {
     QVERIFY(view()->isWindow());
     QCOMPARE(view()->parentWidget(), m_frame->GetSafeHwnd());
     QCOMPARE(view()->metaObject()->className(), "CTavoView");
 }
 
-void tst_partsbook_messages::hasTheTextOfTheStringTable()
+void tst_PartsbookMessages::hasTheTextOfTheStringTable()
 {
     QCOMPARE(view()->windowTitle(), QString("Messages 消息 😀"));
 }
 
-void tst_partsbook_messages::opensAgain()
+void tst_PartsbookMessages::opensAgain()
 {
     QWidget* const first = view();
     QVERIFY(first->close());
@@ -74,7 +75,7 @@ void tst_partsbook_messages::opensAgain()
     QVERIFY(first->isVisible());
 }
 
-void tst_partsbook_messages::showsWhatItReceives()
+void tst_PartsbookMessages::showsWhatItReceives()
 {
     QTest::mouseClick(view(), Qt::LeftButton, {}, {110, 130});
     QCOMPARE(lastLine(), QString("WM_LBUTTONUP  (110, 130)"));
@@ -83,7 +84,7 @@ void tst_partsbook_messages::showsWhatItReceives()
     QVERIFY(view()->grab().toImage() != before);
 }
 
-void tst_partsbook_messages::showsMoreThanThereIsRoomFor()
+void tst_PartsbookMessages::showsMoreThanThereIsRoomFor()
 {
     const QImage before = view()->grab().toImage();
     for (int i = 0; i < 2 * MessageLog::capacity; ++i)
@@ -92,7 +93,7 @@ void tst_partsbook_messages::showsMoreThanThereIsRoomFor()
     QVERIFY(m_view->Log().total() > 2 * MessageLog::capacity);
 }
 
-void tst_partsbook_messages::countsKeys()
+void tst_PartsbookMessages::countsKeys()
 {
     QCOMPARE(m_view->Keys(), 0);
     QTest::keyClick(view(), Qt::Key_A);
@@ -101,7 +102,7 @@ void tst_partsbook_messages::countsKeys()
     QCOMPARE(m_view->Keys(), 2);
 }
 
-void tst_partsbook_messages::countsAHeldKeyOnce()
+void tst_PartsbookMessages::countsAHeldKeyOnce()
 {
     QTest::keyPress(view(), Qt::Key_B);
     QTest::keyPress(view(), Qt::Key_B);
@@ -110,11 +111,11 @@ void tst_partsbook_messages::countsAHeldKeyOnce()
     QCOMPARE(m_view->Keys(), 1);
 }
 
-void tst_partsbook_messages::timerIsAMessage()
+void tst_PartsbookMessages::timerIsAMessage()
 {
     m_view->SendMessage(WM_TIMER, 1002);
     QCOMPARE(lastLine(), QString("WM_TIMER  id 1002"));
 }
 
-QTEST_MAIN(tst_partsbook_messages)
-#include "tst_partsbook_messages.moc"
+XE_TEST(tst_PartsbookMessages)
+#include "tst_partsbookmessages.moc"

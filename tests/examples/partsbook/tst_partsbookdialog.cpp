@@ -4,6 +4,7 @@
 #include "modaldriver.h"
 #include "partdialog.h"
 #include "resource.h"
+#include "testclass.h"
 
 #include <xeresource.h>
 
@@ -44,7 +45,7 @@ void press(const QDialog* dialog, const char* button) { dialog->findChild<QPushB
 using Change = std::function<void(QDialog*)>;
 Q_DECLARE_METATYPE(Change)
 
-class tst_partsbook_dialog : public QObject
+class tst_PartsbookDialog : public QObject
 {
     Q_OBJECT
 
@@ -70,26 +71,26 @@ private:
     QScopedPointer<CPartDialog> m_dialog;
 };
 
-void tst_partsbook_dialog::init()
+void tst_PartsbookDialog::init()
 {
     m_dialog.reset(new CPartDialog(L"Part", suppliers, nullptr));
     m_dialog->m_part = samplePart();
 }
 
-void tst_partsbook_dialog::cleanup()
+void tst_PartsbookDialog::cleanup()
 {
     m_dialog.reset();
     QCOMPARE(LeaveNothing::leftovers(), QString());
 }
 
-int tst_partsbook_dialog::run(const Change& action)
+int tst_PartsbookDialog::run(const Change& action)
 {
     const ModalDriver<QDialog> driver(action);
     const int result = m_dialog->DoModal();
     return driver.hasActed() ? result : -1;
 }
 
-void tst_partsbook_dialog::showsThePart()
+void tst_PartsbookDialog::showsThePart()
 {
     QStringList shown;
     const int result = run([&](QDialog* dialog) {
@@ -116,7 +117,7 @@ void tst_partsbook_dialog::showsThePart()
     QVERIFY(m_dialog->m_part == samplePart());
 }
 
-void tst_partsbook_dialog::showsANewPart()
+void tst_PartsbookDialog::showsANewPart()
 {
     m_dialog->m_part = Part();
     m_dialog->m_part.number = L"N-1";
@@ -132,7 +133,7 @@ void tst_partsbook_dialog::showsANewPart()
     QVERIFY(m_dialog->m_part == expected);
 }
 
-void tst_partsbook_dialog::givesTheValuesBack()
+void tst_PartsbookDialog::givesTheValuesBack()
 {
     const int result = run([](QDialog* dialog) {
         edit(dialog, IDC_NUMBER)->setText("N-2");
@@ -162,7 +163,7 @@ void tst_partsbook_dialog::givesTheValuesBack()
     QVERIFY(m_dialog->m_part == expected);
 }
 
-void tst_partsbook_dialog::cancelLeavesThePart()
+void tst_PartsbookDialog::cancelLeavesThePart()
 {
     const int result = run([](QDialog* dialog) {
         edit(dialog, IDC_NAME)->setText("another");
@@ -172,7 +173,7 @@ void tst_partsbook_dialog::cancelLeavesThePart()
     QVERIFY(m_dialog->m_part == samplePart());
 }
 
-void tst_partsbook_dialog::formHasItsStyle()
+void tst_PartsbookDialog::formHasItsStyle()
 {
     run([](QDialog* dialog) {
         QCOMPARE(dialog->windowModality(), Qt::ApplicationModal);
@@ -181,7 +182,7 @@ void tst_partsbook_dialog::formHasItsStyle()
     });
 }
 
-void tst_partsbook_dialog::anUnknownSupplierIsAddedToTheList()
+void tst_PartsbookDialog::anUnknownSupplierIsAddedToTheList()
 {
     m_dialog->m_part.supplier = L"Somebody else";
     run([](QDialog* dialog) {
@@ -191,14 +192,14 @@ void tst_partsbook_dialog::anUnknownSupplierIsAddedToTheList()
     QCOMPARE(m_dialog->m_part.supplier, CString_X(L"Somebody else"));
 }
 
-void tst_partsbook_dialog::anUnknownKindIsKept()
+void tst_PartsbookDialog::anUnknownKindIsKept()
 {
     m_dialog->m_part.kind = L"Optics";
     QCOMPARE(run([](QDialog* dialog) { press(dialog, "OK"); }), IDOK);
     QCOMPARE(m_dialog->m_part.kind, CString_X(L"Optics"));
 }
 
-void tst_partsbook_dialog::oneValueThatFailsChangesNothing()
+void tst_PartsbookDialog::oneValueThatFailsChangesNothing()
 {
     run([](QDialog* dialog) {
         edit(dialog, IDC_NAME)->setText("another");
@@ -211,7 +212,7 @@ void tst_partsbook_dialog::oneValueThatFailsChangesNothing()
     QVERIFY(m_dialog->m_part == samplePart());
 }
 
-void tst_partsbook_dialog::refuses_data()
+void tst_PartsbookDialog::refuses_data()
 {
     QTest::addColumn<Change>("change");
     QTest::addColumn<QString>("message");
@@ -233,7 +234,7 @@ void tst_partsbook_dialog::refuses_data()
 }
 
 // A box comes up, and then the control has the keyboard.
-void tst_partsbook_dialog::refuses()
+void tst_PartsbookDialog::refuses()
 {
     QFETCH(const Change, change);
     QFETCH(const QString, message);
@@ -257,7 +258,7 @@ void tst_partsbook_dialog::refuses()
     QVERIFY(m_dialog->m_part == samplePart());
 }
 
-void tst_partsbook_dialog::limitsWhatIsTyped()
+void tst_PartsbookDialog::limitsWhatIsTyped()
 {
     run([](QDialog* dialog) {
         QTest::keyClicks(edit(dialog, IDC_NAME), QString(60, 'x'));
@@ -268,5 +269,5 @@ void tst_partsbook_dialog::limitsWhatIsTyped()
     QCOMPARE(m_dialog->m_part.number.GetLength(), partlimit::number);
 }
 
-QTEST_MAIN(tst_partsbook_dialog)
-#include "tst_partsbook_dialog.moc"
+XE_TEST(tst_PartsbookDialog)
+#include "tst_partsbookdialog.moc"

@@ -2,6 +2,7 @@
 
 #include "csv.h"
 #include "resource.h"
+#include "testclass.h"
 
 #include <QtTest>
 
@@ -30,7 +31,7 @@ QByteArray joined(const std::vector<CsvRecord>& records)
 
 } // namespace
 
-class tst_partsbook_csv : public QObject
+class tst_PartsbookCsv : public QObject
 {
     Q_OBJECT
 
@@ -47,7 +48,7 @@ private slots:
     void lineEnds();
 };
 
-void tst_partsbook_csv::reads_data()
+void tst_PartsbookCsv::reads_data()
 {
     QTest::addColumn<QByteArray>("file");
     QTest::addColumn<QStringList>("records");
@@ -77,7 +78,7 @@ void tst_partsbook_csv::reads_data()
     row("beyond 16 bits", "😀,𠮷\n", {"1: 😀|𠮷"});
 }
 
-void tst_partsbook_csv::reads()
+void tst_PartsbookCsv::reads()
 {
     QFETCH(const QByteArray, file);
     QFETCH(const QStringList, records);
@@ -87,7 +88,7 @@ void tst_partsbook_csv::reads()
     QCOMPARE(read, records);
 }
 
-void tst_partsbook_csv::refuses_data()
+void tst_PartsbookCsv::refuses_data()
 {
     QTest::addColumn<QByteArray>("file");
     QTest::addColumn<unsigned>("problem");
@@ -108,7 +109,7 @@ void tst_partsbook_csv::refuses_data()
 }
 
 // Each between good lines, which are read all the same.
-void tst_partsbook_csv::refuses()
+void tst_PartsbookCsv::refuses()
 {
     QFETCH(const QByteArray, file);
     QFETCH(const unsigned, problem);
@@ -121,7 +122,7 @@ void tst_partsbook_csv::refuses()
     QCOMPARE(shown(records[2]), QString("3: c|d"));
 }
 
-void tst_partsbook_csv::losesNoByte_data()
+void tst_PartsbookCsv::losesNoByte_data()
 {
     QTest::addColumn<QByteArray>("file");
 
@@ -144,7 +145,7 @@ void tst_partsbook_csv::losesNoByte_data()
     QTest::newRow("a long field") << QByteArray(5000000, 'x');
 }
 
-void tst_partsbook_csv::losesNoByte()
+void tst_PartsbookCsv::losesNoByte()
 {
     QFETCH(const QByteArray, file);
     const std::vector<CsvRecord> records = readCsv(file);
@@ -153,7 +154,7 @@ void tst_partsbook_csv::losesNoByte()
         QVERIFY(!record.text.isEmpty());
 }
 
-void tst_partsbook_csv::blankRecords()
+void tst_PartsbookCsv::blankRecords()
 {
     const std::vector<CsvRecord> records = readCsv("\n  \t\r\n,\nx\n");
     QCOMPARE(records.size(), std::size_t(4));
@@ -163,7 +164,7 @@ void tst_partsbook_csv::blankRecords()
     QVERIFY(!records[3].isBlank());
 }
 
-void tst_partsbook_csv::writes_data()
+void tst_PartsbookCsv::writes_data()
 {
     QTest::addColumn<QStringList>("fields");
     QTest::addColumn<QByteArray>("line");
@@ -176,7 +177,7 @@ void tst_partsbook_csv::writes_data()
     QTest::newRow("beyond 16 bits") << QStringList{"😀"} << QByteArray("😀");
 }
 
-void tst_partsbook_csv::writes()
+void tst_PartsbookCsv::writes()
 {
     QFETCH(const QStringList, fields);
     QFETCH(const QByteArray, line);
@@ -187,7 +188,7 @@ void tst_partsbook_csv::writes()
     QVERIFY(records.front().fields == written);
 }
 
-void tst_partsbook_csv::lineEnds()
+void tst_PartsbookCsv::lineEnds()
 {
     QCOMPARE(lineEndOf("a\r\n"), QByteArray("\r\n"));
     QCOMPARE(lineEndOf("a\n"), QByteArray("\n"));
@@ -196,5 +197,5 @@ void tst_partsbook_csv::lineEnds()
     QCOMPARE(lineEndOf(""), QByteArray());
 }
 
-QTEST_GUILESS_MAIN(tst_partsbook_csv)
-#include "tst_partsbook_csv.moc"
+XE_GUILESS_TEST(tst_PartsbookCsv)
+#include "tst_partsbookcsv.moc"

@@ -1,6 +1,7 @@
 // The real program, driven by real input on a real X server: which messages its message window receives, and in which
 // order.
 
+#include "testclass.h"
 #include "xuser.h"
 
 #include <QProcess>
@@ -32,7 +33,7 @@ QString asText(const QStringList& messages) { return separator + messages.join(s
 
 Q_DECLARE_METATYPE(Steps)
 
-class tst_partsbook_input : public QObject
+class tst_PartsbookInput : public QObject
 {
     Q_OBJECT
 
@@ -71,13 +72,13 @@ private:
     int m_seen = 0; // input messages that have been compared
 };
 
-void tst_partsbook_input::initTestCase()
+void tst_PartsbookInput::initTestCase()
 {
     QVERIFY(m_user.isUsable());
     QVERIFY2(QFileInfo(m_binary).isExecutable(), "PARTSBOOK does not name the program");
 }
 
-void tst_partsbook_input::init()
+void tst_PartsbookInput::init()
 {
     if (!m_program || m_program->state() == QProcess::NotRunning)
         startProgram();
@@ -85,7 +86,7 @@ void tst_partsbook_input::init()
         putPointerTo(home);
 }
 
-void tst_partsbook_input::cleanup()
+void tst_PartsbookInput::cleanup()
 {
     m_user.releaseAll();
     if (QTest::currentTestFailed())
@@ -95,9 +96,9 @@ void tst_partsbook_input::cleanup()
     QCOMPARE(asText(newMessages()), asText({}));
 }
 
-void tst_partsbook_input::cleanupTestCase() { stopProgram(); }
+void tst_PartsbookInput::cleanupTestCase() { stopProgram(); }
 
-void tst_partsbook_input::startProgram()
+void tst_PartsbookInput::startProgram()
 {
     stopProgram();
     m_folder.reset(new QTemporaryDir);
@@ -112,7 +113,7 @@ void tst_partsbook_input::startProgram()
     putPointerTo(corner);
 }
 
-void tst_partsbook_input::stopProgram()
+void tst_PartsbookInput::stopProgram()
 {
     if (!m_program)
         return;
@@ -122,7 +123,7 @@ void tst_partsbook_input::stopProgram()
     m_seen = inputMessages().size();
 }
 
-QStringList tst_partsbook_input::trace() const
+QStringList tst_PartsbookInput::trace() const
 {
     QFile file(m_folder->filePath("trace"));
     if (!file.open(QIODevice::ReadOnly))
@@ -131,7 +132,7 @@ QStringList tst_partsbook_input::trace() const
 }
 
 // Without timer and moves, which come in between as they please.
-QStringList tst_partsbook_input::inputMessages() const
+QStringList tst_PartsbookInput::inputMessages() const
 {
     QStringList messages;
     for (const QString& message : trace()) {
@@ -141,21 +142,21 @@ QStringList tst_partsbook_input::inputMessages() const
     return messages;
 }
 
-QString tst_partsbook_input::lastMove() const
+QString tst_PartsbookInput::lastMove() const
 {
     const QStringList moves = trace().filter("WM_MOUSEMOVE");
     return moves.isEmpty() ? QString() : moves.last();
 }
 
 // The messages must come, and nothing else beside them. Polls fast, since the parts of a double click wait here.
-void tst_partsbook_input::waitFor(const QStringList& messages)
+void tst_PartsbookInput::waitFor(const QStringList& messages)
 {
     (void)QTest::qWaitFor([&] { return newMessages() == messages; });
     QCOMPARE(asText(newMessages()), asText(messages));
     m_seen += messages.size();
 }
 
-void tst_partsbook_input::act(const QString& action)
+void tst_PartsbookInput::act(const QString& action)
 {
     const bool down = action.startsWith('+');
     const QString what = action.mid(1);
@@ -169,7 +170,7 @@ void tst_partsbook_input::act(const QString& action)
 }
 
 // Returns when the program knows of it, and so of everything that was before.
-void tst_partsbook_input::putPointerTo(const QString& place)
+void tst_PartsbookInput::putPointerTo(const QString& place)
 {
     act('@' + place);
     const QString move = QString("WM_MOUSEMOVE  (%1)").arg(QString(place).replace(",", ", "));
@@ -179,7 +180,7 @@ void tst_partsbook_input::putPointerTo(const QString& place)
 
 // ------------------------------------------------------------------------------------------------------------- input
 
-void tst_partsbook_input::inputBecomesMessages_data()
+void tst_PartsbookInput::inputBecomesMessages_data()
 {
     QTest::addColumn<Steps>("steps");
     const auto row = [](const char* name, const Steps& steps) { QTest::newRow(name) << steps; };
@@ -274,7 +275,7 @@ void tst_partsbook_input::inputBecomesMessages_data()
     row("a key without a code", {{"+Super_L", {"WM_KEYDOWN  no VK"}}, {"-Super_L", {"WM_KEYUP  no VK"}}});
 }
 
-void tst_partsbook_input::inputBecomesMessages()
+void tst_PartsbookInput::inputBecomesMessages()
 {
     QFETCH(const Steps, steps);
     for (const Step& step : steps) {
@@ -286,7 +287,7 @@ void tst_partsbook_input::inputBecomesMessages()
     }
 }
 
-void tst_partsbook_input::eachMoveIsAMessage()
+void tst_PartsbookInput::eachMoveIsAMessage()
 {
     const int before = trace().size();
     for (const QString place : {"310,210", "320,220", "639,5"})
@@ -295,7 +296,7 @@ void tst_partsbook_input::eachMoveIsAMessage()
     QCOMPARE(asText(trace().mid(before).filter("WM_MOUSEMOVE")), asText(expected));
 }
 
-void tst_partsbook_input::moveWithAButtonHeld()
+void tst_PartsbookInput::moveWithAButtonHeld()
 {
     act("+Button1");
     waitFor({"WM_LBUTTONDOWN  MK_LBUTTON  (300, 200)"});
@@ -305,7 +306,7 @@ void tst_partsbook_input::moveWithAButtonHeld()
     waitFor({"WM_LBUTTONUP  (330, 230)"});
 }
 
-void tst_partsbook_input::aNewSizeIsAMessage()
+void tst_PartsbookInput::aNewSizeIsAMessage()
 {
     m_user.resize(m_window, {600, 410});
     waitFor({"WM_SIZE  600 x 410"});
@@ -313,13 +314,13 @@ void tst_partsbook_input::aNewSizeIsAMessage()
     waitFor({"WM_SIZE  640 x 480"});
 }
 
-void tst_partsbook_input::theTimerRuns()
+void tst_PartsbookInput::theTimerRuns()
 {
     const int before = trace().size();
     QTRY_COMPARE(trace().mid(before).filter(QRegularExpression("^WM_TIMER  id \\d+$")).size(), 2);
 }
 
-void tst_partsbook_input::traceThatCannotBeWritten()
+void tst_PartsbookInput::traceThatCannotBeWritten()
 {
     QProcess program;
     program.start(m_binary, {"--trace", m_folder->path(), m_parts});
@@ -328,7 +329,7 @@ void tst_partsbook_input::traceThatCannotBeWritten()
     QCOMPARE(program.exitCode(), 1);
 }
 
-void tst_partsbook_input::closingTheMainWindowEndsTheProgram()
+void tst_PartsbookInput::closingTheMainWindowEndsTheProgram()
 {
     m_user.close(m_user.windowOfProcess(m_program->processId(), "Parts Book"));
     QVERIFY(m_program->waitForFinished(5000));
@@ -337,5 +338,5 @@ void tst_partsbook_input::closingTheMainWindowEndsTheProgram()
     QCOMPARE(m_program->exitCode(), 0);
 }
 
-QTEST_GUILESS_MAIN(tst_partsbook_input)
-#include "tst_partsbook_input.moc"
+XE_GUILESS_TEST(tst_PartsbookInput)
+#include "tst_partsbookinput.moc"

@@ -1,5 +1,6 @@
 #include "registrytext.h"
 #include "runhost.h"
+#include "testclass.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -175,5 +176,5 @@ void tst_RegistryFile::oddNamesComeBack()
     QCOMPARE(settings.run({"entries|Software", "query|" + name + "|n"}), name + "\nREG_SZ 6: below");
 }
 
-QTEST_GUILESS_MAIN(tst_RegistryFile)
-#include "tst_registry_file.moc"
+XE_GUILESS_TEST(tst_RegistryFile)
+#include "tst_registryfile.moc"

@@ -4,6 +4,7 @@
 #include "mainframe.h"
 #include "modaldriver.h"
 #include "resource.h"
+#include "testclass.h"
 
 #include <QTemporaryDir>
 #include <xeprocess.h>
@@ -38,7 +39,7 @@ private:
 
 } // namespace
 
-class tst_partsbook_frame : public QObject
+class tst_PartsbookFrame : public QObject
 {
     Q_OBJECT
 
@@ -88,7 +89,7 @@ private:
     QScopedPointer<CMainFrame> m_frame;
 };
 
-void tst_partsbook_frame::init()
+void tst_PartsbookFrame::init()
 {
     m_folder.reset(new QTemporaryDir);
     m_frame.reset(new CMainFrame);
@@ -96,7 +97,7 @@ void tst_partsbook_frame::init()
     m_frame->ShowWindow(SW_SHOW);
 }
 
-void tst_partsbook_frame::cleanup()
+void tst_PartsbookFrame::cleanup()
 {
     m_frame->DestroyWindow();
     updateCommands(); // nothing to be updated any more
@@ -104,20 +105,20 @@ void tst_partsbook_frame::cleanup()
     QCOMPARE(LeaveNothing::leftovers(), QString());
 }
 
-QByteArray tst_partsbook_frame::content() const
+QByteArray tst_PartsbookFrame::content() const
 {
     QFile file(path());
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
 }
 
-void tst_partsbook_frame::write(const QByteArray& text)
+void tst_PartsbookFrame::write(const QByteArray& text)
 {
     QFile file(path());
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(text);
 }
 
-bool tst_partsbook_frame::open(const QByteArray& text)
+bool tst_PartsbookFrame::open(const QByteArray& text)
 {
     write(text);
     const bool opened = m_frame->OpenBook(path());
@@ -125,7 +126,7 @@ bool tst_partsbook_frame::open(const QByteArray& text)
     return opened;
 }
 
-void tst_partsbook_frame::deleteRow(int row, const QString& answer)
+void tst_PartsbookFrame::deleteRow(int row, const QString& answer)
 {
     table()->setCurrentCell(row, 0);
     const Answer given(answer);
@@ -136,21 +137,21 @@ void tst_partsbook_frame::deleteRow(int row, const QString& answer)
 
 // --------------------------------------------------------------------------------------------------- the main window
 
-void tst_partsbook_frame::isTheMainWindowOfTheHost()
+void tst_PartsbookFrame::isTheMainWindowOfTheHost()
 {
     QCOMPARE(TavoGetMainFrame(), window());
     QCOMPARE(CWnd_X::FromHandlePermanent(window()), static_cast<CWnd_X*>(m_frame.data()));
     QCOMPARE(window()->metaObject()->className(), "CTavoMainFrame");
 }
 
-void tst_partsbook_frame::runsNoCommand()
+void tst_PartsbookFrame::runsNoCommand()
 {
     const auto isActive = reinterpret_cast<bool (*)()>(window()->property("IsTavoCmdActive").toLongLong());
     QVERIFY(isActive);
     QCOMPARE(isActive(), false);
 }
 
-void tst_partsbook_frame::setsTheCursor_data()
+void tst_PartsbookFrame::setsTheCursor_data()
 {
     QTest::addColumn<int>("code");
     QTest::addColumn<Qt::CursorShape>("shape");
@@ -169,7 +170,7 @@ void tst_partsbook_frame::setsTheCursor_data()
     QTest::newRow("negative code") << -1 << Qt::ArrowCursor;
 }
 
-void tst_partsbook_frame::setsTheCursor()
+void tst_PartsbookFrame::setsTheCursor()
 {
     QFETCH(const int, code);
     const auto setCursor = reinterpret_cast<int (*)(QWidget*, int)>(window()->property("TavoSetCursor").toLongLong());
@@ -179,7 +180,7 @@ void tst_partsbook_frame::setsTheCursor()
     QTEST(window()->cursor().shape(), "shape");
 }
 
-void tst_partsbook_frame::eachNumberHasItsTextOrControl()
+void tst_PartsbookFrame::eachNumberHasItsTextOrControl()
 {
     for (const unsigned id : GetResourceIDMap().keys()) {
         const QString name = ToStringId(id);
@@ -192,7 +193,7 @@ void tst_partsbook_frame::eachNumberHasItsTextOrControl()
 
 // ---------------------------------------------------------------------------------------------------------- the book
 
-void tst_partsbook_frame::showsTheParts()
+void tst_PartsbookFrame::showsTheParts()
 {
     QVERIFY(open(heading + screw + bearing + motor));
     QCOMPARE(window()->windowTitle(), QString("Parts Book 零件簿 - parts.csv[*]"));
@@ -206,7 +207,7 @@ void tst_partsbook_frame::showsTheParts()
     QVERIFY(table()->item(1, 0)->foreground() != table()->item(2, 0)->foreground()); // not in use
 }
 
-void tst_partsbook_frame::badLinesAreReported()
+void tst_PartsbookFrame::badLinesAreReported()
 {
     QByteArray text = heading + screw + "a,b\n";
     for (int i = 0; i < 14; ++i)
@@ -221,14 +222,14 @@ void tst_partsbook_frame::badLinesAreReported()
     QCOMPARE(table()->rowCount(), 1);
 }
 
-void tst_partsbook_frame::aFileThatCannotBeRead()
+void tst_PartsbookFrame::aFileThatCannotBeRead()
 {
     const Answer answer("确定");
     QVERIFY(!m_frame->OpenBook(path()));
     QCOMPARE(answer.text(), path() + " cannot be read: No such file or directory.");
 }
 
-void tst_partsbook_frame::commandsThatHaveNothingToDo()
+void tst_PartsbookFrame::commandsThatHaveNothingToDo()
 {
     QVERIFY(open(heading));
     QVERIFY(!command(ID_PART_EDIT)->isEnabled());
@@ -245,7 +246,7 @@ void tst_partsbook_frame::commandsThatHaveNothingToDo()
 
 // ---------------------------------------------------------------------------------------------------------- commands
 
-void tst_partsbook_frame::newPart()
+void tst_PartsbookFrame::newPart()
 {
     QVERIFY(open(heading + screw));
     const ModalDriver<QDialog> driver([](QDialog* dialog) {
@@ -264,7 +265,7 @@ void tst_partsbook_frame::newPart()
     QVERIFY(window()->isWindowModified());
 }
 
-void tst_partsbook_frame::editPart()
+void tst_PartsbookFrame::editPart()
 {
     QVERIFY(open(heading + screw + bearing));
     table()->setCurrentCell(1, 3);
@@ -281,7 +282,7 @@ void tst_partsbook_frame::editPart()
     QVERIFY(window()->isWindowModified());
 }
 
-void tst_partsbook_frame::deleteAfterYes()
+void tst_PartsbookFrame::deleteAfterYes()
 {
     QVERIFY(open(heading + screw + bearing));
     deleteRow(0, "是");
@@ -290,7 +291,7 @@ void tst_partsbook_frame::deleteAfterYes()
     QVERIFY(window()->isWindowModified());
 }
 
-void tst_partsbook_frame::noDeletionAfterNo()
+void tst_PartsbookFrame::noDeletionAfterNo()
 {
     QVERIFY(open(heading + screw + bearing));
     deleteRow(0, "否");
@@ -298,7 +299,7 @@ void tst_partsbook_frame::noDeletionAfterNo()
     QVERIFY(!window()->isWindowModified());
 }
 
-void tst_partsbook_frame::findBesideTheWindow()
+void tst_PartsbookFrame::findBesideTheWindow()
 {
     QVERIFY(open(heading + screw + bearing + motor));
     command(ID_EDIT_FIND)->trigger();
@@ -328,7 +329,7 @@ void tst_partsbook_frame::findBesideTheWindow()
     QCOMPARE(window()->findChildren<QDialog*>().size(), 1);
 }
 
-void tst_partsbook_frame::findAgain()
+void tst_PartsbookFrame::findAgain()
 {
     QVERIFY(open(heading + screw + bearing + motor));
     command(ID_EDIT_REPEAT)->trigger(); // opens the search, as there is nothing to look for yet
@@ -348,7 +349,7 @@ void tst_partsbook_frame::findAgain()
 
 // ------------------------------------------------------------------------------------------------- saving and closing
 
-void tst_partsbook_frame::saves()
+void tst_PartsbookFrame::saves()
 {
     QVERIFY(open(heading + screw + bearing));
     deleteRow(0, "是");
@@ -360,7 +361,7 @@ void tst_partsbook_frame::saves()
     QVERIFY(!command(ID_FILE_SAVE)->isEnabled());
 }
 
-void tst_partsbook_frame::aFileThatCannotBeWritten()
+void tst_PartsbookFrame::aFileThatCannotBeWritten()
 {
     QVERIFY(open(heading + screw));
     deleteRow(0, "是");
@@ -373,7 +374,7 @@ void tst_partsbook_frame::aFileThatCannotBeWritten()
     QVERIFY(window()->isWindowModified());
 }
 
-void tst_partsbook_frame::statusGoesAway()
+void tst_PartsbookFrame::statusGoesAway()
 {
     QVERIFY(open(heading + screw + bearing));
     deleteRow(0, "是");
@@ -386,7 +387,7 @@ void tst_partsbook_frame::statusGoesAway()
     QCOMPARE(GetGlobalEventHandler()->timers.size(), std::size_t(0));
 }
 
-void tst_partsbook_frame::closesWithoutAQuestion()
+void tst_PartsbookFrame::closesWithoutAQuestion()
 {
     QVERIFY(open(heading + screw));
     const QPointer<QWidget> closed(window());
@@ -395,7 +396,7 @@ void tst_partsbook_frame::closesWithoutAQuestion()
     QVERIFY(!closed->isVisible());
 }
 
-void tst_partsbook_frame::closesAfterAQuestion_data()
+void tst_PartsbookFrame::closesAfterAQuestion_data()
 {
     QTest::addColumn<QString>("answer");
     QTest::addColumn<bool>("closes");
@@ -406,7 +407,7 @@ void tst_partsbook_frame::closesAfterAQuestion_data()
     QTest::newRow("cancel does neither") << "取消" << false << heading + screw + bearing;
 }
 
-void tst_partsbook_frame::closesAfterAQuestion()
+void tst_PartsbookFrame::closesAfterAQuestion()
 {
     QFETCH(const QString, answer);
     QFETCH(const bool, closes);
@@ -419,5 +420,5 @@ void tst_partsbook_frame::closesAfterAQuestion()
     QTEST(content(), "saved");
 }
 
-QTEST_MAIN(tst_partsbook_frame)
-#include "tst_partsbook_frame.moc"
+XE_TEST(tst_PartsbookFrame)
+#include "tst_partsbookframe.moc"

@@ -1,4 +1,5 @@
 #include "registrytext.h"
+#include "testclass.h"
 
 #include <QtTest>
 
@@ -90,5 +91,5 @@ void tst_RegistryBadHandles::aBadHandleIsRecognised()
     QCOMPARE(queried(Key("Software"), "n"), QString("REG_DWORD 4: 1"));
 }
 
-QTEST_GUILESS_MAIN(tst_RegistryBadHandles)
-#include "tst_registry_badhandles.moc"
+XE_GUILESS_TEST(tst_RegistryBadHandles)
+#include "tst_registrybadhandles.moc"

@@ -1,5 +1,6 @@
 #include "registrytext.h"
 #include "runhost.h"
+#include "testclass.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -145,5 +146,5 @@ void tst_RegistryBrokenFiles::aStoreThatCannotBeWrittenLivesInMemory()
     QCOMPARE(runHost(folder.filePath("config"), {"query|Software|n"}), QString("nothing"));
 }
 
-QTEST_GUILESS_MAIN(tst_RegistryBrokenFiles)
-#include "tst_registry_brokenfiles.moc"
+XE_GUILESS_TEST(tst_RegistryBrokenFiles)
+#include "tst_registrybrokenfiles.moc"

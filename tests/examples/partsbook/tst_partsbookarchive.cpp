@@ -2,6 +2,7 @@
 
 #include "bookarchive.h"
 #include "partsbook.h"
+#include "testclass.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -57,7 +58,7 @@ QByteArray content(const QString& fileName)
 
 } // namespace
 
-class tst_partsbook_archive : public QObject
+class tst_PartsbookArchive : public QObject
 {
     Q_OBJECT
 
@@ -83,7 +84,7 @@ private:
     QScopedPointer<QTemporaryDir> m_folder;
 };
 
-void tst_partsbook_archive::bytes()
+void tst_PartsbookArchive::bytes()
 {
     QCOMPARE(archiveOf({}), emptyArchive());
     QVERIFY(archiveOf({motor()}).contains(QByteArray("\xFF\xFE\xFF\x04"
@@ -92,7 +93,7 @@ void tst_partsbook_archive::bytes()
                                                      20)));
 }
 
-void tst_partsbook_archive::thereAndBack()
+void tst_PartsbookArchive::thereAndBack()
 {
     std::vector<Part> parts;
     QVERIFY(readArchive(archiveOf({screw(), motor()}), parts).IsEmpty());
@@ -103,7 +104,7 @@ void tst_partsbook_archive::thereAndBack()
     QVERIFY(parts.empty());
 }
 
-void tst_partsbook_archive::damagedArchives_data()
+void tst_PartsbookArchive::damagedArchives_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("problem");
@@ -132,7 +133,7 @@ void tst_partsbook_archive::damagedArchives_data()
         << archiveOf({priceless}) << "part 1 of it is damaged (price: no number from 0 to 9999.99)";
 }
 
-void tst_partsbook_archive::damagedArchives()
+void tst_PartsbookArchive::damagedArchives()
 {
     QFETCH(QByteArray, bytes);
     std::vector<Part> parts{screw()};
@@ -142,7 +143,7 @@ void tst_partsbook_archive::damagedArchives()
     QVERIFY(parts[0] == screw());
 }
 
-void tst_partsbook_archive::everyCutIsNoticed()
+void tst_PartsbookArchive::everyCutIsNoticed()
 {
     const QByteArray whole = archiveOf({screw(), motor()});
     for (int length = 0; length < whole.size(); ++length) {
@@ -152,7 +153,7 @@ void tst_partsbook_archive::everyCutIsNoticed()
     }
 }
 
-void tst_partsbook_archive::manyParts()
+void tst_PartsbookArchive::manyParts()
 {
     std::vector<Part> parts;
     for (int i = 0; i < 70000; ++i) { // the count has 6 bytes
@@ -167,7 +168,7 @@ void tst_partsbook_archive::manyParts()
 
 // ------------------------------------------------------------------------------------------------------------- the files
 
-void tst_partsbook_archive::fileNamesDecide()
+void tst_PartsbookArchive::fileNamesDecide()
 {
     PartsBook book;
     book.add(motor());
@@ -187,7 +188,7 @@ void tst_partsbook_archive::fileNamesDecide()
     QCOMPARE(book.count(), 1);
 }
 
-void tst_partsbook_archive::fromCsvToArchiveAndBack()
+void tst_PartsbookArchive::fromCsvToArchiveAndBack()
 {
     PartsBook book;
     QVERIFY(book.load(qEnvironmentVariable("PARTS")));
@@ -202,7 +203,7 @@ void tst_partsbook_archive::fromCsvToArchiveAndBack()
     QCOMPARE(content(path("book.csv")), content(qEnvironmentVariable("PARTS")));
 }
 
-void tst_partsbook_archive::cannotBeWritten()
+void tst_PartsbookArchive::cannotBeWritten()
 {
     PartsBook book;
     book.add(motor());
@@ -215,14 +216,14 @@ void tst_partsbook_archive::cannotBeWritten()
     QCOMPARE(content(path("a.parts")), archiveOf({motor()}));
 }
 
-void tst_partsbook_archive::killedWhileSaving_data()
+void tst_PartsbookArchive::killedWhileSaving_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("archive") << "book.parts";
     QTest::newRow("CSV") << "book.csv";
 }
 
-void tst_partsbook_archive::killedWhileSaving()
+void tst_PartsbookArchive::killedWhileSaving()
 {
     QFETCH(QString, name);
     PartsBook book;
@@ -249,5 +250,5 @@ void tst_partsbook_archive::killedWhileSaving()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_partsbook_archive)
-#include "tst_partsbook_archive.moc"
+XE_GUILESS_TEST(tst_PartsbookArchive)
+#include "tst_partsbookarchive.moc"

@@ -1,4 +1,5 @@
 #include "registrytext.h"
+#include "testclass.h"
 
 #include <QSettings>
 #include <QtTest>
@@ -317,5 +318,5 @@ void tst_RegistryEnumeration::manyEntriesAreEnumerated()
     QCOMPARE(textsOf(key), texts);
 }
 
-QTEST_GUILESS_MAIN(tst_RegistryEnumeration)
-#include "tst_registry_enumeration.moc"
+XE_GUILESS_TEST(tst_RegistryEnumeration)
+#include "tst_registryenumeration.moc"
