@@ -1,0 +1,3 @@
+#include "XeCustomUI.h"
+#include "core/links.h"
+#include "xeafxwin.h"

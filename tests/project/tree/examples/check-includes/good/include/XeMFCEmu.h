@@ -1,0 +1,6 @@
+#pragma once
+#include "xeafx.h"
+#include "xeafxwin.h"
+#include "xecontrols.h"
+#include "xeafxctrl.h"
+#include "xedef.h"

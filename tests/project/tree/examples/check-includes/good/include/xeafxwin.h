@@ -1,0 +1,3 @@
+#pragma once
+#include "xeafx.h"
+#include <XeCustomUI.h>

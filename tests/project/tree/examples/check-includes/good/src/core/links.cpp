@@ -1,0 +1,3 @@
+#include "core/links.h"
+#include "xedef.h"
+#include <vector>

@@ -1,0 +1,2 @@
+#include "xeafxwin.h"
+#include "core/links.h"

@@ -1,0 +1,4 @@
+#include "../core/links.h"
+#include "include/xeafx.h"
+#include "src/core/links.h"
+#include "window.h"

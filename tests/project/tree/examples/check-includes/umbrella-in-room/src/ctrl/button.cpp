@@ -1,0 +1,2 @@
+#include "xecontrols.h"
+#include <XeMFCEmu.h>

@@ -1,0 +1,2 @@
+#include "xeafx.h"
+#include "xeafxwin.h"

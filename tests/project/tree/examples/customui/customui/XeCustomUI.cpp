@@ -1,3 +1,0 @@
-#include "XeCustomUI.h"
-#include "core/links.h"
-#include "xewindow.h"

@@ -1,3 +1,0 @@
-#pragma once
-#include "xebase.h"
-#include "xewindow.h"

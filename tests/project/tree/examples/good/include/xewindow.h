@@ -1,4 +1,0 @@
-#pragma once
-#include "xebase.h"
-#include <QWidget>
-#include <XeCustomUI.h>

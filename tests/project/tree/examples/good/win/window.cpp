@@ -1,2 +1,0 @@
-#include "core/links.h"
-#include <vector>
