@@ -6,10 +6,7 @@
 #include "xeafximg.h"
 #include "xeafxstat.h"
 
-CHandleMap_X* afxMapHDC_X(int create)
-{
-    return xe::handleMapOf(gdiThreadState.m_pmapHDC, create, &CDC_X::m_hDC, 2);
-}
+CHandleMap_X* afxMapHDC_X(int create) { return xe::handleMapOf(gdiThreadState.m_pmapHDC, create, &CDC_X::m_hDC, 2); }
 
 CHandleMap_X* afxMapHGDIOBJ_X(int create)
 {

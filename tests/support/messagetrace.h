@@ -8,8 +8,8 @@
 
 /// The messages that a window got, as a text that a test can compare.
 ///
-/// A message reads `WM_LBUTTONDOWN(0x1, 0x14000a)`; one without a name `WM_USER+7(...)` or `0x0313(...)`. A parameter that
-/// is the window's own widget reads `self`.
+/// A message reads `WM_LBUTTONDOWN(0x1, 0x14000a)`; one without a name `WM_USER+7(...)` or `0x0313(...)`. A parameter
+/// that is the window's own widget reads `self`.
 class MessageTrace
 {
 public:

@@ -158,7 +158,8 @@ void tst_Map::walkOfOne()
     });
 }
 
-// In a table of 10 the keys 1 to 9 are in the buckets 7, 4, 1, 8, 5, 2, 9, 6, 3 as 16807 ends in 7; 11 and 21 are with 1.
+// In a table of 10 the keys 1 to 9 are in the buckets 7, 4, 1, 8, 5, 2, 9, 6, 3 as 16807 ends in 7;
+// 11 and 21 are with 1.
 void tst_Map::walkOrder_data()
 {
     QTest::addColumn<int>("mapClass");

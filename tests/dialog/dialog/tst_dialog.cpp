@@ -232,7 +232,7 @@ void tst_Dialog::failingExchangeKeepsAModelessDialogOpen()
     QVERIFY(!dialog.GetSafeHwnd()->isVisible());
 }
 
-// -------------------------------------------------------------------------------------------------------------- buttons
+// ------------------------------------------------------------------------------------------------------------- buttons
 
 void tst_Dialog::namedButton_data()
 {
@@ -310,7 +310,7 @@ void tst_Dialog::buttonIsConnectedOnce()
     QCOMPARE(dialog.takeSteps(), QStringLiteral("OnOK"));
 }
 
-// ----------------------------------------------------------------------------------------------------------------- keys
+// ---------------------------------------------------------------------------------------------------------------- keys
 
 void tst_Dialog::screenedMessage_data()
 {

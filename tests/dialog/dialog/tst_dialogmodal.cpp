@@ -107,7 +107,7 @@ private slots:
     void wrapperDeletesItselfInTheEnd();
 };
 
-// -------------------------------------------------------------------------------------------------------------- results
+// ------------------------------------------------------------------------------------------------------------- results
 
 void tst_DialogModal::result_data()
 {
@@ -349,7 +349,7 @@ void tst_DialogModal::failedLoadEndsTheDialogWithMinusOne()
     QCOMPARE(ends, QVector<int>{-1});
 }
 
-// --------------------------------------------------------------------------------------------------------------- cursor
+// -------------------------------------------------------------------------------------------------------------- cursor
 
 void tst_DialogModal::cursorIsTheArrowMeanwhile()
 {
@@ -427,7 +427,7 @@ void tst_DialogModal::okTwiceShowsOneBox()
              QStringList({QStringLiteral("警告: 请输入正确的数值！"), QStringLiteral("警告: 请输入正确的数值！")}));
 }
 
-// ---------------------------------------------------------------------------------------- ends that nobody has asked for
+// -------------------------------------------------------------------------------------- ends that nobody has asked for
 
 void tst_DialogModal::widgetGoesWhileTheLoopRuns()
 {

@@ -7,8 +7,8 @@
 
 #include <vector>
 
-/// A user at the X server: besides keyboard, pointer and screen, what the window manager lets a user do to the window of
-/// another program.
+/// A user at the X server: besides keyboard, pointer and screen, what the window manager lets a user do to the window
+/// of another program.
 class XUser : public VirtualInput
 {
 public:

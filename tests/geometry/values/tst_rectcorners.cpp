@@ -1,5 +1,5 @@
-// The corners of a CRect as points that are changed in place. Compiled with optimisation: a compiler that takes the corner
-// for something else than the rectangle keeps values of one over a change of the other.
+// The corners of a CRect as points that are changed in place. Compiled with optimisation: a compiler that takes the
+// corner for something else than the rectangle keeps values of one over a change of the other.
 
 #include "testclass.h"
 #include "valuetext.h"

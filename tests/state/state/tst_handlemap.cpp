@@ -202,7 +202,7 @@ void tst_HandleMap::withoutClass()
     map.DeleteTemp();
 }
 
-// ------------------------------------------------------------------------------------------------ the maps of the process
+// --------------------------------------------------------------------------------------------- the maps of the process
 
 void tst_HandleMap::mapsAreMadeOnDemand_data()
 {

@@ -89,7 +89,7 @@ void tst_ThreadSlots::cleanup()
     QCOMPARE(alive.load(), 0);
 }
 
-// ------------------------------------------------------------------------------------------------------------- the list
+// ------------------------------------------------------------------------------------------------------------ the list
 
 void tst_ThreadSlots::simpleList()
 {
@@ -118,7 +118,7 @@ void tst_ThreadSlots::simpleList()
     QVERIFY(list.IsEmpty());
 }
 
-// ------------------------------------------------------------------------------------------------------------ the slots
+// ----------------------------------------------------------------------------------------------------------- the slots
 
 void tst_ThreadSlots::slotsAreNumberedFromOne()
 {
@@ -315,7 +315,7 @@ void tst_ThreadSlots::valuesMayUseSlotsAsTheyGo()
     QCOMPARE(alive.load(), 1);
 }
 
-// ------------------------------------------------------------------------------------------------------ thread-local objects
+// ------------------------------------------------------------------------------------------------ thread-local objects
 
 void tst_ThreadSlots::oneObjectAThread()
 {
@@ -422,7 +422,7 @@ void tst_ThreadSlots::manyThreads()
     QCOMPARE(alive.load(), threadCount * localCount / 2);
 }
 
-// ------------------------------------------------------------------------------------------------------ all slots at once
+// --------------------------------------------------------------------------------------------------- all slots at once
 
 void tst_ThreadSlots::references()
 {

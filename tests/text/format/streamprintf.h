@@ -9,8 +9,8 @@
 #include <string_view>
 
 /// Formats with the arguments of a source: `source.nextStar()`, a width or precision, `nextInt()`, `nextLong()`,
-/// `nextCharacter()`, `nextDouble()`, `nextPointer()`, `nextWide()`, `nextNarrow()` and `nextIntAddress()` each give the
-/// next one, of that kind.
+/// `nextCharacter()`, `nextDouble()`, `nextPointer()`, `nextWide()`, `nextNarrow()` and `nextIntAddress()` each give
+/// the next one, of that kind.
 template <class Source>
 class StreamPrintf
 {

@@ -1,5 +1,5 @@
-// Calls as host code writes them: a window where a member takes one may be a wrapper of any class, a widget of any class,
-// or nothing; a rectangle may be an object or its address; and what has a usual value may be left out.
+// Calls as host code writes them: a window where a member takes one may be a wrapper of any class, a widget of any
+// class, or nothing; a rectangle may be an object or its address; and what has a usual value may be left out.
 
 #include "leavenothing.h"
 #include "testclass.h"

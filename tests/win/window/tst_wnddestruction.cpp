@@ -325,7 +325,7 @@ void tst_WndDestruction::widgetsOnTheWayMayGo()
     QCOMPARE(window.GetSafeHwnd(), nullptr);
 }
 
-// --------------------------------------------------------------------------------------------------- one without the other
+// ----------------------------------------------------------------------------------------------- one without the other
 
 void tst_WndDestruction::wrapperDeletedAlone()
 {

@@ -1,5 +1,5 @@
-// The members that stand for a window function: each with a widget, where it does what the function does, and without one,
-// where it does nothing.
+// The members that stand for a window function: each with a widget, where it does what the function does, and without
+// one, where it does nothing.
 
 #include "leavenothing.h"
 #include "testclass.h"
