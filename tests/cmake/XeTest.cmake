@@ -37,12 +37,12 @@ endfunction()
 
 # xe_add_test_program(<name> [TESTS <file>...] [SOURCES <file>...] [LIBRARIES <target>...])
 #   Builds a program of test classes, each in a file tst_<class>.cpp, and registers each class for a run of its own.
-#   Without TESTS it takes all such files of this folder and those below it that no program has taken before.
+#   Without TESTS it takes all such files in the folders below this one that no program has taken before.
 #   SOURCES are what the tests need beside them, Qt resources too; a header there has classes with meta-objects.
 function(xe_add_test_program name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "TESTS;SOURCES;LIBRARIES")
     if(NOT arg_TESTS)
-        file(GLOB_RECURSE arg_TESTS CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} tst_*.cpp)
+        file(GLOB arg_TESTS CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} */tst_*.cpp)
         get_property(taken DIRECTORY PROPERTY xe_taken)
         list(REMOVE_ITEM arg_TESTS "" ${taken})
     endif()
