@@ -56,21 +56,25 @@ MessageParameters translateHover(const QObject& target, const QEvent& event, Poi
 MessageParameters translateFrameRelease(const QObject& target, const QEvent& event, PointerPosition& pointer);
 MessageParameters translateCarrier(const QObject& target, const QEvent& event, PointerPosition& pointer);
 
+/// What is posted behind an event: the question for the cursor, or the characters of a key.
+enum class FollowUp { Nothing, Cursor, Characters };
+
 /// An event type that has a message.
 struct EventRow
 {
     int type;
     bool shownToHooks; ///< whether hooks and message functions may see it
     Translator translate;
+    FollowUp followUp = FollowUp::Nothing;
 };
 
 inline constexpr EventRow eventRows[] = {
     {QEvent::Timer, true, translateTimer},
-    {QEvent::MouseButtonPress, true, translateMouse},
-    {QEvent::MouseButtonRelease, true, translateMouse},
-    {QEvent::MouseButtonDblClick, true, translateMouse},
-    {QEvent::MouseMove, true, translateMouse},
-    {QEvent::KeyPress, true, translateKey},
+    {QEvent::MouseButtonPress, true, translateMouse, FollowUp::Cursor},
+    {QEvent::MouseButtonRelease, true, translateMouse, FollowUp::Cursor},
+    {QEvent::MouseButtonDblClick, true, translateMouse, FollowUp::Cursor},
+    {QEvent::MouseMove, true, translateMouse, FollowUp::Cursor},
+    {QEvent::KeyPress, true, translateKey, FollowUp::Characters},
     {QEvent::KeyRelease, true, translateKey},
     {QEvent::Leave, false, translatePlain<WM_MOUSELEAVE>},
     {QEvent::Paint, false, translatePlain<WM_PAINT>},
@@ -118,6 +122,9 @@ inline tagMSG translateEvent(const EventRow& row, QObject& target, const QEvent&
     const MessageParameters parameters = row.translate(target, event, pointer);
     return {&target, parameters.message, parameters.wParam, parameters.lParam, 0, {0, 0}};
 }
+
+/// Posts what follows from an event that was translated to `message`. 1 for the cursor and for a key with text, else 0.
+int postFollowUp(FollowUp followUp, QObject& target, const QEvent& event, UINT message);
 
 /// The modifiers as key messages carry them: MK_ flags in bits 16 to 21, where Windows has the scan code.
 LPARAM keyFlags(Qt::KeyboardModifiers modifiers);

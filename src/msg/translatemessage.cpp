@@ -7,30 +7,44 @@
 #include <QKeyEvent>
 #include <QWidget>
 
+namespace {
+
+int askForCursor(QObject& target, UINT message)
+{
+    if (!QWidget::mouseGrabber()) {
+        auto* const question = new XeWinMsgEvent(WM_SETCURSOR, reinterpret_cast<WPARAM>(&target), message << 16);
+        QCoreApplication::postEvent(&target, question);
+    }
+    return 1;
+}
+
+int postCharacters(QObject& target, const QKeyEvent& press)
+{
+    const QVector<uint> characters = press.text().toUcs4();
+    const UINT message = press.modifiers() & Qt::AltModifier ? WM_SYSCHAR : WM_CHAR;
+    const LPARAM lParam = xe::keyFlags(press.modifiers()) | 1;
+    for (const uint character : characters)
+        QCoreApplication::postEvent(&target, new XeWinMsgEvent(message, character, lParam));
+    return characters.isEmpty() ? 0 : 1;
+}
+
+} // namespace
+
+int xe::postFollowUp(FollowUp followUp, QObject& target, const QEvent& event, UINT message)
+{
+    switch (followUp) {
+    case FollowUp::Cursor:
+        return askForCursor(target, message);
+    case FollowUp::Characters:
+        return postCharacters(target, static_cast<const QKeyEvent&>(event));
+    case FollowUp::Nothing:
+        break;
+    }
+    return 0;
+}
+
 int TranslateMessage(QObject* target, const QEvent* event, const tagMSG* msg)
 {
-    if (!target || !event || !msg)
-        return 0;
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseMove:
-        if (!QWidget::mouseGrabber()) {
-            QCoreApplication::postEvent(
-                target, new XeWinMsgEvent(WM_SETCURSOR, reinterpret_cast<WPARAM>(target), msg->message << 16));
-        }
-        return 1;
-    case QEvent::KeyPress: {
-        const auto* press = static_cast<const QKeyEvent*>(event);
-        const QVector<uint> characters = press->text().toUcs4();
-        const UINT message = press->modifiers() & Qt::AltModifier ? WM_SYSCHAR : WM_CHAR;
-        const LPARAM lParam = xe::keyFlags(press->modifiers()) | 1;
-        for (const uint character : characters)
-            QCoreApplication::postEvent(target, new XeWinMsgEvent(message, character, lParam));
-        return characters.isEmpty() ? 0 : 1;
-    }
-    default:
-        return 0;
-    }
+    const xe::EventRow* const row = target && event && msg ? xe::eventRow(event->type()) : nullptr;
+    return row ? xe::postFollowUp(row->followUp, *target, *event, msg->message) : 0;
 }

@@ -10,7 +10,8 @@
 
 namespace {
 
-// Whether PreTranslateMessage() is overridden: only then does anybody see the whole record of a message.
+// Whether PreTranslateMessage() is overridden: only then does anybody see the whole record of a message. Asked anew each
+// time, since a class may attach in its constructor and only the class behind it have the override.
 bool looksAtMessages(const CWnd_X& window)
 {
     static const void* const base = [] {
@@ -57,8 +58,7 @@ bool CWnd_X::filterWithoutMessage(QObject* target, QEvent* event)
 {
     if (event->type() == XeMsgBoxEvent::EventType) {
         const xe::DispatchFrame frame(*this, target, event);
-        const auto* box = static_cast<const XeMsgBoxEvent*>(event);
-        MessageBox(box->text, box->caption, 0);
+        showPostedBox(qobject_cast<QWidget*>(target), *static_cast<const XeMsgBoxEvent*>(event));
         event->setAccepted(true);
         return true;
     }
@@ -82,7 +82,7 @@ bool CWnd_X::filterMessage(const xe::EventRow& row, QObject* target, QEvent* eve
     }
     bool handled = screened;
     if (!screened && frame.isAlive() && frame.hasTarget()) {
-        TranslateMessage(target, event, &message);
+        xe::postFollowUp(row.followUp, *target, *event, message.message);
         handled = OnWndMsg(message.message, message.wParam, message.lParam, &result);
     }
 
