@@ -135,3 +135,8 @@ int CWnd_X::MessageBox(const wchar_t* text, const wchar_t* caption, UINT style)
 {
     return GetSafeHwnd() ? MessageBox_X(GetSafeHwnd(), text, caption, style) : 0;
 }
+
+void CWnd_X::showPostedBox(QWidget* owner, const XeMsgBoxEvent& event)
+{
+    MessageBox_X(owner, event.text, event.caption, 0);
+}

@@ -5,6 +5,8 @@
 
 #include <XeMFCEmu.h>
 
+#include <private/qobject_p.h> // who filters an object's events
+
 namespace {
 
 // "hidden" or "shown", and the titles in it.
@@ -17,6 +19,18 @@ QString menuText(const QWidget& widget)
     for (const QAction* action : bars.first()->actions())
         words += action->text();
     return words.join(QLatin1Char(' '));
+}
+
+// Those of the widgets whose events the window's menu bar filters.
+QList<QWidget*> filteredBy(const QMenuBar* bar, const QList<QWidget*>& widgets)
+{
+    QList<QWidget*> filtered;
+    for (QWidget* widget : widgets) {
+        const auto* const extra = QObjectPrivate::get(widget)->extraData;
+        if (extra && extra->eventFilters.contains(const_cast<QMenuBar*>(bar)))
+            filtered += widget;
+    }
+    return filtered;
 }
 
 void deleteLaterObjects() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
@@ -39,6 +53,9 @@ private Q_SLOTS:
     void menuOutlivesTheBar();
     void overridesMayCallEachOther();
     void noMenuBar();
+    void aHiddenBarFiltersNothing();
+    void aBarFollowsItsWindowAfterAMoveInHiding();
+    void splitterHasNone();
 
     void temporaryWrappersLeaveNothing_data();
     void temporaryWrappersLeaveNothing();
@@ -135,6 +152,60 @@ void tst_WndMenuBar::noMenuBar()
     QCOMPARE(window.SetMenu({&menu}), 0);
     QCOMPARE(window.SetMenu(nullptr), 0);
     QCOMPARE(menuText(widget), QStringLiteral("0 bars"));
+}
+
+void tst_WndMenuBar::aHiddenBarFiltersNothing()
+{
+    QWidget top;
+    QWidget middle(&top);
+    QWidget widget(&middle);
+    CWnd_X window;
+    window.SubclassWindow(&widget);
+    CMenu_X menu(&widget);
+    const QList<QWidget*> all{&widget, &middle, &top};
+    const auto* const bar = widget.findChild<QMenuBar*>();
+    QCOMPARE(filteredBy(bar, all), {});
+    window.SetMenu(&menu);
+    QCOMPARE(filteredBy(bar, all), all); // as Qt's own does
+    window.SetMenu(nullptr);
+    QCOMPARE(filteredBy(bar, all), {});
+    window.SetMenu(&menu);
+    window.SetMenu(&menu);
+    QCOMPARE(filteredBy(bar, all), all);
+}
+
+void tst_WndMenuBar::aBarFollowsItsWindowAfterAMoveInHiding()
+{
+    auto first = std::make_unique<QWidget>();
+    QWidget second;
+    auto* const widget = new QWidget(first.get());
+    CWnd_X window;
+    window.SubclassWindow(widget);
+    CMenu_X menu(widget);
+    const auto* const bar = widget->findChild<QMenuBar*>();
+    widget->setParent(&second);
+    window.SetMenu(&menu);
+    QCOMPARE(filteredBy(bar, {widget, first.get(), &second}), (QList<QWidget*>{widget, &second}));
+    window.SetMenu(nullptr);
+    widget->setParent(nullptr);
+    first.reset();
+    window.SetMenu(&menu);
+    QCOMPARE(filteredBy(bar, {widget, &second}), {widget});
+    window.Detach();
+    delete widget;
+    deleteLaterObjects();
+}
+
+// It would become a column there.
+void tst_WndMenuBar::splitterHasNone()
+{
+    QSplitter splitter;
+    CWnd_X window;
+    window.SubclassWindow(&splitter);
+    CMenu_X menu(&splitter);
+    QCOMPARE(splitter.count(), 0);
+    QCOMPARE(window.SetMenu(&menu), 0);
+    QCOMPARE(splitter.count(), 0);
 }
 
 // ------------------------------------------------------------------------------------------------ nothing piles up
