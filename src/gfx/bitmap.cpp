@@ -1,3 +1,4 @@
+#include "gfx/gdivalue.h"
 #include "xeafxgdi.h"
 #include "xeafxstr.h"
 
@@ -66,7 +67,7 @@ BOOL CBitmap_X::CreateBitmapIndirect(const tagBITMAP* bitmap)
 
 BOOL CBitmap_X::GetBitmap(tagBITMAP* bitmap) const
 {
-    auto* const image = static_cast<QImage*>(m_hObject);
+    auto* const image = xe::gdiValue<QImage>(this);
     if (!image || !bitmap)
         return FALSE;
     *bitmap = {
@@ -76,7 +77,7 @@ BOOL CBitmap_X::GetBitmap(tagBITMAP* bitmap) const
 
 DWORD CBitmap_X::GetBitmapBits(DWORD count, void* bits) const
 {
-    const auto* const image = static_cast<const QImage*>(m_hObject);
+    const auto* const image = xe::gdiValue<const QImage>(this);
     if (!image || !bits)
         return 0;
     const auto told =
@@ -88,7 +89,7 @@ DWORD CBitmap_X::GetBitmapBits(DWORD count, void* bits) const
 
 DWORD CBitmap_X::SetBitmapBits(DWORD count, const void* bits)
 {
-    auto* const image = static_cast<QImage*>(m_hObject);
+    auto* const image = xe::gdiValue<QImage>(this);
     if (!image || !bits)
         return 0;
     // The constructor for constant bytes: whoever changes the image makes its own copy first.
@@ -99,7 +100,7 @@ DWORD CBitmap_X::SetBitmapBits(DWORD count, const void* bits)
 
 CSize CBitmap_X::GetBitmapDimension() const
 {
-    const auto* const image = static_cast<const QImage*>(m_hObject);
+    const auto* const image = xe::gdiValue<const QImage>(this);
     return image ? sizeOf(*image) : CSize();
 }
 

@@ -1,4 +1,5 @@
 #include "geometry/colorref.h"
+#include "gfx/gdivalue.h"
 #include "xeafxgdi.h"
 #include "xehost.h"
 
@@ -37,7 +38,7 @@ BOOL CBrush_X::CreateHatchBrush(int hatch, COLORREF color)
 
 BOOL CBrush_X::CreatePatternBrush(CBitmap_X* bitmap)
 {
-    const auto* const picture = static_cast<const QImage*>(bitmap->GetSafeHandle());
+    const auto* const picture = xe::gdiValue<QImage>(bitmap);
     return picture ? Attach(new QBrush(QPixmap::fromImage(*picture))) : FALSE;
 }
 
@@ -58,7 +59,7 @@ BOOL CBrush_X::CreateSysColorBrush(int)
 
 BOOL CBrush_X::GetLogBrush(tagLOGBRUSH* brush) const
 {
-    const auto* const value = static_cast<const QBrush*>(m_hObject);
+    const auto* const value = xe::gdiValue<QBrush>(this);
     if (!value || !brush)
         return FALSE;
     int style = 0;

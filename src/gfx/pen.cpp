@@ -1,4 +1,5 @@
 #include "geometry/colorref.h"
+#include "gfx/gdivalue.h"
 #include "xeafxgdi.h"
 
 #include <QPen>
@@ -46,7 +47,7 @@ BOOL CPen_X::CreatePenIndirect(const tagLOGPEN* pen)
 
 BOOL CPen_X::GetLogPen(tagLOGPEN* pen) const
 {
-    const auto* const value = static_cast<const QPen*>(m_hObject);
+    const auto* const value = xe::gdiValue<QPen>(this);
     if (!value || !pen)
         return FALSE;
     *pen = {static_cast<UINT>(mapToMfcPenStyle(value->style())), {value->width(), 0}, xe::toColorRef(value->color())};

@@ -3,6 +3,7 @@
 #include "core/nullobject.h"
 #include "geometry/colorref.h"
 #include "geometry/rectangle.h"
+#include "gfx/gdivalue.h"
 #include "state/handlemapmaker.h"
 #include "xeafxstat.h"
 
@@ -21,7 +22,7 @@ constexpr UINT maxReserved = 1'000'000; // SetImageCount() is only a hint
 
 bool hasIndex(const Images& images, int index) { return index >= 0 && index < images.size(); }
 
-QImage* pictureOf(const CBitmap_X* bitmap) { return static_cast<QImage*>(bitmap->GetSafeHandle()); }
+QImage* pictureOf(const CBitmap_X* bitmap) { return xe::gdiValue<QImage>(bitmap); }
 
 QImage* pictureAt(const Images& images, int index)
 {
@@ -165,7 +166,7 @@ int CImageList_X::Add(CBitmap_X* image, CBitmap_X*)
 
 int CImageList_X::Add(HICON) { return -1; }
 
-BOOL CImageList_X::Replace(int, CBitmap_X* image, CBitmap_X*) { return image->GetSafeHandle() != nullptr; }
+BOOL CImageList_X::Replace(int, CBitmap_X* image, CBitmap_X*) { return pictureOf(image) != nullptr; }
 
 int CImageList_X::Replace(int, HICON) { return -1; }
 

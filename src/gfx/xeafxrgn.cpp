@@ -1,6 +1,7 @@
 #include "xeafxrgn.h"
 
 #include "geometry/rectangle.h"
+#include "gfx/gdivalue.h"
 
 #include <QPainterPath>
 #include <QRegion>
@@ -11,7 +12,7 @@ IMPLEMENT_DYNCREATE_X(CRgn_X, CGdiObject_X)
 
 namespace {
 
-QRegion* valueOf(const CRgn_X* region) { return static_cast<QRegion*>(region->GetSafeHandle()); }
+QRegion* valueOf(const CRgn_X* region) { return xe::gdiValue<QRegion>(region); }
 
 const QRegion& regionOf(const CRgn_X* region)
 {
