@@ -242,7 +242,7 @@ class XE_EXPORT CBitmap_X : public CGdiObject_X
     BOOL CreateDiscardableBitmap(CDC_X* dc, int width, int height);
     /// The same with 1, 4, 8, 16 or 32 bits a pixel; another number gives 0 and no picture. `planes` is ignored, and so
     /// is `bits`, unlike in the published function: SetBitmapBits() takes them. With 4 the picture has a colour table
-    /// (QImage::Format_Indexed8), and Qt cannot paint on it.
+    /// (QImage::Format_Indexed8), of greys, and Qt cannot paint on it.
     BOOL CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, const void* bits);
     /// CreateBitmap() with the record's width, height and bits per pixel. 0 for null.
     BOOL CreateBitmapIndirect(const tagBITMAP* bitmap);

@@ -23,10 +23,20 @@ constexpr DepthFormat depthFormats[] = {
     {32, ownFormat},
 };
 
+QVector<QRgb> greys()
+{
+    QVector<QRgb> table(256);
+    for (int i = 0; i < table.size(); ++i)
+        table[i] = qRgb(i, i, i);
+    return table;
+}
+
 QImage* newImage(int width, int height, QImage::Format format)
 {
     auto* const image = new QImage(std::max(width, 0), std::max(height, 0), format);
     image->fill(0);
+    if (format == QImage::Format_Indexed8)
+        image->setColorTable(greys()); // Qt reads it unasked when the image is painted somewhere
     return image;
 }
 
@@ -41,7 +51,11 @@ unsigned long long product(int a, int b, int c)
 
 CBitmap_X::~CBitmap_X() { DeleteObject(); }
 
-BOOL CBitmap_X::LoadBitmap(const wchar_t* path) { return Attach(new QImage(XeQString(path))); }
+BOOL CBitmap_X::LoadBitmap(const wchar_t* path)
+{
+    const bool hasPath = path && *path; // without one Qt warns
+    return Attach(hasPath ? new QImage(XeQString(path)) : new QImage);
+}
 
 BOOL CBitmap_X::CreateCompatibleBitmap(CDC_X*, int width, int height)
 {

@@ -38,6 +38,12 @@ void scale(CBitmap_X* bitmap, int width, int height)
         *picture = picture->scaled(width, height);
 }
 
+// Qt reads past the end of a short colour table where it paints, and not where it converts.
+QImage paintable(const QImage& picture)
+{
+    return picture.format() == QImage::Format_Indexed8 ? picture.convertToFormat(QImage::Format_ARGB32) : picture;
+}
+
 // A transparent picture like another one in size and depth, as far as bitmaps have the depth.
 void createLike(const QImage& model, CBitmap_X& bitmap)
 {
@@ -203,7 +209,7 @@ HICON CImageList_X::ExtractIcon(int index) const { return pictureAt(m_listImages
 COLORREF CImageList_X::GetBkColor() const
 {
     const QImage* const first = pictureAt(m_listImages, 0);
-    return hasPixels(first) ? xe::toColorRef(first->pixelColor(0, 0)) : CLR_NONE;
+    return hasPixels(first) ? xe::toColorRef(paintable(first->copy(0, 0, 1, 1)).pixelColor(0, 0)) : CLR_NONE;
 }
 
 COLORREF CImageList_X::SetBkColor(COLORREF color)
@@ -227,9 +233,9 @@ BOOL CImageList_X::SetOverlayImage(int image, int overlay)
     createLike(*below, composed);
     if (hasPixels(below)) {
         QPainter painter(pictureOf(&composed));
-        painter.drawImage(0, 0, *above);
+        painter.drawImage(0, 0, paintable(*above));
         painter.setOpacity(0.5);
-        painter.drawImage(0, 0, *below);
+        painter.drawImage(0, 0, paintable(*below));
     }
     *below = pictureOf(&composed)->convertToFormat(QImage::Format_RGBX8888);
     return TRUE;

@@ -2,6 +2,7 @@
 
 #include "geometry/rectangle.h"
 #include "gfx/gdivalue.h"
+#include "xeafxdc.h"
 
 #include <QPainterPath>
 #include <QRegion>
@@ -96,7 +97,13 @@ BOOL CRgn_X::CreatePolyPolygonRgn(const tagPOINT* points, const int* counts, int
     return CreatePolygonRgn(points, *last, mode);
 }
 
-BOOL CRgn_X::CreateFromPath(CDC_X* dc) { return dc ? Attach(new QRegion) : FALSE; }
+BOOL CRgn_X::CreateFromPath(CDC_X* dc)
+{
+    if (!dc)
+        return FALSE;
+    // An idle painter would warn.
+    return Attach(dc->isActive() ? new QRegion(dc->clipRegion()) : new QRegion);
+}
 
 BOOL CRgn_X::CreateFromData(const tagXFORM*, int, const _RGNDATA*) { return FALSE; }
 

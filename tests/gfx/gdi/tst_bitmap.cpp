@@ -49,6 +49,7 @@ private Q_SLOTS:
     void sizes_data();
     void sizes();
     void isBlack();
+    void aColorTableForEachPixel();
     void createIgnoresTheBits();
     void nullRecords();
     void load();
@@ -150,6 +151,18 @@ void tst_Bitmap::isBlack()
     bitmap.CreateCompatibleBitmap(nullptr, 2, 2);
     for (int i = 0; i < 4; ++i)
         QCOMPARE(imageOf(bitmap).pixel(i % 2, i / 2), 0xFF000000u);
+}
+
+// Qt looks up each pixel in the table, however short that is.
+void tst_Bitmap::aColorTableForEachPixel()
+{
+    CBitmap_X bitmap;
+    bitmap.CreateBitmap(2, 1, 1, 4, nullptr);
+    imageOf(bitmap).bits()[1] = 255;
+    QImage target(2, 1, QImage::Format_ARGB32_Premultiplied);
+    QPainter(&target).drawImage(0, 0, imageOf(bitmap));
+    QCOMPARE(target.pixel(0, 0), 0xFF000000u);
+    QCOMPARE(target.pixel(1, 0), 0xFFFFFFFFu);
 }
 
 void tst_Bitmap::createIgnoresTheBits()

@@ -1,12 +1,10 @@
 // GDI objects: their handles, the handle map, and when a value is freed.
 
-#include "gfx/painterslots.h"
 #include "leavenothing.h"
 #include "testclass.h"
 
 #include <XeMFCEmu.h>
 
-#include <QPainter>
 #include <QtTest>
 
 namespace {
@@ -69,8 +67,7 @@ private Q_SLOTS:
     void attachToATemporary();
 
     void painterSlot();
-    void painterSlotWithAHolder();
-    void forgottenPainterSlot();
+    void painterSlotWithoutAWrapper();
 
     void tenThousandObjects();
 };
@@ -368,47 +365,30 @@ void tst_GdiObject::attachToATemporary()
 void tst_GdiObject::painterSlot()
 {
     QImage image(1, 1, QImage::Format_ARGB32);
-    QPainter painter(&image);
-    painter.setPen(Qt::red);
-    CGdiObject_X* const wrapper = xe::wrapPainterSlot(&painter.pen());
-    QCOMPARE(wrapper->GetSafeHandle(), const_cast<QPen*>(&painter.pen()));
-    QVERIFY(xe::isPainterSlot(wrapper->GetSafeHandle()));
-    QCOMPARE(wrapper->DeleteObject(), TRUE);
+    CPen_X red(PS_SOLID, 1, 0x0000FFu);
+    CGdiObject_X* wrapper = nullptr;
+    {
+        CDC_X dc(&image);
+        wrapper = dc.SelectObject(&red);
+        QCOMPARE(wrapper->GetSafeHandle(), const_cast<QPen*>(&dc.pen()));
+        QCOMPARE(wrapper->DeleteObject(), TRUE); // frees nothing
+        QCOMPARE(wrapper->GetSafeHandle(), nullptr);
+        QCOMPARE(dc.pen().color(), QColor(Qt::red));
+        QCOMPARE(wrapper->DeleteObject(), FALSE);
+        QCOMPARE(dc.SelectObject(&red), wrapper);
+        QCOMPARE(wrapper->GetSafeHandle(), const_cast<QPen*>(&dc.pen()));
+    }
     QCOMPARE(wrapper->GetSafeHandle(), nullptr);
-    QCOMPARE(painter.pen().color(), QColor(Qt::red));
-    QCOMPARE(wrapper->DeleteObject(), FALSE);
-    QCOMPARE(xe::wrapPainterSlot(&painter.pen()), wrapper);
-    QCOMPARE(wrapper->GetSafeHandle(), const_cast<QPen*>(&painter.pen()));
-    xe::forgetPainterSlot(&painter.pen());
+    QVERIFY(red.GetSafeHandle());
 }
 
-// The memory of a painter that is gone may hold a value of the host's.
-void tst_GdiObject::painterSlotWithAHolder()
+void tst_GdiObject::painterSlotWithoutAWrapper()
 {
-    auto* const value = new QPen;
-    xe::wrapPainterSlot(value);
-    CPen_X pen;
-    pen.Attach(value);
-    QVERIFY(!xe::isPainterSlot(value));
-    QCOMPARE(pen.DeleteObject(), TRUE); // a sanitizer would tell if it were left
-    xe::forgetPainterSlot(value);
-}
-
-void tst_GdiObject::forgottenPainterSlot()
-{
-    const QPen slot;
-    const QBrush never;
-    CGdiObject_X* const wrapper = xe::wrapPainterSlot(&slot);
-    xe::forgetPainterSlot(&slot);
-    QVERIFY(!xe::isPainterSlot(&slot));
-    QCOMPARE(wrapper->GetSafeHandle(), nullptr);
-    xe::forgetPainterSlot(&slot);
-    xe::forgetPainterSlot(&never);
-
-    xe::wrapPainterSlot(&slot);
-    CGdiObject_X::DeleteTempMap();
-    xe::forgetPainterSlot(&slot); // whose wrapper is gone
-    QVERIFY(!xe::isPainterSlot(&slot));
+    QImage image(1, 1, QImage::Format_ARGB32);
+    CPen_X red(PS_SOLID, 1, 0x0000FFu);
+    CDC_X dc(&image);
+    dc.SelectObject(&red);
+    CGdiObject_X::DeleteTempMap(); // what the context hands out goes before it
 }
 
 // -------------------------------------------------------------------------------------------------------------------- many

@@ -15,7 +15,7 @@ namespace {
 // Bitmaps of one colour each, and one without a picture.
 struct Bitmaps
 {
-    Bitmaps()
+    void createAll()
     {
         create(red, Qt::red, 4, 2);
         create(green, Qt::green, 4, 2);
@@ -24,6 +24,7 @@ struct Bitmaps
 
     static void create(CBitmap_X& bitmap, const QColor& color, int width, int height)
     {
+        bitmap.DeleteObject();
         bitmap.CreateCompatibleBitmap(nullptr, width, height);
         static_cast<QImage*>(bitmap.GetSafeHandle())->fill(color);
     }
@@ -74,6 +75,7 @@ private Q_SLOTS:
     void imageInfoOfNothing();
     void bkColor();
     void bkColorOfNothing();
+    void bkColorWithoutAColorTable();
     void overlay();
     void overlayOfEachDepth_data();
     void overlayOfEachDepth();
@@ -99,9 +101,7 @@ private:
 void tst_ImageList::init()
 {
     m_list.m_listImages = {&red, &green, &blue};
-    pictureOf(red).fill(Qt::red);
-    pictureOf(green).fill(Qt::green);
-    pictureOf(blue).fill(Qt::blue);
+    createAll();
 }
 
 void tst_ImageList::cleanup() { CImageList_X::DeleteTempMap(); }
@@ -353,6 +353,16 @@ void tst_ImageList::bkColorOfNothing()
         QCOMPARE(list.SetBkColor(0xFFFFFF), CLR_NONE);
         QCOMPARE(pictureOf(red).pixelColor(0, 0), QColor(Qt::red));
     }
+}
+
+// Qt takes such a picture for one of greys where it converts it, and reads past the table where it paints it.
+void tst_ImageList::bkColorWithoutAColorTable()
+{
+    CBitmap_X bitmap;
+    bitmap.Attach(new QImage(2, 2, QImage::Format_Indexed8));
+    pictureOf(bitmap).fill(0x40);
+    m_list.m_listImages = {&bitmap};
+    QCOMPARE(m_list.GetBkColor(), 0x404040u);
 }
 
 void tst_ImageList::overlay()

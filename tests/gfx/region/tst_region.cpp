@@ -49,6 +49,7 @@ private Q_SLOTS:
     void polygonWithoutPoints();
     void polyPolygonIsTheLast();
     void polyPolygonCounts();
+    void ofADeviceContext();
     void createFreesNothing();
     void nullRecords();
     void stubs();
@@ -193,6 +194,26 @@ void tst_Region::polyPolygonCounts()
     QCOMPARE(region.CreatePolyPolygonRgn(nullptr, counts, 3, ALTERNATE), TRUE);
     QCOMPARE(region.CreatePolyPolygonRgn(points, nullptr, 3, ALTERNATE), TRUE);
     QCOMPARE(region.GetSafeHandle(), value);
+}
+
+void tst_Region::ofADeviceContext()
+{
+    CRgn_X idle;
+    CDC_X nowhere;
+    QCOMPARE(idle.CreateFromPath(&nowhere), TRUE);
+    QCOMPARE(box(idle), QStringLiteral("2: 0 0 0 0"));
+
+    QImage image(20, 20, QImage::Format_ARGB32_Premultiplied);
+    CDC_X dc(&image);
+    CRgn_X unclipped;
+    QCOMPARE(unclipped.CreateFromPath(&dc), TRUE);
+    QCOMPARE(box(unclipped), QStringLiteral("2: 0 0 0 0"));
+    dc.setClipRect(2, 3, 4, 5);
+    CRgn_X clip;
+    QCOMPARE(clip.CreateFromPath(&dc), TRUE);
+    QCOMPARE(box(clip), QStringLiteral("2: 2 3 6 8"));
+    dc.setClipRect(0, 0, 1, 1); // the region is a copy
+    QCOMPARE(box(clip), QStringLiteral("2: 2 3 6 8"));
 }
 
 void tst_Region::createFreesNothing()
