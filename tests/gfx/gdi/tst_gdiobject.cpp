@@ -78,7 +78,7 @@ void tst_GdiObject::cleanup()
     QCOMPARE(LeaveNothing::leftovers(), QString());
 }
 
-// ------------------------------------------------------------------------------------------------------ handle and value
+// ---------------------------------------------------------------------------------------------------- handle and value
 
 void tst_GdiObject::classes_data()
 {
@@ -240,7 +240,7 @@ void tst_GdiObject::theStub()
     QCOMPARE(pen.GetObject(0, nullptr), 0);
 }
 
-// --------------------------------------------------------------------------------------------------------- several holders
+// ----------------------------------------------------------------------------------------------------- several holders
 
 void tst_GdiObject::sharedValueLivesUntilTheLastDeletes()
 {
@@ -298,7 +298,7 @@ void tst_GdiObject::theMapNamesTheLastHolder()
     QCOMPARE(permanentOf(value), &second);
 }
 
-// --------------------------------------------------------------------------------------------------------------- temporary
+// ----------------------------------------------------------------------------------------------------------- temporary
 
 void tst_GdiObject::temporaryObjects()
 {
@@ -360,7 +360,7 @@ void tst_GdiObject::attachToATemporary()
     holder.Attach(value);
 }
 
-// ----------------------------------------------------------------------------------------------------------- painters' own
+// ------------------------------------------------------------------------------------------------------- painters' own
 
 void tst_GdiObject::painterSlot()
 {
@@ -391,7 +391,7 @@ void tst_GdiObject::painterSlotWithoutAWrapper()
     CGdiObject_X::DeleteTempMap(); // what the context hands out goes before it
 }
 
-// -------------------------------------------------------------------------------------------------------------------- many
+// ---------------------------------------------------------------------------------------------------------------- many
 
 void tst_GdiObject::tenThousandObjects()
 {
