@@ -25,17 +25,17 @@ struct Numbers
     void exchange(CDataExchange_X* dataExchange, QWidget* control, int type)
     {
         switch (type) {
-        case 1:
+        case TextShort:
             return DDX_Text(dataExchange, control, s);
-        case 2:
+        case TextInt:
             return DDX_Text(dataExchange, control, i);
-        case 3:
+        case TextLong:
             return DDX_Text(dataExchange, control, l);
-        case 4:
+        case TextFloat:
             return DDX_Text(dataExchange, control, f);
-        case 5:
+        case TextDouble:
             return DDX_Text(dataExchange, control, d);
-        case 6:
+        case TextUInt:
             return DDX_Text(dataExchange, control, u);
         }
     }
@@ -133,7 +133,7 @@ void tst_DdxText::parsed()
     Numbers others;
     QCOMPARE(window.save([&](CDataExchange_X* exchange) { others.exchangeWithFormat(exchange, edit, type); }), 1);
     QTEST(others.value(type), "value");
-    for (int other = 1; other <= 6; ++other) {
+    for (int other = TextShort; other <= TextUInt; ++other) {
         if (other != type)
             QCOMPARE(others.value(other), 99.0);
     }
@@ -165,7 +165,7 @@ void tst_DdxText::notParsed_data()
     const auto row = [&types](int type, const char* name, const char* text) {
         QTest::addRow("%s: %s", types[type], name) << type << QString::fromLatin1(text);
     };
-    for (int type = 1; type <= 6; ++type) {
+    for (int type = TextShort; type <= TextUInt; ++type) {
         row(type, "empty", "");
         row(type, "blank", " ");
         row(type, "no number", "abc");
@@ -175,21 +175,21 @@ void tst_DdxText::notParsed_data()
         row(type, "hexadecimal", "0x10");
         row(type, "sign alone", "-");
     }
-    for (const int type : {1, 2, 3, 6}) {
+    for (const int type : {TextShort, TextInt, TextLong, TextUInt}) {
         row(type, "fraction", "1.5");
         row(type, "exponent", "1e3");
     }
-    row(1, "above the range", "32768");
-    row(1, "far above the range", "70000");
-    row(1, "below the range", "-32769");
-    row(2, "above the range", "2147483648");
-    row(2, "below the range", "-2147483649");
-    row(3, "above the range", "9223372036854775808");
-    row(3, "below the range", "-9223372036854775809");
-    row(4, "above the range", "1e39");
-    row(5, "above the range", "1e309");
-    row(6, "above the range", "4294967296");
-    row(6, "below the range", "-1");
+    row(TextShort, "above the range", "32768");
+    row(TextShort, "far above the range", "70000");
+    row(TextShort, "below the range", "-32769");
+    row(TextInt, "above the range", "2147483648");
+    row(TextInt, "below the range", "-2147483649");
+    row(TextLong, "above the range", "9223372036854775808");
+    row(TextLong, "below the range", "-9223372036854775809");
+    row(TextFloat, "above the range", "1e39");
+    row(TextDouble, "above the range", "1e309");
+    row(TextUInt, "above the range", "4294967296");
+    row(TextUInt, "below the range", "-1");
 }
 
 void tst_DdxText::notParsed()
@@ -422,7 +422,7 @@ void tst_DdxText::nullControl()
     QCOMPARE(window.load(exchangeText), 1);
     QCOMPARE(window.save(exchangeText), 1);
     QCOMPARE(text, CString_X(L"text"));
-    for (int type = 1; type <= 6; ++type) {
+    for (int type = TextShort; type <= TextUInt; ++type) {
         Numbers numbers;
         const auto exchangeNumber = [&](CDataExchange_X* exchange) { numbers.exchange(exchange, noControl, type); };
         QCOMPARE(window.load(exchangeNumber), 1);

@@ -165,7 +165,7 @@ void tst_HookFilter::droppedTypes_data()
     plain("WindowUnblocked", 104);
     row("HoverEnter", 127, new QHoverEvent(QEvent::HoverEnter, QPointF(1, 1), QPointF(-1, -1)));
     row("HoverLeave", 128, new QHoverEvent(QEvent::HoverLeave, QPointF(-1, -1), QPointF(1, 1)));
-    row("a window message", 1128, new XeWinMsgEvent(WM_USER + 1, 2, 3));
+    row("a window message", XeWinMsgEvent::EventType, new XeWinMsgEvent(WM_USER + 1, 2, 3));
 }
 
 void tst_HookFilter::droppedTypes()

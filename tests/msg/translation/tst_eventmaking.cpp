@@ -71,7 +71,7 @@ QString describe(const QEvent& event)
         return describeKey(static_cast<const QKeyEvent&>(event));
     case QEvent::Resize:
         return describeSize(static_cast<const QResizeEvent&>(event));
-    case 1128:
+    case XeWinMsgEvent::EventType:
         return describeMessage(static_cast<const XeWinMsgEvent&>(event));
     default:
         return QStringLiteral("event %1").arg(int(event.type()));
@@ -207,7 +207,7 @@ void tst_EventMaking::everyOtherMessageTravelsAsItIs()
                                0x0203, 0x0204, 0x0205, 0x0206, 0x0207, 0x0208, 0x0209};
     for (UINT message = 0; message <= 0x10000; ++message) {
         const std::unique_ptr<QEvent> event(xeMsgToQEvent(nullptr, message, 0x41, 0x14000A));
-        const bool isMessage = event->type() == 1128;
+        const bool isMessage = event->type() == XeWinMsgEvent::EventType;
         if (isMessage == withEvent.contains(message))
             QFAIL(qPrintable(QStringLiteral("message %1 became %2").arg(message, 0, 16).arg(describe(*event))));
         if (isMessage)

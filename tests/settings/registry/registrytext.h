@@ -45,11 +45,11 @@ QString answerOf(Query query)
     std::memcpy(&number, data.data(), sizeof number);
     std::memcpy(&longNumber, data.data(), sizeof longNumber);
     switch (type) {
-    case 1:
+    case REG_SZ:
         return QStringLiteral("REG_SZ %1: %2").arg(size).arg(QString::fromUtf8(data.c_str()));
-    case 4:
+    case REG_DWORD:
         return QStringLiteral("REG_DWORD %1: %2").arg(size).arg(number);
-    case 11:
+    case REG_QWORD:
         return QStringLiteral("REG_QWORD %1: %2").arg(size).arg(longNumber);
     default:
         return QStringLiteral("type %1 with size %2").arg(type).arg(size);

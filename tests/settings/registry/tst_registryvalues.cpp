@@ -22,6 +22,7 @@ class tst_RegistryValues : public QObject
 
 private slots:
     void cleanup() { emptyRegistry(); }
+    void typesHaveThePublishedNumbers();
     void whatIsWrittenIsRead_data();
     void whatIsWrittenIsRead();
     void otherTypesAreLost_data();
@@ -42,50 +43,61 @@ private slots:
     void theRootItselfHoldsValues();
 };
 
+void tst_RegistryValues::typesHaveThePublishedNumbers()
+{
+    QCOMPARE((QVector<DWORD>{REG_NONE, REG_SZ, REG_EXPAND_SZ, REG_BINARY, REG_DWORD, REG_DWORD_BIG_ENDIAN, REG_LINK,
+                             REG_MULTI_SZ, REG_RESOURCE_LIST, REG_FULL_RESOURCE_DESCRIPTOR,
+                             REG_RESOURCE_REQUIREMENTS_LIST, REG_QWORD}),
+             (QVector<DWORD>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}));
+}
+
 void tst_RegistryValues::whatIsWrittenIsRead_data()
 {
     QTest::addColumn<Write>("write");
     QTest::addColumn<QString>("read");
-    QTest::newRow("DWORD") << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, 4, &five, 4); })
+    QTest::newRow("DWORD") << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_DWORD, &five, 4); })
                            << "REG_DWORD 4: 5";
-    QTest::newRow("DWORD, 8-bit") << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, 4, &five, 4); })
+    QTest::newRow("DWORD, 8-bit") << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, REG_DWORD, &five, 4); })
                                   << "REG_DWORD 4: 5";
     QTest::newRow("DWORD with its top bit") << Write([](HKEY key) {
         const DWORD all = 0xFFFFFFFF;
-        return RegSetValueExW_X(key, L"n", 0, 4, &all, 4);
+        return RegSetValueExW_X(key, L"n", 0, REG_DWORD, &all, 4);
     }) << "REG_DWORD 4: 4294967295";
-    QTest::newRow("QWORD") << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, 11, &large, 8); })
+    QTest::newRow("QWORD") << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_QWORD, &large, 8); })
                            << "REG_QWORD 8: 18364758544493064720";
-    QTest::newRow("QWORD, 8-bit") << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, 11, &large, 8); })
+    QTest::newRow("QWORD, 8-bit") << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, REG_QWORD, &large, 8); })
                                   << "REG_QWORD 8: 18364758544493064720";
-    QTest::newRow("text") << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, 1, L"text", 20); })
+    QTest::newRow("text") << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"text", 20); })
                           << "REG_SZ 5: text";
-    QTest::newRow("text, 8-bit") << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, 1, "text", 5); })
+    QTest::newRow("text, 8-bit") << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, REG_SZ, "text", 5); })
                                  << "REG_SZ 5: text";
     QTest::newRow("an expandable text is a text")
-        << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, 2, L"%HOME%", 28); }) << "REG_SZ 7: %HOME%";
+        << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_EXPAND_SZ, L"%HOME%", 28); })
+        << "REG_SZ 7: %HOME%";
     QTest::newRow("an expandable text, 8-bit")
-        << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, 2, "%HOME%", 7); }) << "REG_SZ 7: %HOME%";
-    QTest::newRow("empty text") << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, 1, L"", 4); })
+        << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, REG_EXPAND_SZ, "%HOME%", 7); })
+        << "REG_SZ 7: %HOME%";
+    QTest::newRow("empty text") << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"", 4); })
                                 << "REG_SZ 1: ";
-    QTest::newRow("digits stay a text") << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, 1, L"123", 0); })
-                                        << "REG_SZ 4: 123";
-    QTest::newRow("a comma") << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, 1, L"a,b", 0); })
+    QTest::newRow("digits stay a text") << Write([](HKEY key) {
+        return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"123", 0);
+    }) << "REG_SZ 4: 123";
+    QTest::newRow("a comma") << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"a,b", 0); })
                              << "REG_SZ 4: a,b";
     QTest::newRow("a terminator ends the text")
-        << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, 1, L"ab\0cd", 24); }) << "REG_SZ 3: ab";
+        << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"ab\0cd", 24); }) << "REG_SZ 3: ab";
     QTest::newRow("a terminator ends the 8-bit text")
-        << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, 1, "ab\0cd", 6); }) << "REG_SZ 3: ab";
+        << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, REG_SZ, "ab\0cd", 6); }) << "REG_SZ 3: ab";
     QTest::newRow("the size is ignored") << Write([](HKEY key) {
-        return RegSetValueExW_X(key, L"n", 0, 1, L"text", 1);
+        return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"text", 1);
     }) << "REG_SZ 5: text";
     QTest::newRow("the reserved word is ignored")
-        << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 9, 4, &five, 0); }) << "REG_DWORD 4: 5";
+        << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 9, REG_DWORD, &five, 0); }) << "REG_DWORD 4: 5";
     QTest::newRow("wide text is code points")
-        << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, 1, L"é😀", 0); })
+        << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"é😀", 0); })
         << QString::fromUtf8("REG_SZ 7: é😀");
     QTest::newRow("8-bit text is Latin-1")
-        << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, 1, "\xE9", 0); })
+        << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, REG_SZ, "\xE9", 0); })
         << QString::fromUtf8("REG_SZ 3: é");
 }
 
@@ -102,7 +114,10 @@ void tst_RegistryValues::whatIsWrittenIsRead()
 void tst_RegistryValues::otherTypesAreLost_data()
 {
     QTest::addColumn<DWORD>("type");
-    const DWORD types[] = {0, 3, 5, 6, 7, 8, 9, 10, 12, 0xFFFFFFFF};
+    const DWORD types[] = {
+        REG_NONE,      REG_BINARY,        REG_DWORD_BIG_ENDIAN,         REG_LINK,
+        REG_MULTI_SZ,  REG_RESOURCE_LIST, REG_FULL_RESOURCE_DESCRIPTOR, REG_RESOURCE_REQUIREMENTS_LIST,
+        REG_QWORD + 1, 0xFFFFFFFF};
     for (const DWORD type : types)
         QTest::addRow("type %u", type) << type;
 }
@@ -143,10 +158,11 @@ void tst_RegistryValues::aNameLeadsToADeeperPath()
 void tst_RegistryValues::theDefaultIsWrittenToOnePlaceAndReadFromAnother_data()
 {
     QTest::addColumn<Write>("write");
-    QTest::newRow("empty") << Write([](HKEY key) { return RegSetValueExW_X(key, L"", 0, 4, &five, 4); });
-    QTest::newRow("null") << Write([](HKEY key) { return RegSetValueExW_X(key, nullptr, 0, 4, &five, 4); });
-    QTest::newRow("empty, 8-bit") << Write([](HKEY key) { return RegSetValueExA_X(key, "", 0, 4, &five, 4); });
-    QTest::newRow("null, 8-bit") << Write([](HKEY key) { return RegSetValueExA_X(key, nullptr, 0, 4, &five, 4); });
+    QTest::newRow("empty") << Write([](HKEY key) { return RegSetValueExW_X(key, L"", 0, REG_DWORD, &five, 4); });
+    QTest::newRow("null") << Write([](HKEY key) { return RegSetValueExW_X(key, nullptr, 0, REG_DWORD, &five, 4); });
+    QTest::newRow("empty, 8-bit") << Write([](HKEY key) { return RegSetValueExA_X(key, "", 0, REG_DWORD, &five, 4); });
+    QTest::newRow("null, 8-bit") << Write(
+        [](HKEY key) { return RegSetValueExA_X(key, nullptr, 0, REG_DWORD, &five, 4); });
 }
 
 void tst_RegistryValues::theDefaultIsWrittenToOnePlaceAndReadFromAnother()
@@ -210,7 +226,7 @@ void tst_RegistryValues::everyOutputMayBeNull()
     DWORD type = 0;
     DWORD size = 0;
     RegQueryValueExA_X(key, "t", nullptr, &type, nullptr, nullptr);
-    QCOMPARE(type, 1U);
+    QCOMPARE(type, REG_SZ);
     RegQueryValueExA_X(key, "q", nullptr, nullptr, nullptr, &size);
     QCOMPARE(size, 8U);
     DWORD number = 0;

@@ -166,7 +166,7 @@ void tst_RegistryValueTexts::severalValuesFollowOneAnother()
     for (int i = 0; i < 3; ++i) {
         QCOMPARE(list[i].ve_valuename, names[i]);
         QCOMPARE(list[i].ve_valuelen, lengths[i]);
-        QCOMPARE(list[i].ve_type, 1U);
+        QCOMPARE(list[i].ve_type, REG_SZ);
         QVERIFY(list[i].ve_valueptr);
     }
 }
@@ -184,7 +184,7 @@ void tst_RegistryValueTexts::severalValuesAreTexts()
     QCOMPARE(std::wstring(buffer, 4), std::wstring(L"42\0"
                                                    L"5",
                                                    4));
-    QCOMPARE(list[0].ve_type, 1U);
+    QCOMPARE(list[0].ve_type, REG_SZ);
 }
 
 void tst_RegistryValueTexts::withoutABufferTheTotalIsTold()

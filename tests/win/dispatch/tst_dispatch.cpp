@@ -316,7 +316,7 @@ void tst_Dispatch::characterOfTheBaseIsConsumed()
     window.on<WM_CHAR>([&] { window.OnChar('a', 1, 0); });
     XeWinMsgEvent event(WM_CHAR, 'a', 1);
     QVERIFY(QCoreApplication::sendEvent(&widget, &event));
-    QCOMPARE(widget.count(1128), 0);
+    QCOMPARE(widget.count(XeWinMsgEvent::EventType), 0);
 }
 
 void tst_Dispatch::messageWithoutEntry()
@@ -326,7 +326,7 @@ void tst_Dispatch::messageWithoutEntry()
     XeWinMsgEvent event(WM_USER + 9, 1, 2);
     QVERIFY(!window.eventFilter(&widget, &event));
     QCOMPARE(SendMessage_X(&widget, WM_USER + 9, 1, 2), 0);
-    QCOMPARE(widget.count(1128), 1);
+    QCOMPARE(widget.count(XeWinMsgEvent::EventType), 1);
 }
 
 void tst_Dispatch::sizeIsLaidOutAndPassedOn()
