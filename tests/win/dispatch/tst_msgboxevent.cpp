@@ -95,7 +95,7 @@ void tst_MsgBoxEvent::box()
     QVERIFY(!QApplication::activeModalWidget());
     QTRY_COMPARE(shown, box);
     QVERIFY(!QApplication::activeModalWidget());
-    QCOMPARE(widget.count(1129), 0);
+    QCOMPARE(widget.count(XeMsgBoxEvent::EventType), 0);
 }
 
 void tst_MsgBoxEvent::eventIsConsumed()
@@ -115,7 +115,7 @@ void tst_MsgBoxEvent::plainWidgetIgnoresIt()
     BoxWidget widget;
     XeMsgBoxEvent event(L"text", L"caption");
     QCoreApplication::sendEvent(&widget, &event);
-    QCOMPARE(widget.count(1129), 1);
+    QCOMPARE(widget.count(XeMsgBoxEvent::EventType), 1);
 }
 
 void tst_MsgBoxEvent::nullTargetHasNoOwner()
@@ -210,7 +210,7 @@ void tst_MsgBoxEvent::wrapperGoesWhileTheBoxIsUp()
     QVERIFY(window->PostEvent(new XeMsgBoxEvent(L"text", L"caption"), 0, true));
     QTRY_VERIFY(driver.hasActed());
     QVERIFY(!CWnd_X::FromHandlePermanent(&widget));
-    QCOMPARE(widget.count(1129), 0);
+    QCOMPARE(widget.count(XeMsgBoxEvent::EventType), 0);
 }
 
 void tst_MsgBoxEvent::bothGoWhileTheBoxIsUp()
