@@ -1,10 +1,10 @@
 #include "xeresource.h"
 
+#include "geometry/lightgrey.h"
 #include "res/callingmodule.h"
 #include "text/widetext.h"
 #include "xeafxstr.h"
 
-#include <QBitmap>
 #include <QFile>
 #include <QImage>
 #include <QSettings>
@@ -119,10 +119,7 @@ int LoadString_X(void*, unsigned int id, wchar_t* buffer, int capacity)
 QPixmap LoadBitmap_X(const wchar_t* path)
 {
     const QImage image = QImage(XeQString(path)).convertToFormat(QImage::Format_RGBA8888);
-    QPixmap pixmap = QPixmap::fromImage(image);
-    if (!pixmap.isNull())
-        pixmap.setMask(pixmap.createMaskFromColor(QColor(192, 192, 192), Qt::MaskInColor));
-    return pixmap;
+    return xe::withoutLightGrey(QPixmap::fromImage(image));
 }
 
 void* AfxGetResourceHandle_X() { return nullptr; }

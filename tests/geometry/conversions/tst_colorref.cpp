@@ -14,7 +14,6 @@ private Q_SLOTS:
     void roundTrip();
     void theHighByteIsNotLookedAt();
     void exchanged();
-    void numbersOfChannels();
 };
 
 void tst_Colorref::roundTrip_data()
@@ -48,8 +47,6 @@ void tst_Colorref::exchanged()
     QCOMPARE(xe::exchangedQColor(0x0000FF).rgba(), 0xFF0000FFu); // blue
     QCOMPARE(xe::exchangedQColor(0x80563412).rgba(), 0xFF563412u);
 }
-
-void tst_Colorref::numbersOfChannels() { QCOMPARE(xe::toColorRef(0x12, 0x34, 0x56), 0x563412u); }
 
 XE_APPLESS_TEST(tst_Colorref)
 #include "tst_colorref.moc"
