@@ -10,7 +10,7 @@
 ///
 ///     CMenu_X file(mainWindow);
 ///     file.Imp<QMenu>()->setTitle("File");
-///     file.Imp<QMenu>()->addAction("Open", open);
+///     file.Imp<QMenu>()->addAction(&open);
 ///     window.SetMenu(&file);
 ///
 /// Its items are the QMenu's actions: it has no functions for them.

@@ -101,11 +101,11 @@ public:
 
 /// Slots for values, of which every thread has its own. CThreadLocal_X is the convenient way to one slot.
 ///
-///     CThreadSlotData_X slots;
-///     const int slot = slots.AllocSlot();
-///     slots.SetValue(slot, new CCounter); // this thread's; derived from CNoTrackObject_X
-///     auto* counter = static_cast<CCounter*>(slots.GetThreadValue(slot));
-///     slots.FreeSlot(slot);               // deletes the counters of all threads
+///     CThreadSlotData_X table;
+///     const int slot = table.AllocSlot();
+///     table.SetValue(slot, new CCounter); // this thread's; derived from CNoTrackObject_X
+///     auto* counter = static_cast<CCounter*>(table.GetThreadValue(slot));
+///     table.FreeSlot(slot);               // deletes the counters of all threads
 ///
 /// Values are CNoTrackObject_X objects and belong to the slot. They are deleted outside the lock, so that a value's
 /// destructor may use other slots; a thread's end deletes nothing. All functions may be called from any thread.

@@ -35,6 +35,25 @@ END_MESSAGE_MAP_X()
 
 void CPlanView::OnLButtonDown(UINT, CPoint point) { pressed = point; }
 
+// ---- The values of a thread
+
+namespace {
+
+struct Item
+{
+    int value;
+    Item* next;
+};
+
+struct CCounter : CNoTrackObject_X
+{
+    int value = 0;
+};
+
+CThreadLocal_X<CCounter> counter;
+
+} // namespace
+
 class tst_ApiExamples : public QObject
 {
     Q_OBJECT
@@ -58,6 +77,68 @@ private Q_SLOTS:
         QCOMPARE(view.SubclassWindow(&widget), 1);
         QTest::mousePress(&widget, Qt::LeftButton, Qt::NoModifier, QPoint(12, 34));
         QVERIFY(view.pressed == CPoint(12, 34));
+    }
+
+    void waysAndPlaces()
+    {
+        CSize step(2, 1);
+        CPoint moved = CPoint(10, 10) + step; // (12, 11)
+        QVERIFY(moved == CPoint(12, 11));
+
+        const LPARAM lParam = MAKELPARAM(40, 30);
+        CPoint at(lParam); // the position in a mouse message
+        at.Offset(-5, 0);
+        CSize way = at - CPoint(3, 4);
+        QVERIFY(way == CSize(32, 26));
+    }
+
+    void rectangleOfAWindow()
+    {
+        CWnd_X view;
+        const CPoint point(10, 39);
+        CRect area(0, 0, 100, 50);
+        area.DeflateRect(10, 10); // (10, 10, 90, 40)
+        QVERIFY(area == CRect(10, 10, 90, 40));
+        QVERIFY(area.PtInRect(point));
+        view.InvalidateRect(area); // a rectangle converts to a pointer to its record
+    }
+
+    void listThroughItsElements()
+    {
+        Item item{17, nullptr};
+        CSimpleList_X items(offsetof(Item, next));
+        items.AddHead(&item);
+        QCOMPARE(items.GetHead(), static_cast<void*>(&item));
+    }
+
+    void slotOfAThread()
+    {
+        CThreadSlotData_X table;
+        const int slot = table.AllocSlot();
+        table.SetValue(slot, new CCounter); // this thread's; derived from CNoTrackObject_X
+        auto* ownCounter = static_cast<CCounter*>(table.GetThreadValue(slot));
+        QCOMPARE(ownCounter->value, 0);
+        table.FreeSlot(slot); // deletes the counters of all threads
+        QCOMPARE(table.GetThreadValue(slot), nullptr);
+    }
+
+    void objectOfAThread()
+    {
+        ++counter->value; // this thread's
+        QCOMPARE(counter->value, 1);
+    }
+
+    void menuOfAWindow()
+    {
+        QWidget widget;
+        CWnd_X window;
+        QCOMPARE(window.SubclassWindow(&widget), 1);
+        QAction open(QStringLiteral("Open"));
+        CMenu_X file(&widget);
+        file.Imp<QMenu>()->setTitle("File");
+        file.Imp<QMenu>()->addAction(&open);
+        QCOMPARE(window.SetMenu(&file), 1);
+        QCOMPARE(widget.findChild<QMenuBar*>()->actions().constFirst()->text(), QStringLiteral("File"));
     }
 };
 
