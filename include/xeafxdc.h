@@ -84,9 +84,13 @@ inline constexpr int WHITE_PEN = 6;
 inline constexpr int BLACK_PEN = 7;
 inline constexpr int NULL_PEN = 8;
 
+namespace xe::detail {
+
 /// Admits a COLORREF itself and nothing that converts to one, so that `Qt::red` stays a QColor.
 template <class Color>
-using XeIfColorRef = std::enable_if_t<std::is_same_v<Color, COLORREF>, int>;
+using IfColorRef = std::enable_if_t<std::is_same_v<Color, COLORREF>, int>;
+
+} // namespace xe::detail
 
 // ------------------------------------------------------------------------------------------------------ device context
 
@@ -222,7 +226,7 @@ class XE_EXPORT CDC_X : public CObject_X, public QPainter
 
     /// Fills the pixels; of a negative width or height, those on the other side of `x` or `y`.
     void FillSolidRect(int x, int y, int width, int height, QColor color);
-    /// Width and height are the distances of the edges, whichever is the greater one.
+    /// From the left and the top edge on; swapped edges fill as much to the right or downwards.
     void FillSolidRect(const tagRECT* rect, QColor color);
     /// A frame of one pixel: left and top in the first colour, right and bottom in the second.
     void Draw3dRect(int x, int y, int width, int height, QColor topLeft, QColor bottomRight);
@@ -235,32 +239,32 @@ class XE_EXPORT CDC_X : public CObject_X, public QPainter
     QColor SetPixel(tagPOINT point, QColor color) { return SetPixel(point.x, point.y, color); }
 
     // The same with a COLORREF, which a QColor would take for a QRgb, red and blue exchanged.
-    template <class Color, XeIfColorRef<Color> = 0>
+    template <class Color, xe::detail::IfColorRef<Color> = 0>
     void FillSolidRect(int x, int y, int width, int height, Color color)
     {
         FillSolidRect(x, y, width, height, colorOf(color));
     }
-    template <class Color, XeIfColorRef<Color> = 0>
+    template <class Color, xe::detail::IfColorRef<Color> = 0>
     void FillSolidRect(const tagRECT* rect, Color color)
     {
         FillSolidRect(rect, colorOf(color));
     }
-    template <class Color, XeIfColorRef<Color> = 0>
+    template <class Color, xe::detail::IfColorRef<Color> = 0>
     void Draw3dRect(int x, int y, int width, int height, Color topLeft, Color bottomRight)
     {
         Draw3dRect(x, y, width, height, colorOf(topLeft), colorOf(bottomRight));
     }
-    template <class Color, XeIfColorRef<Color> = 0>
+    template <class Color, xe::detail::IfColorRef<Color> = 0>
     void Draw3dRect(const tagRECT* rect, Color topLeft, Color bottomRight)
     {
         Draw3dRect(rect, colorOf(topLeft), colorOf(bottomRight));
     }
-    template <class Color, XeIfColorRef<Color> = 0>
+    template <class Color, xe::detail::IfColorRef<Color> = 0>
     QColor SetPixel(int x, int y, Color color)
     {
         return SetPixel(x, y, colorOf(color));
     }
-    template <class Color, XeIfColorRef<Color> = 0>
+    template <class Color, xe::detail::IfColorRef<Color> = 0>
     QColor SetPixel(tagPOINT point, Color color)
     {
         return SetPixel(point.x, point.y, colorOf(color));

@@ -44,6 +44,7 @@ BEGIN_MESSAGE_MAP_X(CMainFrame, CWnd_X)
     ON_WM_CLOSE_X()
     ON_WM_TIMER_X()
     ON_MESSAGE_X(WM_FIND_PART, OnFindPart)
+    ON_MESSAGE_X(WM_SELECT_ROW, OnSelectRow)
 END_MESSAGE_MAP_X()
 
 // ------------------------------------------------------------------------------------------------------- the window
@@ -64,6 +65,7 @@ int CMainFrame::OnCreate(tagCREATESTRUCTW* createStruct)
 {
     if (CWnd_X::OnCreate(createStruct))
         return -1;
+    m_chart.SubclassWindow(&control<QWidget>(*this, IDC_CHART));
     ConnectCommands();
     ShowRecentFiles();
     RestorePlace();
@@ -86,6 +88,7 @@ void CMainFrame::ConnectCommands()
     Connect(ID_EDIT_REPEAT, SIGNAL(triggered()), this, SLOT(OnEditRepeat()), window);
     Connect(ID_VIEW_MESSAGES, SIGNAL(triggered()), this, SLOT(OnViewMessages()), window);
     Connect(IDC_PARTS, SIGNAL(cellActivated(int, int)), this, SLOT(OnPartEdit()), window);
+    Connect(IDC_PARTS, SIGNAL(currentCellChanged(int, int, int, int)), this, SLOT(OnPartSelected()), window);
     Connect(this, SIGNAL(updateCmdUi()), this, SLOT(OnUpdateCommands()));
 }
 
@@ -155,6 +158,7 @@ bool CMainFrame::OpenBook(const QString& fileName)
     ShowName();
     showParts(Table(), m_book);
     SelectRow(0);
+    ShowChart();
     OnTimer(statusTimer);
     if (!m_book.badLines().empty())
         ReportBadLines();
@@ -271,6 +275,7 @@ void CMainFrame::OnPartDelete()
         return;
     m_book.remove(row);
     Table().removeRow(row);
+    ShowChart();
     ShowStatus(IDS_DELETED, part.number);
 }
 
@@ -278,6 +283,26 @@ void CMainFrame::ShowPart(int row)
 {
     showPart(Table(), row, m_book.part(row));
     SelectRow(row);
+    ShowChart();
+}
+
+void CMainFrame::ShowChart()
+{
+    m_chart.Show(stockByKind(m_book));
+    OnPartSelected();
+}
+
+// While a row is being removed, the table may still name one that the book has no more.
+void CMainFrame::OnPartSelected()
+{
+    const int row = SelectedRow();
+    m_chart.SelectKind(row >= 0 && row < m_book.count() ? m_book.part(row).kind : CString_X());
+}
+
+LRESULT CMainFrame::OnSelectRow(WPARAM row, LPARAM)
+{
+    SelectRow(static_cast<int>(row));
+    return TRUE;
 }
 
 QTableWidget& CMainFrame::Table() const { return control<QTableWidget>(*this, IDC_PARTS); }

@@ -3,6 +3,7 @@
 #include "finddialog.h"
 #include "messageview.h"
 #include "partsbook.h"
+#include "stockchart.h"
 
 #include <QMainWindow>
 
@@ -36,6 +37,7 @@ class CMainFrame : public CWnd_X
     void OnClose();
     void OnTimer(UINT_PTR id);
     LRESULT OnFindPart(WPARAM matchCase, LPARAM text);
+    LRESULT OnSelectRow(WPARAM row, LPARAM);
 
     DECLARE_MESSAGE_MAP_X()
     void SetupUI() override;
@@ -52,6 +54,7 @@ private Q_SLOTS:
     void OnEditFind();
     void OnEditRepeat();
     void OnViewMessages();
+    void OnPartSelected();
     void OnUpdateCommands();
 
 private:
@@ -63,6 +66,7 @@ private:
     bool MayClose();
     void ReportBadLines();
     void ShowPart(int row);
+    void ShowChart();
     QTableWidget& Table() const;
     int SelectedRow() const;
     void SelectRow(int row);
@@ -70,6 +74,7 @@ private:
 
     QLabel* m_status = nullptr; // the status bar's
     PartsBook m_book;
+    CStockChart m_chart;
     CFindDialog m_find;
     CMessageView m_messages;
 };

@@ -4,15 +4,14 @@
 #include "text.h"
 
 #include <QFontDatabase>
-#include <QPainter>
 
 namespace {
 
-const QColor paper(0xff, 0xff, 0xff);
-const QColor shade(0xf3, 0xf6, 0xfa);
-const QColor rule(0xd5, 0xdd, 0xe8);
-const QColor ink(0x24, 0x2c, 0x38);
-const QColor faint(0x8a, 0x95, 0xa5);
+constexpr COLORREF paper = RGB(0xff, 0xff, 0xff);
+constexpr COLORREF shade = RGB(0xf3, 0xf6, 0xfa);
+constexpr COLORREF rule = RGB(0xd5, 0xdd, 0xe8);
+constexpr COLORREF ink = RGB(0x24, 0x2c, 0x38);
+constexpr COLORREF faint = RGB(0x8a, 0x95, 0xa5);
 
 constexpr int headingHeight = 34;
 constexpr int padding = 12;
@@ -23,94 +22,96 @@ constexpr int nameWidth = 18;
 constexpr int pointWidth = 12;
 constexpr int countWidth = 6;
 
-constexpr int toTheLeft = Qt::AlignLeft | Qt::AlignVCenter;
-constexpr int toTheRight = Qt::AlignRight | Qt::AlignVCenter;
+constexpr UINT toTheLeft = DT_LEFT | DT_VCENTER;
+constexpr UINT toTheRight = DT_RIGHT | DT_VCENTER;
 
-QColor colourOf(MessageKind kind)
+COLORREF colourOf(MessageKind kind)
 {
     switch (kind) {
     case MessageKind::Mouse:
-        return {0x1f, 0x6f, 0xd0};
+        return RGB(0x1f, 0x6f, 0xd0);
     case MessageKind::Move:
-        return {0x7a, 0x93, 0xb5};
+        return RGB(0x7a, 0x93, 0xb5);
     case MessageKind::Wheel:
-        return {0x7c, 0x4d, 0xd6};
+        return RGB(0x7c, 0x4d, 0xd6);
     case MessageKind::Key:
-        return {0x1d, 0x84, 0x4a};
+        return RGB(0x1d, 0x84, 0x4a);
     case MessageKind::Character:
-        return {0x0e, 0x7f, 0x8c};
+        return RGB(0x0e, 0x7f, 0x8c);
     case MessageKind::Timer:
-        return {0xa0, 0x9a, 0x8c};
+        return RGB(0xa0, 0x9a, 0x8c);
     case MessageKind::Size:
-        return {0xb4, 0x5a, 0x12};
+        return RGB(0xb4, 0x5a, 0x12);
     }
     return ink;
 }
 
-// Paints the heading at the top of an area and gives what is left of it.
-QRect paintHeading(QPainter& painter, const QRect& area, const QString& title, const QString& note)
+void drawText(CDC_X& dc, const CString_X& text, const CRect& rect, UINT format, COLORREF color)
 {
-    const QRect heading(area.left(), area.top(), area.width(), headingHeight);
-    const QRect text = heading.adjusted(padding, 0, -padding, 0);
-    painter.fillRect(heading, shade);
-    painter.fillRect(heading.left(), heading.bottom(), heading.width(), 1, rule);
-    painter.setPen(faint);
-    painter.drawText(text, toTheRight, note);
-
-    const QFont font = painter.font();
-    QFont bold = font;
-    bold.setBold(true);
-    painter.setFont(bold);
-    painter.setPen(ink);
-    painter.drawText(text, toTheLeft, title);
-    painter.setFont(font);
-    return area.adjusted(0, headingHeight, 0, 0);
+    dc.SetTextColor(color);
+    dc.DrawText(text, rect, ToQtTextFlag(format));
 }
 
-void paintMessage(QPainter& painter, const QRect& row, const MessageLine& line)
+// Paints the heading at the top of an area and gives what is left of it.
+CRect paintHeading(CDC_X& dc, const CRect& area, const CString_X& title, const CString_X& note)
 {
-    const QFontMetrics metrics = painter.fontMetrics();
+    const CRect heading(area.TopLeft(), CSize(area.Width(), headingHeight));
+    CRect text(heading);
+    text.DeflateRect(padding, 0);
+    dc.FillSolidRect(heading, shade);
+    dc.FillSolidRect(heading.left, heading.bottom - 1, heading.Width(), 1, rule);
+    drawText(dc, note, text, toTheRight, faint);
+
+    QFont bold = dc.font();
+    bold.setBold(true);
+    const QFont old = dc.SelectObject(bold);
+    drawText(dc, title, text, toTheLeft, ink);
+    dc.SelectObject(old);
+    return {area.left, heading.bottom, area.right, area.bottom};
+}
+
+void paintMessage(CDC_X& dc, const CRect& row, const MessageLine& line)
+{
+    const QFontMetrics metrics = dc.fontMetrics();
     const int unit = metrics.horizontalAdvance('0');
-    QRect cell = row.adjusted(padding, 0, -padding, 0);
+    CRect cell(row);
+    cell.DeflateRect(padding, 0);
 
-    painter.setPen(faint);
-    painter.drawText(cell, toTheLeft, line.time.toString("HH:mm:ss.zzz"));
-    cell.setLeft(cell.left() + timeWidth * unit);
+    drawText(dc, line.time.toString("HH:mm:ss.zzz"), cell, toTheLeft, faint);
+    cell.left += timeWidth * unit;
     if (line.count > 1)
-        painter.drawText(cell, toTheRight, QString("x%1").arg(line.count));
-    cell.setRight(cell.right() - countWidth * unit);
+        drawText(dc, QString("x%1").arg(line.count), cell, toTheRight, faint);
+    cell.right -= countWidth * unit;
 
-    painter.setPen(colourOf(line.kind));
-    painter.drawText(cell, toTheLeft, line.name);
-    cell.setLeft(cell.left() + nameWidth * unit);
+    drawText(dc, line.name, cell, toTheLeft, colourOf(line.kind));
+    cell.left += nameWidth * unit;
 
-    painter.setPen(ink);
-    painter.drawText(cell, toTheRight, line.point);
+    drawText(dc, line.point, cell, toTheRight, ink);
     if (!line.point.isEmpty())
-        cell.setRight(cell.right() - pointWidth * unit);
-    painter.drawText(cell, toTheLeft, metrics.elidedText(line.parameters, Qt::ElideRight, cell.width()));
+        cell.right -= pointWidth * unit;
+    drawText(dc, metrics.elidedText(line.parameters, Qt::ElideRight, cell.Width()), cell, toTheLeft, ink);
 }
 
 } // namespace
 
-void paintMessages(QPainter& painter, const QRect& area, const MessageLog& log, const QString& note)
+void paintMessages(CDC_X& dc, const CRect& area, const MessageLog& log, const CString_X& note)
 {
-    static const XeQString title(loadText(IDS_MESSAGES));
-    painter.save();
-    painter.fillRect(area, paper);
-    const QRect list = paintHeading(painter, area, title, note);
-    painter.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    static const CString_X title = loadText(IDS_MESSAGES);
+    dc.SaveDC();
+    dc.FillSolidRect(area, paper);
+    CRect row = paintHeading(dc, area, title, note);
+    dc.SelectObject(QFontDatabase::systemFont(QFontDatabase::FixedFont));
 
-    const int rowHeight = painter.fontMetrics().height() + 6;
-    const int rows = list.height() / rowHeight;
+    const int rowHeight = dc.GetOutputTextExtent(title).cy + 6;
+    const int rows = row.Height() / rowHeight;
     const QList<MessageLine> newest = log.lines().mid(qMax(0, log.lines().size() - rows));
-    for (int i = 0; i <= rows; ++i) {
-        const QRect row(list.left(), list.top() + i * rowHeight, list.width(), rowHeight);
+    row.bottom = row.top + rowHeight;
+    for (int i = 0; i <= rows; ++i, row.OffsetRect(0, rowHeight)) {
         if (i % 2)
-            painter.fillRect(row, shade);
+            dc.FillSolidRect(row, shade);
         if (i < newest.size())
-            paintMessage(painter, row, newest.at(i));
+            paintMessage(dc, row, newest.at(i));
     }
-    painter.fillRect(area.left(), area.top(), 1, area.height(), rule);
-    painter.restore();
+    dc.FillSolidRect(area.left, area.top, 1, area.Height(), rule);
+    dc.RestoreDC(-1);
 }

@@ -3,7 +3,6 @@
 #include "messagepainter.h"
 #include "text.h"
 
-#include <QPainter>
 #include <xeprocess.h>
 
 namespace {
@@ -147,9 +146,10 @@ void CMessageView::OnSize(UINT type, int width, int height)
 
 void CMessageView::OnPaint()
 {
-    QPainter painter(GetSafeHwnd());
-    const CString_X note = formatText(loadText(IDS_RECEIVED), m_log.total(), m_keys);
-    paintMessages(painter, GetSafeHwnd()->rect(), m_log, XeQString(note));
+    CRect client;
+    GetClientRect(client);
+    CClientDC_X dc(this);
+    paintMessages(dc, client, m_log, formatText(loadText(IDS_RECEIVED), m_log.total(), m_keys));
 }
 
 void CMessageView::report(const MessageLine& line)

@@ -15,8 +15,8 @@ struct Column
 
 // In the order of the fields.
 const Column columns[]{
-    {110, Qt::AlignLeft}, {270, Qt::AlignLeft}, {125, Qt::AlignLeft}, {150, Qt::AlignLeft},   {80, Qt::AlignLeft},
-    {80, Qt::AlignRight}, {75, Qt::AlignRight}, {80, Qt::AlignRight}, {90, Qt::AlignHCenter}, {120, Qt::AlignLeft},
+    {97, Qt::AlignLeft},  {240, Qt::AlignLeft}, {115, Qt::AlignLeft}, {134, Qt::AlignLeft},   {80, Qt::AlignLeft},
+    {76, Qt::AlignRight}, {72, Qt::AlignRight}, {76, Qt::AlignRight}, {80, Qt::AlignHCenter}, {50, Qt::AlignLeft},
 };
 constexpr int rowHeight = 26;
 

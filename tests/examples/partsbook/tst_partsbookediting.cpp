@@ -32,6 +32,7 @@ private slots:
     void oneFieldAfterARefusal();
     void everyControl();
     void deletionOfThePartUnderTheMouse();
+    void deletionOfThePartWhoseBarIsClicked();
     void unsavedChangesAreSavedOnClosing();
     void badLinesStay();
     void aFileThatIsNotThere();
@@ -42,6 +43,8 @@ private:
     void comesUp(const QString& title);
     void waitForEnd(int exitCode);
     void openSearch();
+    /// Where the chart has a bar of this colour, (0, 0) as long as there is none.
+    QPoint barOf(unsigned long color) const;
     void openBearing();
     /// The file becomes what it was, but for the line of the bearing.
     void becomesOriginalBut(const QByteArray& line);
@@ -218,6 +221,39 @@ void tst_PartsbookEditing::deletionOfThePartUnderTheMouse()
     QVERIFY(row > 6 && row < 20);
     lines.removeAt(row);
     QCOMPARE(left, lines);
+}
+
+QPoint tst_PartsbookEditing::barOf(unsigned long color) const
+{
+    const QSize size = m_user.sizeOf(m_window);
+    const QPoint column = m_user.windowOrigin(m_window) + QPoint(size.width() - 212 + 30, 0);
+    for (int y = 40; y < size.height(); y += 4) {
+        if ((m_user.pixelAt(column + QPoint(0, y)) & 0xFFFFFF) == color)
+            return column + QPoint(0, y);
+    }
+    return {};
+}
+
+void tst_PartsbookEditing::deletionOfThePartWhoseBarIsClicked()
+{
+    constexpr unsigned long bearings = 0x91D752; // the second kind in the file
+    start();
+    comesUp("Parts Book");
+    QPoint bar;
+    QTRY_VERIFY(!(bar = barOf(bearings)).isNull());
+    m_user.movePointer(bar);
+    m_user.clickButton(1);
+    QTRY_COMPARE(m_user.pixelAt(bar) & 0xFFFFFF, bearings ^ 0xFFFFFF); // marked
+    m_user.press("Delete");
+    comesUp("疑问");
+    m_user.press("space"); // the first button: yes
+    comesUp("Parts Book");
+    m_user.press("Control_L s");
+    QTRY_VERIFY(contentOf(m_parts) != m_original);
+    QByteArrayList lines = m_original.split('\n');
+    const auto isBearing = [](const QByteArray& line) { return line.startsWith("BE-"); };
+    lines.erase(std::find_if(lines.begin(), lines.end(), isBearing));
+    QCOMPARE(contentOf(m_parts).split('\n'), lines);
 }
 
 void tst_PartsbookEditing::unsavedChangesAreSavedOnClosing()

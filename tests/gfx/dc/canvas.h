@@ -5,8 +5,8 @@
 #include <QImage>
 #include <QStringList>
 
-/// A small white image to paint on, and what is on it as text: '.' for white, '#' black, 'r', 'g', 'b' for red, green and
-/// blue, '?' for any other colour; ' ' where nothing opaque is.
+/// A small white image to paint on, and what is on it as text: '.' for white, '#' black, 'r', 'g', 'b' for red, green
+/// and blue, '?' for any other colour; ' ' where nothing opaque is.
 class Canvas
 {
 public:

@@ -121,6 +121,7 @@ void tst_DcPalette::aContextWithoutDeviceHasNone()
 {
     CDC_X idle;
     QCOMPARE(idle.m_palette.GetEntryCount(), 0);
+    QTest::ignoreMessage(QtWarningMsg, "QPainter::pen: Painter not active");
     QCOMPARE(colorAt(idle, 0).rgb(), untouched);
     CDC_X onNull(static_cast<QImage*>(nullptr));
     QCOMPARE(onNull.m_palette.GetEntryCount(), 256);
@@ -182,6 +183,7 @@ void tst_DcPalette::ownEmptyPaletteBecomesWhite()
     CDC_X dc;
     dc.SelectPalette(&dc.m_palette, FALSE);
     QCOMPARE(dc.m_palette.GetEntryCount(), 256);
+    QTest::ignoreMessage(QtWarningMsg, "QPainter::pen: Painter not active");
     QCOMPARE(colorAt(dc, 0), QColor(Qt::white));
 }
 
