@@ -10,8 +10,8 @@
 
 namespace {
 
-// Whether PreTranslateMessage() is overridden: only then does anybody see the whole record of a message. Asked anew each
-// time, since a class may attach in its constructor and only the class behind it have the override.
+// Whether PreTranslateMessage() is overridden: only then does anybody see the whole record of a message. Asked anew
+// each time, since a class may attach in its constructor and only the class behind it have the override.
 bool looksAtMessages(const CWnd_X& window)
 {
     static const void* const base = [] {
