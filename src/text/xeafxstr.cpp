@@ -1,5 +1,6 @@
 #include "xeafxstr.h"
 
+#include "text/folding.h"
 #include "text/formatter.h"
 #include "text/utf8.h"
 #include "text/widetext.h"
@@ -9,7 +10,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cwchar>
-#include <cwctype>
 #include <functional>
 #include <locale>
 #include <stdexcept>
@@ -28,7 +28,7 @@ std::wstring decoded(const char* utf8)
 
 std::wstring lowered(std::wstring text)
 {
-    std::transform(text.begin(), text.end(), text.begin(), [](wchar_t ch) { return std::towlower(ch); });
+    std::transform(text.begin(), text.end(), text.begin(), xe::lowerCase);
     return text;
 }
 
@@ -143,15 +143,9 @@ CString_X CString_X::Tokenize(const wchar_t* delimiters, int& start) const
 
 // --------------------------------------------------------------------------------------------------- change in place
 
-void CString_X::MakeUpper()
-{
-    std::transform(begin(), end(), begin(), [](wchar_t ch) { return std::towupper(ch); });
-}
+void CString_X::MakeUpper() { std::transform(begin(), end(), begin(), xe::upperCase); }
 
-void CString_X::MakeLower()
-{
-    std::transform(begin(), end(), begin(), [](wchar_t ch) { return std::towlower(ch); });
-}
+void CString_X::MakeLower() { std::transform(begin(), end(), begin(), xe::lowerCase); }
 
 void CString_X::MakeReverse() { std::reverse(begin(), end()); }
 
