@@ -80,7 +80,7 @@ void tst_Pen::stylesWithoutANumber_data()
     QTest::addColumn<int>("style");
     QTest::newRow("none") << int(Qt::NoPen);
     QTest::newRow("custom") << int(Qt::CustomDashLine);
-    QTest::newRow("beyond") << 40;
+    QTest::newRow("the mask of the styles") << int(Qt::MPenStyle);
 }
 
 void tst_Pen::stylesWithoutANumber()
