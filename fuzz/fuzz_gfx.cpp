@@ -24,7 +24,7 @@ public:
     bool atEnd() const { return m_next == m_end; }
     int byte() { return atEnd() ? 0 : *m_next++; }
     int small() { return byte() - 64; } // a coordinate, on the picture or beside it
-    COLORREF color() { return static_cast<COLORREF>(byte() * 0x01030507); }
+    COLORREF color() { return static_cast<COLORREF>(byte()) * 0x01030507; }
 
     tagRECT rect()
     {
