@@ -1,17 +1,11 @@
 // A device context's clip, and its painting of regions.
 
 #include "geometry/rectangle.h"
+#include "gfx/gdivalue.h"
 #include "xeafxdc.h"
 #include "xeafxwin.h"
 
 namespace {
-
-const QRegion* regionOf(const CRgn_X* region)
-{
-    return region ? static_cast<const QRegion*>(region->m_hObject) : nullptr;
-}
-
-const QBrush* brushOf(const CBrush_X* brush) { return brush ? static_cast<const QBrush*>(brush->m_hObject) : nullptr; }
 
 void fill(QPainter& painter, const QRegion& region, const QBrush& brush)
 {
@@ -31,7 +25,7 @@ int CDC_X::SelectClipRgn(CRgn_X* region)
 
 int CDC_X::SelectClipRgn(CRgn_X* region, int mode)
 {
-    const QRegion* const value = regionOf(region);
+    const QRegion* const value = xe::gdiValue<QRegion>(region);
     if (!value)
         return -1;
     const bool isQtMode = mode >= Qt::NoClip && mode <= Qt::IntersectClip;
@@ -68,7 +62,7 @@ int CDC_X::ExcludeClipRect(const tagRECT* rect)
 // Without a clip all that is painted on is what is left to paint.
 int CDC_X::ExcludeUpdateRgn(CWnd_X* window)
 {
-    const QWidget* const widget = window->GetSafeHwnd();
+    const QWidget* const widget = window ? window->GetSafeHwnd() : nullptr;
     if (!widget)
         return 0;
     const QRegion paintable = hasClipping() ? clipRegion() : QRegion(this->window());
@@ -86,8 +80,8 @@ int CDC_X::OffsetClipRgn(int dx, int dy)
 
 int CDC_X::FillRgn(CRgn_X* region, CBrush_X* brush)
 {
-    const QRegion* const area = regionOf(region);
-    const QBrush* const filling = brushOf(brush);
+    const QRegion* const area = xe::gdiValue<QRegion>(region);
+    const QBrush* const filling = xe::gdiValue<QBrush>(brush);
     if (!area || !filling)
         return 0;
     fill(*this, *area, *filling);
@@ -96,7 +90,7 @@ int CDC_X::FillRgn(CRgn_X* region, CBrush_X* brush)
 
 int CDC_X::PaintRgn(CRgn_X* region)
 {
-    const QRegion* const area = regionOf(region);
+    const QRegion* const area = xe::gdiValue<QRegion>(region);
     if (!area)
         return 0;
     fill(*this, *area, brush());
@@ -105,8 +99,8 @@ int CDC_X::PaintRgn(CRgn_X* region)
 
 int CDC_X::FrameRgn(CRgn_X* region, CBrush_X* brush, int width, int height)
 {
-    const QRegion* const area = regionOf(region);
-    const QBrush* const filling = brushOf(brush);
+    const QRegion* const area = xe::gdiValue<QRegion>(region);
+    const QBrush* const filling = xe::gdiValue<QBrush>(brush);
     if (!area || !filling)
         return 0;
     const QRect bounds = area->boundingRect();
@@ -123,7 +117,7 @@ int CDC_X::FrameRgn(CRgn_X* region, CBrush_X* brush, int width, int height)
 
 int CDC_X::InvertRgn(CRgn_X* region)
 {
-    const QRegion* const area = regionOf(region);
+    const QRegion* const area = xe::gdiValue<QRegion>(region);
     if (!area)
         return 0;
     setClipRegion(*area, Qt::IntersectClip);

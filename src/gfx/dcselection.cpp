@@ -1,6 +1,7 @@
 // What is selected into a device context.
 
 #include "gfx/defaultpalette.h"
+#include "gfx/gdivalue.h"
 #include "gfx/painterslots.h"
 #include "xeafxdc.h"
 
@@ -9,11 +10,12 @@
 
 namespace {
 
-// The value of an object that can be selected: not a context's own pen or brush, which may even be gone.
-const void* valueOf(const CGdiObject_X* object)
+// The value of an object, unless it is a painter's own pen or brush, which may even be gone.
+template <class Value>
+const Value* selectable(const CGdiObject_X* object)
 {
-    const void* const handle = object ? object->m_hObject : nullptr;
-    return xe::isPainterSlot(handle) ? nullptr : handle;
+    const auto* const value = xe::gdiValue<Value>(object);
+    return xe::isPainterSlot(value) ? nullptr : value;
 }
 
 constexpr Qt::GlobalColor stockBrushes[] = {Qt::white, Qt::lightGray, Qt::gray, Qt::darkGray, Qt::black};
@@ -50,15 +52,15 @@ QBrush CDC_X::SelectObject(const QBrush& brush)
 
 CGdiObject_X* CDC_X::SelectObject(CPen_X* pen)
 {
-    if (const void* const value = valueOf(pen))
-        setPen(*static_cast<const QPen*>(value));
+    if (const QPen* const value = selectable<QPen>(pen))
+        setPen(*value);
     return handOut(&this->pen());
 }
 
 CGdiObject_X* CDC_X::SelectObject(CBrush_X* brush)
 {
-    if (const void* const value = valueOf(brush))
-        setBrush(*static_cast<const QBrush*>(value));
+    if (const QBrush* const value = selectable<QBrush>(brush))
+        setBrush(*value);
     return handOut(&this->brush());
 }
 

@@ -28,7 +28,7 @@ void CDC_X::startOn(QPaintDevice* device)
         begin(device);
 }
 
-CClientDC_X::CClientDC_X(CWnd_X* window) : CDC_X(window->GetSafeHwnd()) {}
+CClientDC_X::CClientDC_X(CWnd_X* window) : CDC_X(window ? window->GetSafeHwnd() : nullptr) {}
 
 CClientDC_X::~CClientDC_X() = default;
 
