@@ -363,7 +363,9 @@ constexpr bool namedCodesHaveRows()
     }
     return true;
 }
+#if !defined(__SANITIZE_ADDRESS__) // under which gcc does not take a comparison with a function for a constant
 static_assert(namedCodesHaveRows(), "each code with a name has a row, but for those that are never called");
+#endif
 
 } // namespace
 
