@@ -1,26 +1,26 @@
 #include "gfx/gdiholders.h"
 
-#include <QHash>
+#include <unordered_map>
 
 namespace {
 
 // Never destroyed, since objects of other modules may be deleted after this one's.
-QHash<const void*, int>& holders()
+std::unordered_map<const void*, int>& holders()
 {
-    static auto& counts = *new QHash<const void*, int>;
+    static auto& counts = *new std::unordered_map<const void*, int>;
     return counts;
 }
 
 } // namespace
 
-bool xe::isHeld(const void* value) { return holders().contains(value); }
+bool xe::isHeld(const void* value) { return holders().count(value) != 0; }
 
 void xe::addHolder(const void* value) { ++holders()[value]; }
 
 bool xe::removeHolder(const void* value)
 {
     const auto found = holders().find(value);
-    if (found == holders().end() || --*found > 0)
+    if (found == holders().end() || --found->second > 0)
         return false;
     holders().erase(found);
     return true;
