@@ -164,7 +164,8 @@ XE_EXPORT BOOL SetWindowPos_X(HWND window, HWND after, int x, int y, int width, 
 /// The logical parent that the window was attached with, else the Qt parent, else null. A logical parent that is gone
 /// is not followed: the Qt parent answers.
 XE_EXPORT HWND GetParent_X(HWND window);
-/// Sets both parents and gives the old one. As in Qt, the window is hidden when its parent changes.
+/// Sets both parents and gives the old one. As in Qt, the window is hidden when its parent changes. Null, with nothing
+/// changed, when `parent` is the window itself or stands below it.
 XE_EXPORT HWND SetParent_X(HWND window, HWND parent);
 /// The outermost Qt parent; null if there is no parent. The published function gives the topmost child.
 XE_EXPORT HWND GetTopWindow_X(HWND window);

@@ -240,9 +240,21 @@ HWND GetParent_X(HWND window)
     return logical ? logical : window->parentWidget();
 }
 
+namespace {
+
+// Whether a widget is the other itself or below it at any depth, in windows of its own too.
+bool isSameOrBelow(const QWidget* widget, const QWidget& other)
+{
+    while (widget && widget != &other)
+        widget = widget->parentWidget();
+    return widget;
+}
+
+} // namespace
+
 HWND SetParent_X(HWND window, HWND parent)
 {
-    if (!window)
+    if (!window || isSameOrBelow(parent, *window))
         return nullptr;
     QWidget* const before = GetParent_X(window);
     xe::setLinkedParent(*window, parent);

@@ -54,6 +54,7 @@ private Q_SLOTS:
     void attachedWindowHasItsLogicalParent();
     void setParentGivesTheOldOne();
     void setParentToNull();
+    void setParentToItselfOrBelow();
     void outermostParent();
 
     void desktopWindow();
@@ -192,6 +193,23 @@ void tst_WindowRelations::setParentToNull()
     QCOMPARE(GetParent_X(&child), nullptr);
     QCOMPARE(SetParent_X(&child, &parent), nullptr);
     QCOMPARE(GetParent_X(&child), &parent);
+}
+
+void tst_WindowRelations::setParentToItselfOrBelow()
+{
+    QWidget outer;
+    QWidget frame(&outer);
+    QWidget child(&frame);
+    QWidget dialog(&child, Qt::Dialog);
+    QWidget inDialog(&dialog);
+    CWnd_X window;
+    window.SubclassWindow(&frame);
+    for (QWidget* parent : {&frame, &child, &dialog, &inDialog}) {
+        QCOMPARE(SetParent_X(&frame, parent), nullptr);
+        QCOMPARE(window.SetParent(parent), nullptr);
+        QCOMPARE(frame.parentWidget(), &outer);
+        QCOMPARE(GetParent_X(&frame), &outer);
+    }
 }
 
 void tst_WindowRelations::outermostParent()
