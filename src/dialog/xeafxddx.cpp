@@ -3,6 +3,7 @@
 #include "win/controltext.h"
 #include "xeafxdlg.h"
 #include "xeafxwin.h"
+#include "xeexcept.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -63,6 +64,9 @@ int CWnd_X::UpdateData(BOOL saveAndValidate)
     CDataExchange_X exchange(this, saveAndValidate);
     try {
         DoDataExchange(&exchange);
+    } catch (CException_X* exception) {
+        exception->Delete(); // nobody else has it
+        return FALSE;
     } catch (...) {
         return FALSE;
     }

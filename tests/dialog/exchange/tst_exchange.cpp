@@ -7,6 +7,7 @@
 #include <leavenothing.h>
 #include <modaldriver.h>
 #include <xeafxdlg.h>
+#include <xeexcept.h>
 
 class tst_Exchange : public QObject
 {
@@ -121,6 +122,16 @@ void tst_Exchange::anyExceptionGivesTheExchangeUp()
     QCOMPARE(window.save([](CDataExchange_X*) { throw std::runtime_error("error"); }), 0);
     QCOMPARE(window.save([](CDataExchange_X*) { throw 5; }), 0);
     QCOMPARE(window.load([](CDataExchange_X*) { throw 5; }), 0);
+
+    static int deleted;
+    struct Counted : CUserException_X
+    {
+        ~Counted() override { ++deleted; }
+    };
+    deleted = 0;
+    QCOMPARE(window.save([](CDataExchange_X*) { throw static_cast<CException_X*>(new Counted); }), 0);
+    QCOMPARE(deleted, 1);                                                          // nobody else could delete it
+    QCOMPARE(window.save([](CDataExchange_X*) { AfxThrowUserException_X(); }), 0); // the one of the library stays
 }
 
 void tst_Exchange::windowWithoutAWidget()
