@@ -60,6 +60,10 @@ public:
     /// True if there is neither a hook nor a message function.
     bool IsEmptyHookChain() const;
 
+    /// Called when an application object has been made: hooks, message functions and temporary objects that are left from
+    /// one that has ended serve the new one.
+    void ServeApplication();
+
     /// See AppendTempObjectPool() and ClearTempObjectPool().
     void AppendTempObject(QObject* object);
     void RemoveTempObject();

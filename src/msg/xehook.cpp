@@ -21,6 +21,10 @@ QGlobalEventHandler g_appEventHandler;
 
 namespace {
 
+// Hooks, message functions and temporary objects may be left from an application that has ended.
+void serveApplication() { g_appEventHandler.ServeApplication(); }
+Q_COREAPP_STARTUP_FUNCTION(serveApplication)
+
 bool isHostClass(const QObject& object)
 {
     const char* const name = object.metaObject()->className();
@@ -71,6 +75,14 @@ QGlobalEventHandler::~QGlobalEventHandler()
 }
 
 bool QGlobalEventHandler::IsEmptyHookChain() const { return isEmpty(m_hookChain) && isEmpty(m_messageFunctions); }
+
+void QGlobalEventHandler::ServeApplication()
+{
+    if (!IsEmptyHookChain())
+        QCoreApplication::instance()->installEventFilter(this);
+    if (!m_temporaryObjects.isEmpty())
+        ConnectIdleSlot(this);
+}
 
 template <class Function>
 void QGlobalEventHandler::append(QList<Function>& chain, Function function)
