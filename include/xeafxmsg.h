@@ -307,9 +307,11 @@ using AFX_PMSG_X = void (CWnd_X::*)();
 /// What a window does with one message.
 struct AFX_MSGMAP_ENTRY_X
 {
-    unsigned long signature;  ///< selects how wParam and lParam are unpacked
-    AFX_PMSG_X handler;       ///< called with QWidget* for window arguments
-    AFX_PMSG_X secondHandler; ///< called after it with CWnd_X* instead; its result replaces the first one's
+    unsigned long signature; ///< selects how wParam and lParam are unpacked
+    AFX_PMSG_X handler;      ///< called with QWidget* for window arguments
+    /// Called after it with CWnd_X* instead; its result replaces the first one's. Not called when the first has deleted or
+    /// detached the window, or deleted the window that it was told of.
+    AFX_PMSG_X secondHandler;
 };
 
 /// Signature codes: what a handler is called with, and what becomes of its result. The macros below write them.

@@ -614,7 +614,7 @@ private:
 
     static QWidget* handleOf(const CWnd_X* window) { return window ? window->GetSafeHwnd() : nullptr; }
     static void showPostedBox(QWidget* owner, const XeMsgBoxEvent& event); // defined beside the message boxes
-    int showByStyle();
+    void showByStyle();
     void deleteBars();
 
     bool filterMessage(const xe::EventRow& row, QObject* target, QEvent* event);

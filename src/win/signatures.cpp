@@ -168,9 +168,11 @@ bool both(CWnd_X& window, const DispatchFrame& frame, const AFX_MSGMAP_ENTRY_X& 
     if (entry.secondHandler)
         ((named = named ? named : windowOf<Args>(p, l)), ...);
     const QPointer<QWidget> living(named);
+    const bool wasAttached = window.GetImpQObject();
     if (!single<Result, Args...>(window, frame, entry, p, l, result))
         return false;
-    const bool nobodyToTell = !frame.isAlive() || (named && !living);
+    const auto isDetached = [&] { return wasAttached && !window.GetImpQObject(); };
+    const bool nobodyToTell = !frame.isAlive() || (named && !living) || isDetached();
     if (!entry.secondHandler || nobodyToTell)
         return true;
     LRESULT value = initialResult<Result>();

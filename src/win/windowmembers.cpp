@@ -6,6 +6,7 @@
 #include "xesysinfo.h"
 
 #include <QAbstractButton>
+#include <QPointer>
 
 #include <limits>
 
@@ -23,7 +24,7 @@ int extent(LONG from, LONG to)
 
 void CWnd_X::MoveWindow(int x, int y, int width, int height, BOOL repaint)
 {
-    QWidget* const widget = GetSafeHwnd();
+    const QPointer<QWidget> widget = GetSafeHwnd(); // a handler of WM_SIZE may delete it
     if (!widget)
         return;
     widget->move(x, y);
@@ -31,7 +32,7 @@ void CWnd_X::MoveWindow(int x, int y, int width, int height, BOOL repaint)
         const QSize frame = widget->frameGeometry().size() - widget->size();
         widget->resize(QSize(width, height) - frame);
     }
-    if (repaint)
+    if (widget && repaint)
         widget->update();
 }
 

@@ -95,30 +95,41 @@ bool CWnd_X::AttachDefault(QWidget* parent)
 
 int CWnd_X::Create(QWidget* parent) { return AttachDefault(parent ? parent : TavoGetMainFrame()); }
 
+// What comes up may call handlers, and these may delete the wrapper: each step looks whether it is still there.
+
 int CWnd_X::Create(DWORD style, QWidget* parent)
 {
+    const QPointer<CWnd_X> living(this);
     m_dwStyle = style;
-    return AttachDefault(parent ? parent : TavoGetMainFrame()) ? showByStyle() : 0;
+    if (!AttachDefault(parent ? parent : TavoGetMainFrame()))
+        return 0;
+    if (living)
+        showByStyle();
+    return 1;
 }
 
 int CWnd_X::Create(DWORD style, const tagRECT& rect, QWidget* parent)
 {
+    const QPointer<CWnd_X> living(this);
     m_dwStyle = style;
     if (!Create(parent))
         return 0;
-    MoveWindow(&rect, FALSE);
-    return showByStyle();
+    if (living)
+        MoveWindow(&rect, FALSE);
+    if (living)
+        showByStyle();
+    return 1;
 }
 
-int CWnd_X::showByStyle()
+void CWnd_X::showByStyle()
 {
+    const QPointer<CWnd_X> living(this);
     if (m_dwStyle & WS_VISIBLE)
         ShowWindow(SW_SHOW);
-    if (m_dwStyle & WS_VSCROLL)
+    if (living && m_dwStyle & WS_VSCROLL)
         ShowScrollBar(SB_VERT, TRUE);
-    if (m_dwStyle & WS_HSCROLL)
+    if (living && m_dwStyle & WS_HSCROLL)
         ShowScrollBar(SB_HORZ, TRUE);
-    return 1;
 }
 
 BOOL CWnd_X::ModifyStyle(DWORD remove, DWORD add, UINT)

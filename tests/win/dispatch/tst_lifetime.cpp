@@ -324,7 +324,7 @@ void tst_Lifetime::firstHandlerDetaches()
     window.AddMsgMapEntry(WM_KILLFOCUS, AfxSig_v_W_v, PairWindow::firstHandler(), PairWindow::secondHandler());
     window.action = [&] { window.Detach(); };
     window.SendMessage(WM_KILLFOCUS, WPARAM(&widget), 0);
-    QCOMPARE(PairWindow::calls, QStringList(QStringLiteral("second")));
+    QCOMPARE(PairWindow::calls, QStringList()); // it is no longer this window's
 }
 
 void tst_Lifetime::dispatchDeletesTheWrapper()
