@@ -309,8 +309,8 @@ struct AFX_MSGMAP_ENTRY_X
 {
     unsigned long signature; ///< selects how wParam and lParam are unpacked
     AFX_PMSG_X handler;      ///< called with QWidget* for window arguments
-    /// Called after it with CWnd_X* instead; its result replaces the first one's. Not called when the first has deleted or
-    /// detached the window, or deleted the window that it was told of.
+    /// Called after it with CWnd_X* instead; its result replaces the first one's. Not called when the first has deleted
+    /// or detached the window, or deleted the window that it was told of.
     AFX_PMSG_X secondHandler;
 };
 

@@ -60,8 +60,8 @@ public:
     /// True if there is neither a hook nor a message function.
     bool IsEmptyHookChain() const;
 
-    /// Called when an application object has been made: hooks, message functions and temporary objects that are left from
-    /// one that has ended serve the new one.
+    /// Called when an application object has been made: hooks, message functions and temporary objects that are left
+    /// from one that has ended serve the new one.
     void ServeApplication();
 
     /// See AppendTempObjectPool() and ClearTempObjectPool().
