@@ -1,0 +1,7 @@
+class tst_Classes : public QObject
+{
+    Q_OBJECT
+};
+
+XE_TEST(tst_Classes)
+#include "tst_classes.moc"

@@ -1,0 +1,17 @@
+struct Row
+{
+};
+
+namespace forms {
+class Form final : public QWidget
+{
+};
+} // namespace forms
+
+class tst_Links : public QObject
+{
+    Q_OBJECT
+};
+
+XE_TEST(tst_Links)
+#include "tst_links.moc"
