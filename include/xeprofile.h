@@ -1,8 +1,10 @@
 /// @file xeprofile.h
-/// Private profiles: INI files that Qt's QSettings reads and writes.
+/// Private profiles: INI files in the format of Qt's QSettings.
 ///
-/// A profile is a file, named by its path. Each call opens it, does its one thing and closes it; nothing is kept
-/// between calls, and every write rewrites the whole file. Calls may come from several threads.
+/// A profile is a file, named by its path. Each call opens it, does its one thing and closes it, and every write
+/// rewrites the whole file, which is there whole at every moment, as it was or as it will be. Nothing is kept between
+/// calls, but what could not be written: as long as QSettings remembers a file that is not empty, the next call for it
+/// tries again. Calls may come from several threads.
 ///
 /// The format is the INI format of QSettings in UTF-8, which is not that of Windows:
 /// - Sections and keys are told apart by case. Names outside ASCII are found in the form that QSettings writes alone
@@ -10,13 +12,12 @@
 /// - A backslash in a value starts an escape sequence: `C:\temp` from a Windows file reads as `C:`, a tab and `emp`.
 ///   Double quotes round a value go. A value with a comma outside quotes is a list and reads as the empty text, not as
 ///   the default. Text in another encoding is not converted: bytes that are no UTF-8 read as U+FFFD.
-/// - A write loses comments and blank lines, sorts sections and keys and ends lines with LF. QSettings 5 writes element
-///   by element of UTF-16, so a character above U+FFFF in a value gets lost.
+/// - A write loses comments and blank lines, sorts sections and keys and ends lines with LF.
 ///
 /// Texts are terminated; a null section, key, value or path counts as empty. Sizes count 32-bit elements, those of
 /// structures bytes. A null buffer gets nothing and gives 0. A file that is missing, no file or no profile reads as an
 /// empty one. A @Variant(...) value that Qt cannot read and live, such as lists nested thousands deep, is as if it were
-/// not there, and a profile with such a value is not written to.
+/// not there, and stays in the file as it is.
 #pragma once
 
 #include "xedef.h"

@@ -11,8 +11,11 @@
 ///
 /// writes `Software\Acme\Size=123` under `[HKEY_CURRENT_USER]`. The file is named after the organisation and the
 /// application that QCoreApplication knows when this library is loaded; docs/porting.md says how a host sets them in
-/// time. It is written when QSettings does so by itself, by RegFlushKey_X, and at exit. A file that cannot be written
-/// fails without a word; the values then live as long as the process.
+/// time. It is written when QSettings does so by itself, by RegFlushKey_X, and at exit. At every moment it is there
+/// whole, as it was or as it will be. What could not be written, for want of room on the disk or otherwise, stays in
+/// memory without a word, and the next of these writes takes it along; a file that could not be read is not written
+/// over. Another QSettings object of the host's own on this file writes it in Qt's way, which takes a file whose end
+/// found no room for written.
 ///
 /// The file keeps no types: a number comes back as the text of its digits in the next run. Keys are case-sensitive,
 /// unlike on Windows. "\" and "/" both separate keys.

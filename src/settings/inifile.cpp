@@ -1,85 +1,64 @@
 #include "settings/inifile.h"
 
+#include "file/wholefile.h"
+#include "settings/iniread.h"
+
 #include <QFile>
 #include <QSaveFile>
-#include <QSettings>
-#include <QTemporaryFile>
 
-#include <new>
+namespace xe {
 
 namespace {
 
-constexpr int longestStream = 4096; // some hundred lists in lists
-
-bool hasStream(const QByteArray& text) { return text.contains("@Variant(") || text.contains("@DateTime("); }
-
-bool endsLine(char ch) { return ch == '\n' || ch == '\r'; }
-
-// The end of the line, as QSettings sees it: in quotation marks and behind a backslash a line goes on. Comments have
-// neither.
-int endOfLine(const QByteArray& ini, int place)
+QString freeName(const QString& fileName)
 {
-    const bool isComment = ini.at(place) == ';';
-    bool isQuoted = false;
-    for (; place < ini.size(); ++place) {
-        const char ch = ini.at(place);
-        if (endsLine(ch) && !isQuoted)
-            return place + 1;
-        if (ch == '"' && !isComment)
-            isQuoted = !isQuoted;
-        else if (ch == '\\' && !isComment)
-            place += ini.mid(place + 1, 2) == "\r\n" ? 2 : 1;
-    }
-    return ini.size();
+    QString name = fileName + QStringLiteral(".damaged");
+    for (int number = 2; QFile::exists(name); ++number)
+        name = QStringLiteral("%1.damaged.%2").arg(fileName).arg(number);
+    return name;
 }
 
-bool canBeRead(const QByteArray& line)
+bool keepCopy(const QFile& original, const QByteArray& bytes)
 {
-    QTemporaryFile file;
-    if (!file.open() || file.write(line) != line.size() || !file.flush())
+    QFile copy(freeName(original.fileName()));
+    if (!copy.open(QIODevice::WriteOnly | QIODevice::NewOnly))
         return false;
-    try {
-        QSettings(file.fileName(), QSettings::IniFormat).allKeys();
-    } catch (const std::bad_alloc&) {
-        return false;
-    }
-    return true;
+    if (copy.setPermissions(original.permissions()) && writeWhole(copy, bytes))
+        return true;
+    copy.remove();
+    return false;
 }
 
-bool isHarmful(const QByteArray& line) { return hasStream(line) && (line.size() > longestStream || !canBeRead(line)); }
+bool replace(const QString& fileName, const QByteArray& bytes)
+{
+    QSaveFile file(fileName);
+    return file.open(QIODevice::WriteOnly) && writeWhole(file, bytes) && file.commit();
+}
+
+// Null if the file cannot be read as a whole.
+QByteArray contentOf(QFile& file)
+{
+    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return bytes.size() == file.size() ? bytes : QByteArray();
+}
 
 } // namespace
 
-QByteArray xe::withoutHarmfulEntries(const QByteArray& ini)
-{
-    if (!hasStream(ini))
-        return ini;
-    QByteArray harmless;
-    for (int place = 0; place < ini.size();) {
-        const int end = endOfLine(ini, place);
-        const QByteArray line = ini.mid(place, end - place);
-        if (!isHarmful(line))
-            harmless += line;
-        place = end;
-    }
-    return harmless;
-}
-
-QByteArray xe::contentOf(const QString& fileName)
+void putHarmfulAside(const QString& fileName)
 {
     QFile file(fileName);
-    return !fileName.isEmpty() && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const QByteArray bytes = contentOf(file);
+    const QByteArray harmless = withoutHarmfulEntries(bytes);
+    if (harmless.size() != bytes.size() && keepCopy(file, bytes))
+        replace(fileName, harmless);
 }
 
-bool xe::disarmIniFile(const QString& fileName)
+bool isForQt(const QString& fileName)
 {
-    const QByteArray ini = contentOf(fileName);
-    const QByteArray harmless = withoutHarmfulEntries(ini);
-    if (harmless.size() == ini.size())
-        return false;
-    QFile::rename(fileName, fileName + QStringLiteral(".damaged"));
-    QSaveFile file(fileName);
-    if (file.open(QIODevice::WriteOnly) && file.write(harmless) == harmless.size() && file.flush())
-        file.commit();
-    return true;
+    QFile file(fileName);
+    const QByteArray bytes = contentOf(file);
+    const bool hasByteOrderMark = bytes.startsWith("\xEF\xBB\xBF");
+    return !hasByteOrderMark && hasUnknownEntry(bytes) && withoutHarmfulEntries(bytes).size() == bytes.size();
 }
+
+} // namespace xe

@@ -1,21 +1,18 @@
 // INI files from strangers, on their way to QSettings.
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 
 namespace xe {
 
-/// An INI text without the entries that Qt cannot read and live. Qt believes what a @Variant(...) value says of itself:
-/// how deep lists lie in lists, for which it takes the stack, and how long they are, for which it takes memory. The
-/// text itself if it has no such value.
-QByteArray withoutHarmfulEntries(const QByteArray& ini);
+/// Puts a file with harmful entries aside: the same file without them takes its place when a copy of it is whole, with
+/// ".damaged" behind its name and a number if there is such a copy already. If either cannot be written, the file stays
+/// as it is.
+void putHarmfulAside(const QString& fileName);
 
-/// The content of a file; empty if it cannot be read.
-QByteArray contentOf(const QString& fileName);
-
-/// Puts a file that has harmful entries aside, with ".damaged" behind its name, and the same file without them in its
-/// place. False for any other file, which stays as it is.
-bool disarmIniFile(const QString& fileName);
+/// Whether Qt's own reader, which decodes a value when somebody asks for it, has to read this file: it has values whose
+/// types the host is yet to register, and none that are harmful. Not with a byte order mark, since the object that reads
+/// the file keeps to itself what that means.
+bool isForQt(const QString& fileName);
 
 } // namespace xe

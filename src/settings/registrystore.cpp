@@ -1,5 +1,6 @@
 #include "xewinreg.h"
 
+#include "settings/filestamps.h"
 #include "settings/inifile.h"
 #include "settings/registrystore.h"
 #include "text/widetext.h"
@@ -11,6 +12,8 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
+#include <optional>
 #include <string_view>
 
 namespace xe {
@@ -41,15 +44,58 @@ QString joined(const QString& parent, const Name& name)
 // ASCII passes the conversion as it is in any C locale. The conversion ends at a 0.
 bool isPlain(std::uint32_t element) { return element - 1 < 0x7F; }
 
+// The name that Qt gives to none.
+QString organization()
+{
+    const QString name = QCoreApplication::organizationName();
+    return name.isEmpty() ? QStringLiteral("Unknown Organization") : name;
+}
+
 } // namespace
 
-RegistryStore g_appRegistry(QCoreApplication::organizationName(), QCoreApplication::applicationName());
+RegistryStore g_appRegistry(organization(), QCoreApplication::applicationName());
+
+// Goes ahead of the store. A value whose type the host is yet to register is left to Qt, which decodes it when somebody
+// asks for it: its entries are also those of the host's own QSettings object of the same file.
+class RegistryStore::FirstReader
+{
+public:
+    FirstReader(const QString& organization, const QString& application)
+    {
+        const QString fileName = fileNameOf(organization, application);
+        putHarmfulAside(fileName);
+        if (!isForQt(fileName))
+            return;
+        const FileStamp stamp = stampOf(fileName);
+        m_reader.emplace(IniFormat, UserScope, organization, application);
+        if (m_reader->status() != AccessError)
+            rememberRead(fileName, stamp);
+    }
+
+private:
+    static QString fileNameOf(const QString& organization, const QString& application)
+    {
+        const QString name = QSettings(IniFormat, UserScope, organization).fileName();
+        return application.isEmpty() ? name : name.chopped(4) + QLatin1Char('/') + application + QLatin1String(".ini");
+    }
+
+    std::optional<QSettings> m_reader; // which QSettings objects of the same file take over from
+};
 
 RegistryStore::RegistryStore(const QString& organization, const QString& application)
-    : QSettings(IniFormat, UserScope, organization, application, nullptr)
+    : RegistryStore(FirstReader(organization, application), organization, application)
+{}
+
+RegistryStore::RegistryStore(const FirstReader&, const QString& organization, const QString& application)
+    : IniSettings(organization, application)
+{}
+
+RegistryStore::~RegistryStore()
 {
-    if (disarmIniFile(fileName())) // of which nothing has been parsed yet
-        QSettings::sync();
+    try {
+        sync();
+    } catch (const std::bad_alloc&) { // nobody is left to tell
+    }
 }
 
 void RegistryStore::setValue(const QString& path, const QVariant& value)
@@ -67,14 +113,14 @@ void RegistryStore::remove(const QString& path)
 void RegistryStore::sync()
 {
     forgetEntries();
-    QSettings::sync();
+    IniSettings::sync();
 }
 
 bool RegistryStore::event(QEvent* event)
 {
     if (event->type() == QEvent::UpdateRequest)
         forgetEntries();
-    return QSettings::event(event);
+    return IniSettings::event(event);
 }
 
 const QStringList& RegistryStore::entriesBelow(const QString& path, DWORD index)

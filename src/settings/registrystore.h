@@ -1,9 +1,9 @@
 // The store behind the registry functions, and the paths of its entries.
 #pragma once
 
+#include "settings/inisettings.h"
 #include "xewinreg.h"
 
-#include <QSettings>
 #include <QStringList>
 
 #include <cstdint>
@@ -17,12 +17,15 @@ namespace xe {
 // list of the last key is kept: until something is changed through the functions below, until QSettings writes and
 // reads its file by itself, and until index 0 is asked for, since other QSettings objects of the process may have the
 // same file and share their changes with this one unseen.
-class RegistryStore : public QSettings
+class RegistryStore : public IniSettings
 {
 public:
     /// The file of an organisation and an application in the user's configuration folder. A file with entries that
     /// would bring Qt down is put aside first.
     RegistryStore(const QString& organization, const QString& application);
+
+    /// Writes what has not been written yet.
+    ~RegistryStore() override;
 
     void setValue(const QString& path, const QVariant& value);
     void remove(const QString& path);
@@ -39,6 +42,9 @@ protected:
     bool event(QEvent* event) override;
 
 private:
+    class FirstReader;
+    RegistryStore(const FirstReader& reader, const QString& organization, const QString& application);
+
     void forgetEntries();
 
     QString m_path; // of the last value asked for

@@ -1,12 +1,10 @@
 #include "xeprofile.h"
 
-#include "settings/inifile.h"
+#include "settings/inisettings.h"
+#include "settings/inivalue.h"
 #include "text/namelist.h"
 #include "text/widetext.h"
 #include "xeafxstr.h"
-
-#include <QSettings>
-#include <QTemporaryFile>
 
 #include <algorithm>
 #include <array>
@@ -15,69 +13,46 @@
 
 #include <unistd.h>
 
-namespace {
+using xe::IniSettings;
 
-class Profile : public QSettings
-{
-public:
-    explicit Profile(const QString& file) : QSettings(file, IniFormat) { setIniCodec("UTF-8"); }
-};
+namespace {
 
 bool exists(const wchar_t* file) { return waccess(file, F_OK) == 0; }
 
-bool isHarmful(const QString& file)
-{
-    const QByteArray ini = xe::contentOf(file);
-    return xe::withoutHarmfulEntries(ini).size() != ini.size();
-}
-
 QString pathOf(const wchar_t* section, const QString& key) { return XeQString(section) + QLatin1Char('/') + key; }
 
-// What the operation finds in the profile, or in a copy without its harmful entries.
-template <class Operation>
-auto ask(const wchar_t* file, Operation operation)
-{
-    const QString name = XeQString(file);
-    const QByteArray ini = xe::contentOf(name);
-    const QByteArray harmless = xe::withoutHarmfulEntries(ini);
-    QTemporaryFile copy;
-    const bool isCopied = harmless.size() != ini.size() && copy.open() && copy.write(harmless) && copy.flush();
-    Profile profile(isCopied ? copy.fileName() : name);
-    return operation(profile);
-}
-
-// Changes the profile. One with harmful entries is left as it is, like one that cannot be written.
 template <class Operation>
 void change(const wchar_t* file, Operation operation)
 {
-    const QString name = XeQString(file);
-    if (isHarmful(name))
-        return;
-    Profile profile(name);
+    IniSettings profile(XeQString{file});
     operation(profile);
+    profile.sync();
+}
+
+// Such a value is as if it were not there.
+bool isHarmful(const QVariant& value)
+{
+    return value.userType() == qMetaTypeId<xe::SealedValue>() && value.value<xe::SealedValue>().isHarmful;
 }
 
 QVariant entry(const wchar_t* section, const wchar_t* key, const QVariant& otherwise, const wchar_t* file)
 {
-    const QString path = pathOf(section, XeQString(key));
-    return ask(file, [&](const Profile& profile) { return profile.value(path, otherwise); });
+    const IniSettings profile(XeQString{file});
+    const QVariant value = profile.value(pathOf(section, XeQString(key)), otherwise);
+    return isHarmful(value) ? otherwise : value;
 }
 
 QStringList entries(const wchar_t* section, const wchar_t* file)
 {
-    return ask(file, [section](Profile& profile) {
-        profile.beginGroup(XeQString(section));
-        QStringList lines = profile.childKeys();
-        for (QString& line : lines)
-            line = QStringLiteral("%1=%2\r").arg(line, profile.value(line).toString());
-        profile.endGroup();
-        return lines;
-    });
-}
-
-QStringList sections(const wchar_t* file)
-{
-    return ask(file, [](const Profile& profile) { return profile.childGroups(); });
+    IniSettings profile(XeQString{file});
+    profile.beginGroup(XeQString(section));
+    QStringList lines;
+    for (const QString& key : profile.childKeys()) {
+        const QVariant value = profile.value(key);
+        if (!isHarmful(value))
+            lines += QStringLiteral("%1=%2\r").arg(key, value.toString());
+    }
+    return lines;
 }
 
 } // namespace
@@ -116,7 +91,7 @@ DWORD GetPrivateProfileSection_X(const wchar_t* section, wchar_t* buffer, DWORD 
 
 DWORD GetPrivateProfileSectionNames_X(wchar_t* buffer, DWORD size, const wchar_t* file)
 {
-    return xe::writeNameList(sections(file), buffer, size);
+    return xe::writeNameList(IniSettings(XeQString{file}).childGroups(), buffer, size);
 }
 
 BOOL GetPrivateProfileStruct_X(const wchar_t* section, const wchar_t* key, void* buffer, UINT size, const wchar_t* file)
@@ -133,7 +108,7 @@ BOOL WritePrivateProfileString_X(const wchar_t* section, const wchar_t* key, con
 {
     if (!exists(file))
         return FALSE;
-    change(file, [&](Profile& profile) {
+    change(file, [&](IniSettings& profile) {
         profile.beginGroup(XeQString(section));
         profile.setValue(XeQString(key), XeQString(value));
         profile.endGroup();
@@ -147,7 +122,7 @@ BOOL WritePrivateProfileStruct_X(const wchar_t* section, const wchar_t* key, con
     if (!exists(file) || size > std::numeric_limits<int>::max())
         return FALSE;
     const QByteArray bytes(static_cast<const char*>(data), static_cast<int>(size));
-    change(file, [&](Profile& profile) { profile.setValue(pathOf(section, XeQString(key)), bytes); });
+    change(file, [&](IniSettings& profile) { profile.setValue(pathOf(section, XeQString(key)), bytes); });
     return TRUE;
 }
 
@@ -156,7 +131,7 @@ BOOL WritePrivateProfileSection_X(const wchar_t* section, const wchar_t* text, c
     if (!exists(file))
         return FALSE;
     const QStringList lines = XeQString(text).split(QLatin1Char('\r'));
-    change(file, [&](Profile& profile) {
+    change(file, [&](IniSettings& profile) {
         for (const QString& line : lines) {
             QStringList parts = line.split(QLatin1Char('='));
             if (parts.size() == 2)

@@ -53,11 +53,14 @@ void tst_ProfileWrite::texts_data()
         "; top\r\n[t]\r\nb=2\r\n\r\n; b first\r\na=1\r\n\r\n[s]\r\nc=3\r\n", L"t", L"c", L"v",
         "[s]\nc=3\n\n[t]\na=1\nb=2\nc=v\n");
     add("section General", "", L"General", L"k", L"v", "[%General]\nk=v\n");
+    add("section GENERAL, told apart by case", "", L"GENERAL", L"k", L"v", "[%GENERAL]\nk=v\n");
     add("no section", "", L"", L"k", L"v", "[General]\nk=v\n");
     add("names outside ASCII", "", L"\x8282", L"\x4E2D k", L"v", "[%U8282]\n%U4E2D%20k=v\n");
     add("key of keys", "", L"s", L"a/b", L"v", "[s]\na\\b=v\n");
 
     addValue("UTF-8", L"\x4E2D\xE9", "\xE4\xB8\xAD\xC3\xA9");
+    addValue("UTF-8 above U+FFFF", L"\x1F600", "\xF0\x9F\x98\x80");
+    addValue("half of a character above U+FFFF", L"\xD83D", "\\xd83d");
     addValue("backslash", L"C:\\temp", "C:\\\\temp");
     addValue("comma", L"a,b", "\"a,b\"");
     addValue("semicolon and equals sign", L"a;b=c", "\"a;b=c\"");
@@ -90,6 +93,7 @@ void tst_ProfileWrite::textsComeBack_data()
     QTest::newRow("quotes and blanks") << L" \"a\" , \"b\" "s;
     QTest::newRow("lines") << L"a\r\nb\tc"s;
     QTest::newRow("Chinese") << L"\x4E2D\x6587"s;
+    QTest::newRow("above U+FFFF") << L"\x1F600"s;
     QTest::newRow("forms of other values") << L"@ByteArray(a)"s;
     QTest::newRow("hexadecimal digit behind a control character") << L"\x01"
                                                                      L"f"s;

@@ -40,6 +40,8 @@ private slots:
     void whatCanBeReadIsKept_data();
     void whatCanBeReadIsKept();
     void aHarmfulFileIsPutAside();
+    void longValuesAreNoHarm_data();
+    void longValuesAreNoHarm();
     void valuesOfOtherKindsReadAsNothing_data();
     void valuesOfOtherKindsReadAsNothing();
     void aStoreThatCannotBeWrittenLivesInMemory_data();
@@ -101,6 +103,36 @@ void tst_RegistryBrokenFiles::aHarmfulFileIsPutAside()
     };
     QCOMPARE(content(""), QByteArray("[HKEY_CURRENT_USER]\nSoftware\\a=1\nSoftware\\n=5\n"));
     QVERIFY(content(".damaged") == image);
+
+    const QByteArray second = image + "Software\\o=6\n";
+    settingsWith(folder, second);
+    QCOMPARE(runHost(path, {"entries|Software"}), QString("a n o"));
+    QVERIFY(content(".damaged") == image);
+    QVERIFY(content(".damaged.2") == second);
+}
+
+// What a value is, its start tells, and whether it can be read, only reading it.
+void tst_RegistryBrokenFiles::longValuesAreNoHarm_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    const QByteArray text(5000, 'n');
+    QTest::newRow("a text that names a stream") << "see @Variant(x) and @DateTime(x) " + text;
+    QTest::newRow("a text that starts like one") << "@@Variant(" + text + ')';
+    QTest::newRow("a list that can be read")
+        << "@Variant(\\0\\0\\0\\t\\0\\0\\x3\\xe8" + QByteArray("\\0\\0\\0\\x2\\0\\0\\0\\x5").repeated(1000) + ')';
+    QTest::newRow("a stream of a type that nobody knows")
+        << "@Variant(\\0\\0\\0\\x7f\\0\\0\\0\\x6Widget\\0" + text + ')';
+}
+
+void tst_RegistryBrokenFiles::longValuesAreNoHarm()
+{
+    QFETCH(QByteArray, value);
+    const QByteArray image = "[HKEY_CURRENT_USER]\nSoftware\\m=" + value + "\nSoftware\\n=5\n";
+    const QTemporaryDir folder;
+    const QString path = settingsWith(folder, image);
+    QCOMPARE(runHost(path, {"entries|Software"}), QString("m n"));
+    QCOMPARE(QDir(path + "/Acme").entryList(QDir::Files), QStringList("Draw.ini"));
+    QVERIFY(contentOf(path + "/Acme/Draw.ini") == image);
 }
 
 void tst_RegistryBrokenFiles::valuesOfOtherKindsReadAsNothing_data()
