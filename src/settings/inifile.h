@@ -11,8 +11,8 @@ namespace xe {
 void putHarmfulAside(const QString& fileName);
 
 /// Whether Qt's own reader, which decodes a value when somebody asks for it, has to read this file: it has values whose
-/// types the host is yet to register, and none that are harmful. Not with a byte order mark, since the object that reads
-/// the file keeps to itself what that means.
+/// types the host is yet to register, and none that are harmful. Not with a byte order mark, since the object that
+/// reads the file keeps to itself what that means.
 bool isForQt(const QString& fileName);
 
 } // namespace xe

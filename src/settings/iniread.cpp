@@ -89,7 +89,7 @@ private:
     int m_place;
 };
 
-// ------------------------------------------------------------------------------------------------------ names of entries
+// ---------------------------------------------------------------------------------------------------- names of entries
 
 // The letter that an escape sequence stands for ("%20", "%U4E2D"), and the place behind it; a percent sign that starts
 // none stands for itself.

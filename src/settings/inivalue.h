@@ -8,8 +8,8 @@
 
 namespace xe {
 
-/// A value that is not read, since its stream is unknown or harmful. It is written as the text that it was read from, so
-/// that nothing of it is lost.
+/// A value that is not read, since its stream is unknown or harmful. It is written as the text that it was read from,
+/// so that nothing of it is lost.
 struct SealedValue
 {
     QString text;

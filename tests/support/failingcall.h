@@ -5,8 +5,8 @@
 
 #include <cerrno>
 
-/// While it lives, one call of the system fails, in whatever thread or library it is made: of the calls of one kind, the
-/// one with this number, from 1 on. A test counts up until the number is not reached any more:
+/// While it lives, one call of the system fails, in whatever thread or library it is made: of the calls of one kind,
+/// the one with this number, from 1 on. A test counts up until the number is not reached any more:
 /// @code
 /// for (int number = 1, wasReached = true; wasReached; ++number) {
 ///     FailingCall call(FailingCall::Write, number);

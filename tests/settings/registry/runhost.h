@@ -4,8 +4,8 @@
 #include <QString>
 #include <QStringList>
 
-/// Runs a host program with its settings below a folder, and with one more setting of its environment ("NAME=value"); what
-/// it prints, or how it ended if it did not end well.
+/// Runs a host program with its settings below a folder, and with one more setting of its environment ("NAME=value");
+/// what it prints, or how it ended if it did not end well.
 class HostRun
 {
 public:
