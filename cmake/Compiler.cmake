@@ -19,6 +19,12 @@ if(XE_WERROR)
     add_compile_options(-Werror)
 endif()
 
+# For code that branches at every few instructions: where its jumps lead in a cache line makes a quarter of its time,
+# and without these options any change elsewhere moves them.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    set(XE_ALIGNED_CODE -falign-functions=64 -falign-loops=32 -falign-jumps=32)
+endif()
+
 # ccache looks through a precompiled header only when told how to compare it.
 find_program(XE_CCACHE ccache)
 if(XE_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)

@@ -114,14 +114,12 @@ bool isAsciiBlock(const wchar_t* elements)
     return bits < 0x80;
 }
 
-// Null for an element without a UTF-8 form, else the end of its bytes.
-char* encodeElement(std::uint32_t value, char* out)
+constexpr bool isAscii(wchar_t ch) { return static_cast<std::uint32_t>(ch) < 0x80; }
+
+// Null for an element without a UTF-8 form, else the end of its two to four bytes.
+char* encodeSequence(std::uint32_t value, char* out)
 {
     const auto tail = [](std::uint32_t bits) { return static_cast<char>(0x80 | (bits & 0x3F)); };
-    if (value < 0x80) {
-        out[0] = static_cast<char>(value);
-        return out + 1;
-    }
     if (value < 0x800) {
         out[0] = static_cast<char>(0xC0 | value >> 6);
         out[1] = tail(value);
@@ -157,8 +155,9 @@ char* encodeInto(char* out, std::wstring_view text)
             continue;
         }
         for (const wchar_t* const next = element + std::min(left, 2 * elementBlock); element != next; ++element) {
-            out = encodeElement(static_cast<std::uint32_t>(*element), out);
-            if (!out)
+            if (isAscii(*element))
+                *out++ = static_cast<char>(*element);
+            else if (out = encodeSequence(static_cast<std::uint32_t>(*element), out); !out)
                 return nullptr;
         }
     }
