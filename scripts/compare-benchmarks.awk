@@ -1,5 +1,6 @@
-# Reads the limits and the CSV results of benchmarks, and prints each benchmark's ratio to its peers as a table.
-# Fails when a benchmark reports an error.
+# Reads the limits and the CSV results of benchmarks, and prints each benchmark's ratio to its peers as a table: that of
+# the fastest repetitions. A ratio is noted as over its limit, or as close to it if it is not a tenth below.
+# Fails when a benchmark reports an error, and with -v strict=1 when a ratio is over its limit.
 
 # Splits group/ours/ARGUMENT or group/peer:NAME/ARGUMENT into group, role and argument, ARGUMENT with its slash.
 function splitName(name) {
@@ -16,8 +17,27 @@ function timeOf(name) {
     return nanoseconds(name ~ /\/real_time/ ? field[2] : field[3], field[4])
 }
 
+# Whether there was no time of this name, or a longer one.
+function isFaster(spent, times, name) {
+    return !(name in times) || spent < times[name]
+}
+
+function noteOn(ratio, most) {
+    return most == "" || ratio <= 0.9 * most ? "" : ratio <= most + 0 ? "close" : "over"
+}
+
 function nanoseconds(value, unit) {
     return value * (unit == "ns" ? 1 : unit == "us" ? 1e3 : unit == "ms" ? 1e6 : 1e9)
+}
+
+# In random order they came, since a program's repetitions do.
+function sortKeys(    i, j, key) {
+    for (i = 2; i <= keyCount; ++i) {
+        key = keys[i]
+        for (j = i; j > 1 && keys[j - 1] > key; --j)
+            keys[j] = keys[j - 1]
+        keys[j] = key
+    }
 }
 
 BEGIN {
@@ -41,22 +61,27 @@ FILENAME ~ /limits$/ {
     if (field[8] == "true") {
         print name ": " field[9]
         failed = 1
-    } else if (sub(/_median$/, "", name)) {
+    } else if (name !~ /_(mean|median|stddev|cv)$/) {
         spent = timeOf(name)
         splitName(name)
         key = group argument
         if (role == "ours") {
-            ours[key] = spent
+            if (!(key in ours))
+                keys[++keyCount] = key
             groupOf[key] = group
-            keys[++keyCount] = key
+            if (isFaster(spent, ours, key))
+                ours[key] = spent
         } else if (sub(/^peer:/, "", role)) {
-            peers[key] = peers[key] role "\n"
-            time[key, role] = spent
+            if (!((key, role) in time))
+                peers[key] = peers[key] role "\n"
+            if (isFaster(spent, time, key SUBSEP role))
+                time[key, role] = spent
         }
     }
 }
 
 END {
+    sortKeys()
     if (keyCount)
         printf format, "group", "peer", "ours ns", "peer ns", "ratio", "limit", ""
     for (i = 1; i <= keyCount; ++i) {
@@ -69,9 +94,11 @@ END {
             peer = time[peerKey, names[j]]
             ratio = peer > 0 ? ours[key] / peer : 0
             most = (key in limit) ? limit[key] : limit[groupOf[key]]
+            note = noteOn(ratio, most)
             printf format, key, names[j], sprintf("%.1f", ours[key]), sprintf("%.1f", peer), sprintf("%.2f", ratio), most, \
-                (most != "" && ratio > most + 0) ? "over" : ""
+                note
+            isOver = isOver || note == "over"
         }
     }
-    exit failed
+    exit failed || (strict && isOver)
 }
