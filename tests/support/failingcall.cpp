@@ -77,7 +77,7 @@ QByteArray FailingCall::inEnvironment(Kind kind, int number, int error)
            + QByteArray::number(error);
 }
 
-// -------------------------------------------------------------------------------- in place of the C library's functions
+// ------------------------------------------------------------------------------- in place of the C library's functions
 
 // Defines a function of the C library that fails when it has to: the result on failure, the kind, and the signature.
 #define FAILING(failure, kind, result, name, parameters, ...)                 \
