@@ -4,6 +4,7 @@
 
 #include <XeMFCEmu.h>
 
+#include <QMenuBar>
 #include <QtTest>
 
 // ---- CObject_X

@@ -5,6 +5,7 @@
 
 #include <clocale>
 #include <cstdlib>
+#include <locale>
 
 /// Collation by the locale that the environment names.
 class tst_Collate : public QObject

@@ -6,6 +6,7 @@
 #include <XeMFCEmu.h>
 
 #include <QAbstractEventDispatcher>
+#include <QPushButton>
 #include <QtTest>
 
 #include <malloc.h>
