@@ -1,7 +1,18 @@
 #pragma once
 
-#include <QtTest>
-#include <QtWidgets>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QLatin1String>
+#include <QMessageBox>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QStringLiteral>
+#include <QTest>
+#include <QTimer>
+
+#include <utility>
 
 /// Closes each message box that comes up, and writes it down as "title: text". It is content with none.
 class BoxWatch : public QObject

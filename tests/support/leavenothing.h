@@ -2,8 +2,12 @@
 
 #include <xehook.h>
 
-#include <QtTest>
-#include <QtWidgets>
+#include <QApplication>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QTest>
+#include <QWidget>
+#include <QWidgetList>
 
 /// Finds what a test has left behind: top-level widgets, hooks and message functions, timers, grabs of mouse and
 /// keyboard. What the next idle moment takes away (temporary wrappers, objects deleted later) is taken away first and

@@ -1,9 +1,14 @@
 #pragma once
 
-#include <QtTest>
-#include <QtWidgets>
+#include <QApplication>
+#include <QGuiApplication>
+#include <QLatin1String>
+#include <QObject>
+#include <QTest>
+#include <QTimer>
 
 #include <functional>
+#include <utility>
 
 /// Acts once on the next `Dialog` that is the active modal widget, from inside its event loop. Whoever makes the driver
 /// then does what opens the dialog:

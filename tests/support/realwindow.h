@@ -4,8 +4,9 @@
 
 #include <xeafxwin.h>
 
-#include <QtTest>
-#include <QtWidgets>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QTest>
 
 /// A wrapped window on the real screen: shown, active, and with the pointer over it.
 ///

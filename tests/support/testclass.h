@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QApplication>
-#include <QtTest>
+#include <QTest>
 
 /// A test class among the others of its program.
 ///

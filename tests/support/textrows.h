@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QtTest>
+#include <QString>
+#include <QTest>
 
 /// For tests whose rows are a text and what it is expected to be.
 struct TextRows

@@ -2,8 +2,6 @@
 
 #include "widevalue.h"
 
-#include <QtTest>
-
 #include <clocale>
 #include <memory>
 #include <string>

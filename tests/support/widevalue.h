@@ -1,7 +1,8 @@
 // Wide texts as data of a row, and in the message of a failed comparison.
 #pragma once
 
-#include <QtTest>
+#include <QString>
+#include <QTest>
 
 #include <string>
 

@@ -3,6 +3,8 @@
 
 #include <xeafx.h>
 
+#include <QLineEdit>
+
 class SlotOwner : public CObject_X
 {
     Q_OBJECT

@@ -4,6 +4,12 @@
 #include <xeafx.h>
 #include <xeafxdump.h>
 
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+
 namespace {
 
 QStringList journal; // what the objects of this file report about themselves

@@ -3,6 +3,17 @@
 
 #include <xeafxwin.h>
 
+#include <QAction>
+#include <QCheckBox>
+#include <QDockWidget>
+#include <QFontComboBox>
+#include <QFrame>
+#include <QMainWindow>
+#include <QMenu>
+#include <QPushButton>
+#include <QThread>
+#include <QTimer>
+
 using MetaObject = const QMetaObject*;
 using Create = CRuntimeClass_X::CreateFunction;
 Q_DECLARE_METATYPE(MetaObject)

@@ -2,8 +2,6 @@
 
 #include <XeCustomUI.h>
 
-#include <QtTest>
-
 Q_DECLARE_METATYPE(const QMetaObject*)
 
 class tst_CustomUi : public QObject

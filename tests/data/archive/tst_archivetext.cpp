@@ -4,6 +4,7 @@
 #include "leavenothing.h"
 #include "testclass.h"
 
+#include <cmath>
 #include <limits>
 
 class tst_ArchiveText : public QObject

@@ -3,7 +3,7 @@
 #include "raises.h"
 #include "xeafxarray.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <string>
 #include <tuple>

@@ -1,6 +1,8 @@
 #include "openarray.h"
 #include "testclass.h"
 
+#include <QSignalSpy>
+
 #include <memory>
 
 /// The seven array classes as classes: run-time records, ownership, and the example of the header.

@@ -4,8 +4,6 @@
 
 #include <xeoledt.h>
 
-#include <QtTest>
-
 #include <cmath>
 #include <ctime>
 #include <limits>

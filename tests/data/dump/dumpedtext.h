@@ -3,8 +3,6 @@
 #include <xeafxdump.h>
 #include <xeafxfile.h>
 
-#include <QtTest>
-
 /// What `write` writes to a dump stream with a file, as text.
 template <class Write>
 QString dumped(Write write)

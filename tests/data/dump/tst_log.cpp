@@ -4,7 +4,8 @@
 #include <xeafxstr.h>
 #include <xeprocess.h>
 
-#include <QtTest>
+#include <QProcess>
+#include <QRegularExpression>
 
 #include <atomic>
 #include <thread>

@@ -2,8 +2,6 @@
 
 #include <xeafxdump.h>
 
-#include <QtTest>
-
 #include <sys/mman.h>
 #include <unistd.h>
 

@@ -2,8 +2,6 @@
 
 #include <xeexcept.h>
 
-#include <QtTest>
-
 /// What GetErrorMessage() writes into a buffer of which it is told the first `size` elements, as one line such as
 /// "1 'text' help 0". A 0 element is shown as ".", one that was left alone as "x".
 inline QString errorMessage(const CException_X& exception, unsigned size, unsigned capacity)

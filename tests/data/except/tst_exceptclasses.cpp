@@ -2,7 +2,7 @@
 
 #include <xeexcept.h>
 
-#include <QtTest>
+#include <QThread>
 
 // The exceptions as objects: their run-time classes, what catches them, copies, and who deletes them.
 

@@ -2,8 +2,6 @@
 
 #include <xeexcept.h>
 
-#include <QtTest>
-
 // The causes of error numbers: both tables, and the functions that throw by them.
 
 namespace {

@@ -6,6 +6,8 @@
 
 #include <xeafxfile.h>
 
+#include <QSignalSpy>
+
 class tst_File : public QObject
 {
     Q_OBJECT

@@ -6,6 +6,8 @@
 
 #include <xeafxfile.h>
 
+#include <QBuffer>
+
 #include <cstring>
 
 class tst_FileLife : public QObject

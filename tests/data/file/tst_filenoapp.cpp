@@ -7,7 +7,6 @@
 #include <xeafxfile.h>
 
 #include <QPointer>
-#include <QtTest>
 
 #include <thread>
 

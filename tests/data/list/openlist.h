@@ -4,7 +4,7 @@
 #include "xeafxlist.h"
 
 #include <QSet>
-#include <QtTest>
+#include <QTest>
 
 #include <string>
 #include <type_traits>

@@ -5,8 +5,6 @@
 #include <xeafxfixalloc.h>
 #include <xeafxplex.h>
 
-#include <QtTest>
-
 #include <cstdint>
 #include <cstring>
 #include <set>

@@ -3,8 +3,6 @@
 #include <xeafxddx.h>
 #include <xeafxdlg.h>
 
-#include <QtWidgets>
-
 #include <functional>
 
 /// A dialog whose form, data exchange and start are written in the test. It writes down the steps of its life.

@@ -5,6 +5,12 @@
 
 #include <leavenothing.h>
 
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSignalSpy>
+
 namespace {
 
 // A window with a pane that is a dialog; both write down the keys they are given.

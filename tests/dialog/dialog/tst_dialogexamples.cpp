@@ -8,6 +8,9 @@
 #include <xeafxddx.h>
 #include <xeafxdlg.h>
 
+#include <QCheckBox>
+#include <QVBoxLayout>
+
 namespace {
 
 // As a form of Qt Designer is compiled.

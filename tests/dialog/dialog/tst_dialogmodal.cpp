@@ -8,6 +8,9 @@
 #include <messagetrace.h>
 #include <modaldriver.h>
 
+#include <QPushButton>
+#include <QVBoxLayout>
+
 #include <memory>
 
 namespace {

@@ -5,6 +5,10 @@
 
 #include <leavenothing.h>
 
+#include <QAbstractEventDispatcher>
+#include <QPushButton>
+#include <QTimer>
+
 namespace {
 
 constexpr int rounds = 1000;

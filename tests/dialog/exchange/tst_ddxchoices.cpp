@@ -8,6 +8,12 @@
 
 #include <xeafxdlg.h>
 
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalSpy>
+
 namespace {
 
 // Radio buttons in a window, by name, and the window that exchanges with them.

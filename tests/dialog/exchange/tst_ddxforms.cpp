@@ -7,6 +7,8 @@
 #include <leavenothing.h>
 #include <xeafxdlg.h>
 
+#include <QCheckBox>
+
 namespace {
 
 // A control of every kind, named as its id in resource.h is.

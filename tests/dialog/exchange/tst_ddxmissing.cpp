@@ -9,6 +9,8 @@
 #include <leavenothing.h>
 #include <xeafxdlg.h>
 
+#include <QLabel>
+
 namespace {
 
 // The variables of an exchange that must not change them.

@@ -6,6 +6,11 @@
 
 #include <leavenothing.h>
 
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTextEdit>
+
 #include <limits>
 
 namespace {

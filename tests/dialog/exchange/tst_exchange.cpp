@@ -9,6 +9,10 @@
 #include <xeafxdlg.h>
 #include <xeexcept.h>
 
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTextEdit>
+
 class tst_Exchange : public QObject
 {
     Q_OBJECT

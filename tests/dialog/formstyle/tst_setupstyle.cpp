@@ -5,6 +5,9 @@
 
 #include <XeMFCEmu.h>
 
+#include <QScreen>
+#include <QTimer>
+
 namespace {
 
 // Writes down what happens to it, in order.

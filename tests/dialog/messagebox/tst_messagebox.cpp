@@ -7,6 +7,11 @@
 #include <modaldriver.h>
 #include <xeafxdlg.h>
 
+#include <QAbstractButton>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+
 namespace {
 
 using BoxDriver = ModalDriver<QMessageBox>;

@@ -6,6 +6,8 @@
 #include <xeafxdlg.h>
 #include <xeexcept.h>
 
+#include <QMessageBox>
+
 // Exceptions shown in a message box.
 
 namespace {

@@ -6,7 +6,8 @@
 
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QtTest>
+
+#include <cmath>
 
 namespace {
 

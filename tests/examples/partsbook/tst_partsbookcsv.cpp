@@ -4,8 +4,6 @@
 #include "resource.h"
 #include "testclass.h"
 
-#include <QtTest>
-
 #include <algorithm>
 
 namespace {

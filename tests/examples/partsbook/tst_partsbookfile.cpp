@@ -4,7 +4,6 @@
 #include "testclass.h"
 
 #include <QTemporaryDir>
-#include <QtTest>
 
 #include <csignal>
 #include <sys/resource.h>

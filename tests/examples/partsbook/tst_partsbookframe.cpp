@@ -6,6 +6,16 @@
 #include "resource.h"
 #include "testclass.h"
 
+#include <QAbstractButton>
+#include <QAction>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <xeprocess.h>
 #include <xeresource.h>

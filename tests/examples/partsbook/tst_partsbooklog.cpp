@@ -2,7 +2,6 @@
 #include "testclass.h"
 
 #include <QTemporaryDir>
-#include <QtTest>
 
 namespace {
 

@@ -4,8 +4,6 @@
 #include "messageview.h"
 #include "testclass.h"
 
-#include <QtTest>
-
 class tst_PartsbookMessages : public QObject
 {
     Q_OBJECT

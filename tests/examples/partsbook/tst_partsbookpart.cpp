@@ -3,8 +3,6 @@
 #include "part.h"
 #include "testclass.h"
 
-#include <QtTest>
-
 namespace {
 
 const QStringList good{"BE-6204", "Ball bearing 轴承", "Bearing", "瓦轴", "bought", "126", "60", "3.65", "yes",

@@ -5,8 +5,8 @@
 #include "testclass.h"
 
 #include <QAction>
+#include <QRegularExpression>
 #include <QTemporaryDir>
-#include <QtTest>
 #include <xeprocess.h>
 #include <xewinreg.h>
 

@@ -5,8 +5,6 @@
 
 #include <XeMFCEmu.h>
 
-#include <QtTest>
-
 #include <clocale>
 #include <memory>
 

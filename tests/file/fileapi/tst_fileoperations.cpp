@@ -5,8 +5,6 @@
 
 #include <xefileapi.h>
 
-#include <QtTest>
-
 #include <memory>
 
 class tst_FileOperations : public QObject

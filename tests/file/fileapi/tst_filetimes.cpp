@@ -6,7 +6,6 @@
 #include <xefileapi.h>
 
 #include <QDateTime>
-#include <QtTest>
 
 #include <ctime>
 

@@ -6,7 +6,6 @@
 #include <xefileapi.h>
 
 #include <QStorageInfo>
-#include <QtTest>
 
 namespace {
 

@@ -3,8 +3,6 @@
 #include "pathrows.h"
 #include "testclass.h"
 
-#include <QtCore>
-
 #include <cerrno>
 #include <optional>
 

@@ -4,7 +4,7 @@
 #include <xeafxstr.h>
 #include <xefileapi.h>
 
-#include <QtTest>
+#include <QRegularExpression>
 
 #include <sys/stat.h>
 

@@ -4,8 +4,6 @@
 
 #include <xeurl.h>
 
-#include <QtTest>
-
 #include <memory>
 #include <string>
 

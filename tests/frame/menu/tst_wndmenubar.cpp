@@ -7,6 +7,13 @@
 
 #include <private/qobject_p.h> // who filters an object's events
 
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSplitter>
+
 namespace {
 
 // "hidden" or "shown", and the titles in it.

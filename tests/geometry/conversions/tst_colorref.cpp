@@ -3,8 +3,6 @@
 #include "geometry/colorref.h"
 #include "testclass.h"
 
-#include <QtTest>
-
 class tst_Colorref : public QObject
 {
     Q_OBJECT

@@ -4,8 +4,6 @@
 #include "testclass.h"
 #include "valuetext.h"
 
-#include <QtTest>
-
 #include <climits>
 
 class tst_Rectangles : public QObject

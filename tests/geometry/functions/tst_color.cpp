@@ -4,8 +4,6 @@
 
 #include <xestrapi.h>
 
-#include <QtTest>
-
 #include <climits>
 
 class tst_Color : public QObject

@@ -4,8 +4,6 @@
 
 #include <xestrapi.h>
 
-#include <QtTest>
-
 #include <climits>
 
 Q_DECLARE_METATYPE(tagRECT)

@@ -3,8 +3,6 @@
 #include "testclass.h"
 #include "valuetext.h"
 
-#include <QtTest>
-
 #include <type_traits>
 
 // They take the place of the records wherever those go: in registers, in memory, in a call.

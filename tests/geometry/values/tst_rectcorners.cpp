@@ -4,8 +4,6 @@
 #include "testclass.h"
 #include "valuetext.h"
 
-#include <QtTest>
-
 #include <algorithm>
 
 #if defined(__OPTIMIZE__)

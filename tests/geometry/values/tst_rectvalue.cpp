@@ -3,8 +3,6 @@
 #include "testclass.h"
 #include "valuetext.h"
 
-#include <QtTest>
-
 #include <climits>
 #include <type_traits>
 

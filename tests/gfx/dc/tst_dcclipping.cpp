@@ -6,6 +6,8 @@
 
 #include <xeafxwin.h>
 
+#include <QPainterPath>
+
 namespace {
 
 // What can be painted on a canvas of this size after `prepare`.

@@ -6,6 +6,8 @@
 
 #include <xeafxwin.h>
 
+#include <QRegularExpression>
+
 namespace {
 
 QStringList complaints;

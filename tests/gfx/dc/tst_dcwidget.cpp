@@ -4,6 +4,8 @@
 #include "leavenothing.h"
 #include "testclass.h"
 
+#include <QScreen>
+
 #include <xeafxwin.h>
 
 namespace {

@@ -8,7 +8,6 @@
 #include <QImage>
 #include <QPainter>
 #include <QTemporaryDir>
-#include <QtTest>
 
 #include <climits>
 #include <cstring>

@@ -6,7 +6,6 @@
 #include <XeMFCEmu.h>
 
 #include <QBrush>
-#include <QtTest>
 
 #include <climits>
 

@@ -5,8 +5,6 @@
 
 #include <XeMFCEmu.h>
 
-#include <QtTest>
-
 namespace {
 
 // Null objects are asked on purpose, by hosts and here.

@@ -5,7 +5,6 @@
 #include <XeMFCEmu.h>
 
 #include <QPen>
-#include <QtTest>
 
 #include <climits>
 

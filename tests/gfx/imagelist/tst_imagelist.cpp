@@ -5,8 +5,6 @@
 
 #include <XeMFCEmu.h>
 
-#include <QtTest>
-
 #include <climits>
 
 namespace {

@@ -6,8 +6,6 @@
 
 #include <XeMFCEmu.h>
 
-#include <QtTest>
-
 #include <climits>
 
 class tst_ImagePictures : public QObject, Bitmaps

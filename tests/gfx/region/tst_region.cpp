@@ -7,7 +7,6 @@
 
 #include <QPainterPath>
 #include <QRegion>
-#include <QtTest>
 
 #include <climits>
 

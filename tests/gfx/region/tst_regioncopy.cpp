@@ -5,7 +5,6 @@
 #include <XeMFCEmu.h>
 
 #include <QRegion>
-#include <QtTest>
 
 class tst_RegionCopy : public QObject
 {

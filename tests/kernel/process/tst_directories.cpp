@@ -2,8 +2,6 @@
 
 #include <xeprocess.h>
 
-#include <QtTest>
-
 #include <unistd.h>
 
 // Folders and names in the caller's buffers.

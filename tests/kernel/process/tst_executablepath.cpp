@@ -2,7 +2,7 @@
 
 #include <xeprocess.h>
 
-#include <QtTest>
+#include <QProcess>
 
 #include <cstring>
 

@@ -2,8 +2,6 @@
 
 #include <xeprocess.h>
 
-#include <QtTest>
-
 // The texts of error numbers.
 
 namespace {

@@ -2,8 +2,6 @@
 
 #include <xeprocess.h>
 
-#include <QtTest>
-
 #include <cstring>
 
 // The memory blocks: the global and the local functions are twins, and each row runs both.

@@ -2,8 +2,6 @@
 
 #include <xeprocess.h>
 
-#include <QtTest>
-
 #include <dlfcn.h>
 
 // Loading libraries by hand.

@@ -2,8 +2,6 @@
 
 #include <xeprocess.h>
 
-#include <QtTest>
-
 // What is there before the host has made its QApplication.
 
 class tst_ProcessNoApp : public QObject

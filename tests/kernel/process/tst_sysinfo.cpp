@@ -2,8 +2,6 @@
 
 #include <xeprocess.h>
 
-#include <QtTest>
-
 #include <ctime>
 #include <sys/stat.h>
 #include <sys/syscall.h>

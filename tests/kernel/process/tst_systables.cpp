@@ -1,8 +1,8 @@
 #include "testclass.h"
 
-#include <xeprocess.h>
+#include <QScreen>
 
-#include <QtTest>
+#include <xeprocess.h>
 
 // The fixed tables: colours, metrics, key codes.
 

@@ -4,7 +4,7 @@
 
 #include <xesynchapi.h>
 
-#include <QtTest>
+#include <QDir>
 
 #include <cerrno>
 #include <csignal>

@@ -5,9 +5,6 @@
 #include <xeafxmsg.h>
 #include <xehook.h>
 
-#include <QtTest>
-#include <QtWidgets>
-
 #include <functional>
 
 // The three host classes whose input hooks see.

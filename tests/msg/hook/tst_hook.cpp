@@ -1,6 +1,8 @@
 #include "hookstage.h"
 #include "testclass.h"
 
+#include <QAction>
+
 #include <climits>
 
 using namespace HookStage;

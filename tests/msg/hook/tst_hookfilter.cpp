@@ -1,6 +1,9 @@
 #include "hookstage.h"
 #include "testclass.h"
 
+#include <QDialog>
+#include <QLineEdit>
+
 #include <ctime>
 
 using namespace HookStage;

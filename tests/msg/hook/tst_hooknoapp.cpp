@@ -3,8 +3,6 @@
 #include <xehook.h>
 #include <xeprocess.h>
 
-#include <QtTest>
-
 /// The handler exists before there is an application, and says no to what needs one.
 class tst_HookNoApp : public QObject
 {

@@ -4,7 +4,7 @@
 #include <xeafxwin.h>
 #include <xehook.h>
 
-#include <QtWidgets>
+#include <QTimer>
 
 /// Applications that follow one another in a process, as in plug-in hosts: what is left from one serves the next.
 class tst_HookSecondApp : public QObject

@@ -6,8 +6,8 @@
 #include <xeprocess.h>
 
 #include <QAbstractEventDispatcher>
-#include <QtTest>
-#include <QtWidgets>
+#include <QSignalSpy>
+#include <QTimer>
 
 namespace {
 

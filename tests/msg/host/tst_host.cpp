@@ -3,8 +3,12 @@
 
 #include <xeprocess.h>
 
-#include <QtTest>
-#include <QtWidgets>
+#include <QLayout>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QSplitter>
+#include <QTabWidget>
 
 // The ways to the host's main window, its active view and its cursor function.
 

@@ -4,8 +4,6 @@
 #include <xeafxmsg.h>
 #include <xehook.h>
 
-#include <QtTest>
-
 #include <climits>
 #include <map>
 #include <vector>

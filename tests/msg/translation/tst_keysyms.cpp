@@ -4,8 +4,6 @@
 
 #include "msg/keymap.h"
 
-#include <QtTest>
-
 using Keysyms = std::vector<unsigned long>;
 Q_DECLARE_METATYPE(Keysyms)
 

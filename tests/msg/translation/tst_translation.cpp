@@ -5,6 +5,10 @@
 
 #include <xeafxwin.h>
 
+#include <QProxyStyle>
+#include <QStyleFactory>
+#include <QStyleOption>
+
 using EventPointer = QSharedPointer<QEvent>;
 Q_DECLARE_METATYPE(EventPointer)
 

@@ -2,7 +2,7 @@
 
 #include "plugin.h"
 
-#include <QtTest>
+#include <QTemporaryDir>
 
 #include <dlfcn.h>
 

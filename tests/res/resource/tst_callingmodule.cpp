@@ -6,6 +6,8 @@
 #include "loadedplugin.h"
 #include "testclass.h"
 
+#include <QSignalSpy>
+
 namespace {
 
 const QString red = qEnvironmentVariable("RED");

@@ -5,8 +5,6 @@
 
 #include <XeMFCEmu.h>
 
-#include <QtTest>
-
 namespace {
 
 // What LoadString_X has left of a buffer of twelve '#', as a text with its result: "4 0123########".

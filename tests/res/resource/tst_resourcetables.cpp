@@ -2,7 +2,9 @@
 
 #include "testclass.h"
 
-#include <QtTest>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QSettings>
 
 class tst_ResourceTables : public QObject
 {

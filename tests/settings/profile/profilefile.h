@@ -4,8 +4,6 @@
 
 #include <xeprofile.h>
 
-#include <QtTest>
-
 #include <memory>
 #include <string>
 

@@ -1,8 +1,6 @@
 #include "registrytext.h"
 #include "testclass.h"
 
-#include <QtTest>
-
 // Every function that takes an opened key recognises what cannot be one, and writes nothing.
 
 namespace {

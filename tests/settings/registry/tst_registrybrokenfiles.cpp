@@ -4,7 +4,6 @@
 
 #include <QDir>
 #include <QTemporaryDir>
-#include <QtTest>
 
 // Files that no registry wrote, and places where none can be written.
 

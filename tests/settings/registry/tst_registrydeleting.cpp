@@ -1,8 +1,6 @@
 #include "registrytext.h"
 #include "testclass.h"
 
-#include <QtTest>
-
 // Deleting, renaming and copying.
 
 namespace {

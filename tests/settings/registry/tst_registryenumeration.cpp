@@ -2,7 +2,6 @@
 #include "testclass.h"
 
 #include <QSettings>
-#include <QtTest>
 
 // Enumeration and the facts about a key.
 

@@ -3,7 +3,6 @@
 #include "testclass.h"
 
 #include <QTemporaryDir>
-#include <QtTest>
 
 // The file on disk, and what a next run finds in it.
 

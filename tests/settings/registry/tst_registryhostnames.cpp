@@ -4,7 +4,6 @@
 
 #include <QDirIterator>
 #include <QTemporaryDir>
-#include <QtTest>
 
 // How a host's names come to be the name of its file.
 

@@ -1,8 +1,6 @@
 #include "registrytext.h"
 #include "testclass.h"
 
-#include <QtTest>
-
 #include <clocale>
 
 // The two roads of wide names: keys and queries go through the C locale and take its bytes as Latin-1, all other names

@@ -1,8 +1,6 @@
 #include "registrytext.h"
 #include "testclass.h"
 
-#include <QtTest>
-
 Q_DECLARE_METATYPE(HKEY)
 
 // Opening, creating and closing keys.

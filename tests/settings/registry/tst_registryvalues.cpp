@@ -1,8 +1,6 @@
 #include "registrytext.h"
 #include "testclass.h"
 
-#include <QtTest>
-
 // Writing and reading a value by its type.
 
 namespace {

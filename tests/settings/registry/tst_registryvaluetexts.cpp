@@ -1,8 +1,6 @@
 #include "registrytext.h"
 #include "testclass.h"
 
-#include <QtTest>
-
 // The two short queries and the query of several values.
 
 class tst_RegistryValueTexts : public QObject

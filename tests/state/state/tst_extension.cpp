@@ -4,8 +4,6 @@
 
 #include <XeMFCEmu.h>
 
-#include <QtTest>
-
 namespace {
 
 class CValue : public CNoTrackObject_X

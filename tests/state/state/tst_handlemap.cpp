@@ -6,7 +6,6 @@
 #include <XeMFCEmu.h>
 
 #include <QMenu>
-#include <QtTest>
 
 #include <set>
 

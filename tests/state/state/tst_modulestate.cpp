@@ -4,8 +4,6 @@
 
 #include <XeMFCEmu.h>
 
-#include <QtTest>
-
 #include <thread>
 
 namespace {

@@ -1,6 +1,9 @@
 #include "leavenothing.h"
 #include "testclass.h"
 
+#include <QLabel>
+#include <QTimer>
+
 namespace {
 
 long long ignoreKey(int, unsigned long, long long) { return 0; }

@@ -3,8 +3,6 @@
 
 #include <xeconvert.h>
 
-#include <QtTest>
-
 #include <clocale>
 #include <cmath>
 

@@ -1,8 +1,6 @@
 #include "testclass.h"
 #include "textresult.h"
 
-#include <QtTest>
-
 #include <optional>
 #include <random>
 

@@ -3,8 +3,6 @@
 
 #include <xeafxstr.h>
 
-#include <QtTest>
-
 #include <array>
 #include <locale>
 #include <thread>

@@ -2,8 +2,6 @@
 #include "testclass.h"
 #include "textrows.h"
 
-#include <QtTest>
-
 /// Every letter that writes something other than a number for an integer or a double, with each size prefix.
 class tst_FormatConversions : public QObject, private TextRows
 {

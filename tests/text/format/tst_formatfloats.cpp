@@ -1,8 +1,6 @@
 #include "formatted.h"
 #include "testclass.h"
 
-#include <QtTest>
-
 #include <cfloat>
 #include <cstdio>
 

@@ -2,8 +2,6 @@
 #include "testclass.h"
 #include "textrows.h"
 
-#include <QtTest>
-
 #include <climits>
 
 /// How a format is read: literal text, flags, widths and precisions with their stars, the end of the format.

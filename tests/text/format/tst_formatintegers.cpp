@@ -2,8 +2,6 @@
 #include "testclass.h"
 #include "textrows.h"
 
-#include <QtTest>
-
 #include <climits>
 
 /// The integer letters with each size prefix and flag.

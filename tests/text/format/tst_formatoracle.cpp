@@ -3,8 +3,6 @@
 
 #include <xeformat.h>
 
-#include <QtTest>
-
 #include <climits>
 #include <cstring>
 #include <locale>

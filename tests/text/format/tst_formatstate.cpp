@@ -2,8 +2,6 @@
 #include "testclass.h"
 #include "textrows.h"
 
-#include <QtTest>
-
 /// What one conversion leaves to those behind it in the same format, and what it does not.
 class tst_FormatState : public QObject, private TextRows
 {

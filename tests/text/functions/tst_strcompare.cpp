@@ -3,6 +3,8 @@
 #include "testclass.h"
 #include "textsupport.h"
 
+#include <QScopeGuard>
+
 #include <xestrapi.h>
 
 using namespace std::string_literals;

@@ -1,8 +1,6 @@
 #include "testclass.h"
 #include "textresult.h"
 
-#include <QtTest>
-
 /// Collation in an environment that names a locale which is not there.
 class tst_CollateNoLocale : public QObject
 {

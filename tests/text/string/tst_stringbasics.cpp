@@ -2,8 +2,6 @@
 #include "textresult.h"
 #include "textrows.h"
 
-#include <QtTest>
-
 #include <climits>
 
 namespace {

@@ -1,8 +1,6 @@
 #include "testclass.h"
 #include "textresult.h"
 
-#include <QtTest>
-
 #include <climits>
 #include <cstdlib>
 #include <cwchar>

@@ -2,8 +2,6 @@
 #include "textresult.h"
 #include "textrows.h"
 
-#include <QtTest>
-
 #include <climits>
 
 /// Left, Right, Mid, the two spans and Tokenize.

@@ -1,8 +1,6 @@
 #include "testclass.h"
 #include "textresult.h"
 
-#include <QtTest>
-
 namespace {
 
 const wchar_t* const null = nullptr;

@@ -4,6 +4,8 @@
 #include <leavenothing.h>
 
 #include <QCursor>
+#include <QLineEdit>
+#include <QSlider>
 
 // The event filter of a window: what becomes of an event, and what its handlers see.
 

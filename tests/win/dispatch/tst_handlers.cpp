@@ -5,6 +5,8 @@
 
 #include <xeafxwin.h>
 
+#include <QLineEdit>
+
 #include <functional>
 
 // The handlers of CWnd_X: what each one asks for, and which message and signature its macro enters.

@@ -5,6 +5,9 @@
 #include <modaldriver.h>
 #include <xeafxdlg.h>
 
+#include <QAbstractButton>
+#include <QMessageBox>
+
 // The event that puts up a message box.
 
 namespace {

@@ -3,6 +3,9 @@
 
 #include <leavenothing.h>
 
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
 #include <QThread>
 
 // Sending and posting: what a message becomes, what comes back, and the events that a window posts to itself.

@@ -3,9 +3,9 @@
 #include "leavenothing.h"
 #include "testclass.h"
 
-#include <XeMFCEmu.h>
+#include <QDesktopWidget>
 
-#include <QtTest>
+#include <XeMFCEmu.h>
 
 namespace {
 

@@ -5,7 +5,14 @@
 
 #include <XeMFCEmu.h>
 
-#include <QtTest>
+#include <QCheckBox>
+#include <QDateEdit>
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QSpinBox>
+#include <QTextBrowser>
+#include <QTextEdit>
 
 namespace {
 

@@ -5,8 +5,6 @@
 
 #include <XeMFCEmu.h>
 
-#include <QtTest>
-
 namespace {
 
 // A window with both bars, in a parent of its own.

@@ -5,7 +5,7 @@
 
 #include <XeMFCEmu.h>
 
-#include <QtTest>
+#include <QTimer>
 
 #include <climits>
 #include <functional>

@@ -5,8 +5,6 @@
 
 #include <XeMFCEmu.h>
 
-#include <QtTest>
-
 namespace {
 
 QString text(const tagRECT& rect)

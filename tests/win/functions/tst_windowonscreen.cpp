@@ -6,8 +6,6 @@
 
 #include <XeMFCEmu.h>
 
-#include <QtTest>
-
 class tst_WindowOnScreen : public QObject
 {
     Q_OBJECT

@@ -5,7 +5,10 @@
 
 #include <XeMFCEmu.h>
 
-#include <QtTest>
+#include <QDesktopWidget>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScreen>
 
 namespace {
 

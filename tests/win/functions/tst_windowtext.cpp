@@ -5,7 +5,15 @@
 
 #include <XeMFCEmu.h>
 
-#include <QtTest>
+#include <QCheckBox>
+#include <QDateEdit>
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTextEdit>
+#include <QToolButton>
 
 #include <climits>
 

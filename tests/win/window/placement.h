@@ -2,8 +2,7 @@
 
 #include <xeafxwin.h>
 
-#include <QtTest>
-#include <QtWidgets>
+#include <QTest>
 
 /// MoveWindow of a top-level window: the size is that of the frame, and a second call changes nothing.
 class MoveWindowCheck

@@ -7,7 +7,6 @@
 
 #include <QAbstractEventDispatcher>
 #include <QPushButton>
-#include <QtTest>
 
 #include <malloc.h>
 

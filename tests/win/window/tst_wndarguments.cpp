@@ -6,6 +6,8 @@
 
 #include <XeMFCEmu.h>
 
+#include <QPushButton>
+
 #include <type_traits>
 
 namespace {

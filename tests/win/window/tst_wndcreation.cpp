@@ -5,6 +5,11 @@
 
 #include <XeMFCEmu.h>
 
+#include <QAbstractItemView>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+
 namespace {
 
 constexpr UINT question = WM_USER + 1;

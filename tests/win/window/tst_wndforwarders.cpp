@@ -6,6 +6,9 @@
 
 #include <XeMFCEmu.h>
 
+#include <QDesktopWidget>
+#include <QTimer>
+
 namespace {
 
 // Calls one member, and says what it gave and what became of the widget. The wrapper may be without the widget.

@@ -7,6 +7,11 @@
 
 #include <XeMFCEmu.h>
 
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+
 Q_DECLARE_METATYPE(tagRECT)
 
 class tst_WndGeometry : public QObject

@@ -6,6 +6,9 @@
 
 #include <XeMFCEmu.h>
 
+#include <QCheckBox>
+#include <QSpinBox>
+
 namespace {
 
 QString toText(const CString_X& text) { return QString::fromStdWString(std::wstring(text)); }

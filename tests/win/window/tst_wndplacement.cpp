@@ -4,6 +4,9 @@
 #include "placement.h"
 #include "testclass.h"
 
+#include <QLabel>
+#include <QScreen>
+
 class tst_WndPlacement : public QObject
 {
     Q_OBJECT

@@ -5,8 +5,6 @@
 
 #include <xeafxwin.h>
 
-#include <QtWidgets>
-
 namespace {
 
 // A popup that ends when it loses the active state. Both forms of the handler are there.
