@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QTemporaryDir>
-#include <QtTest>
 
 #include <csignal>
 

@@ -5,7 +5,6 @@
 #include <XeMFCEmu.h>
 
 #include <QMenuBar>
-#include <QtTest>
 
 // ---- CObject_X
 

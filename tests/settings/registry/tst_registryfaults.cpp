@@ -6,7 +6,6 @@
 
 #include <QSettings>
 #include <QTemporaryDir>
-#include <QtTest>
 
 // Writes that fail: the old file or the new one is there, whole, and what could not be written is written later.
 
