@@ -31,9 +31,9 @@ public:
 
     /// Stores the fields and registers `createFunction` under `impMeta`, or under each entry of `impMetaList`, where
     /// that differs from `baseImpMeta`. Takes ownership of `impMetaList`, which may be null. `objectSize` is stored
-    /// only.
+    /// only. A list that is the base's (`inheritsList`) registers nothing: the base stands for its entries.
     CRuntimeClass_X(const QMetaObject* meta, const QMetaObject* impMeta, const QMetaObject* baseImpMeta,
-                    CreateFunction createFunction, MetaList* impMetaList, int objectSize);
+                    CreateFunction createFunction, MetaList* impMetaList, int objectSize, bool inheritsList = false);
     ~CRuntimeClass_X();
     Q_DISABLE_COPY_MOVE(CRuntimeClass_X)
 
@@ -225,6 +225,15 @@ private:
 
 // -------------------------------------------------------------------------------------------------------- class macros
 
+namespace xe::detail {
+
+template <auto first, auto second>
+inline constexpr bool isSame = false;
+template <auto same>
+inline constexpr bool isSame<same, same> = true;
+
+} // namespace xe::detail
+
 /// In the class, beside Q_OBJECT: the run-time class record. Members that follow are public.
 #define DECLARE_DYNAMIC_X(className)                                                              \
 public:                                                                                           \
@@ -253,10 +262,11 @@ public:                              \
     CObject_X* className::CreateObject() { return new className; } \
     XE_IMPLEMENT_CLASS_INFO(className, baseClass, &className::CreateObject)
 
-#define XE_IMPLEMENT_CLASS_INFO(className, baseClass, createFunction)                                                  \
-    CRuntimeClass_X className::s_classInfo(&className::staticMetaObject, className::GetImpMetaObject(),                \
-                                           baseClass::GetImpMetaObject(), createFunction, className::GetImpMetaList(), \
-                                           sizeof(className));
+#define XE_IMPLEMENT_CLASS_INFO(className, baseClass, createFunction)                                               \
+    CRuntimeClass_X className::s_classInfo(                                                                         \
+        &className::staticMetaObject, className::GetImpMetaObject(), baseClass::GetImpMetaObject(), createFunction, \
+        className::GetImpMetaList(), sizeof(className),                                                             \
+        xe::detail::isSame<&className::GetImpMetaList, &baseClass::GetImpMetaList>);
 
 /// The run-time class record of a class, for IsKindOf() and IsDerivedFrom().
 #define RUNTIME_CLASS_X(className) (&className::s_classInfo)

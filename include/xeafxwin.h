@@ -15,6 +15,7 @@
 #include <QWidget>
 
 #include <map>
+#include <memory>
 #include <type_traits>
 
 class CDataExchange_X;
@@ -25,6 +26,7 @@ class QMenuBar;
 
 namespace xe {
 class DispatchFrame;
+class Viewport;
 struct EventRow;
 } // namespace xe
 
@@ -66,6 +68,10 @@ using IfWindow = std::enable_if_t<std::is_base_of_v<CWnd_X, Window>, int>;
 /// WM_DESTROY and WM_NCDESTROY; the wrapper itself is deleted by its owner, or by its own PostNcDestroy(). It may be
 /// deleted, detached or destroyed inside its own handlers. A wrapper that is deleted while it is attached sends
 /// nothing.
+///
+/// Of a scroll area (an item view, a text edit) the viewport is the client area: what Qt sends to it of mouse, wheel and
+/// context menu comes once, as the window's own, with points in the viewport. ClientToScreen() and ScreenToClient() speak
+/// of the same points. The viewport is the one that the area has when it is attached.
 ///
 /// Unlike a published window it gets no WM_COMMAND from controls: connect to their Qt signals, by CObject_X::Connect()
 /// or by slots of the same names. CDialog_X is a window with OK and Cancel, CMenu_X its menu.
@@ -169,7 +175,8 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     BOOL GetWindowRect(tagRECT* rect) const { return GetWindowRect_X(GetSafeHwnd(), rect); }
     /// (0, 0, width, height) less 17 for each scroll bar that is shown. Without a widget the rectangle stays as it is.
     void GetClientRect(tagRECT* rect) const;
-    /// From the widget's coordinates to the screen's, in place; of a rectangle both corners. Nothing for null.
+    /// From the widget's coordinates to the screen's, in place; of a rectangle both corners. Nothing for null. Of a
+    /// scroll area they are the viewport's, unlike those of the free functions, which know the widget alone.
     void ClientToScreen(tagPOINT* point) const;
     void ClientToScreen(tagRECT* rect) const;
     /// From the screen's coordinates to the widget's, likewise.
@@ -423,7 +430,7 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     /// nothing.
     virtual void DoDataExchange(CDataExchange_X* exchange);
     /// Adds the menu to the window's menu bar and shows that; null empties and hides it. 1; 0 without a menu bar, which
-    /// a QSplitter never has.
+    /// a QSplitter never has. A control has one only when it has been given a menu.
     virtual int SetMenu(CMenu_X* menu);
     /// Adds several menus; a null one is left out.
     virtual int SetMenu(QList<CMenu_X*> menus);
@@ -436,9 +443,9 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     /// The vertical bar if `bar` is not 0, else the horizontal one; null if it was never made. It belongs to the
     /// window.
     virtual QScrollBar* GetScrollBarCtrl(int bar) const;
-    /// The first step of an attachment: calls SetupUI(), makes the scroll bars of the style and a hidden menu bar. Of
-    /// the record only the style is filled in. A result that is not 0 refuses the attachment. It is not called by
-    /// WM_CREATE, which nobody sends.
+    /// The first step of an attachment: calls SetupUI(), makes the scroll bars of the style and, but for a control, a
+    /// hidden menu bar. Of the record only the style is filled in. A result that is not 0 refuses the attachment. It is
+    /// not called by WM_CREATE, which nobody sends.
     virtual int OnCreate(tagCREATESTRUCTW* createStruct);
 
     // -------------------------------------------------------------- handlers that pass the event on to the widget (Qt)
@@ -593,6 +600,14 @@ Q_SIGNALS:
     void updateCmdUi();
 
 protected:
+    /// For the classes of controls, which hardly ever show a menu bar: it is made by SetMenu() and not by OnCreate().
+    struct Control
+    {
+    };
+    explicit CWnd_X(Control);
+
+    static QWidget* handleOf(const CWnd_X* window) { return window ? window->GetSafeHwnd() : nullptr; }
+
     // OnAttach() in its two steps, for a class that has something to do between them.
 
     /// Builds the window: OnCreate(). False if that refuses the attachment.
@@ -612,13 +627,15 @@ private:
         QEvent::Type type;
     };
 
-    static QWidget* handleOf(const CWnd_X* window) { return window ? window->GetSafeHwnd() : nullptr; }
     static void showPostedBox(QWidget* owner, const XeMsgBoxEvent& event); // defined beside the message boxes
     void showByStyle();
     void deleteBars();
+    bool hasMenuBar(); // makes a control's
+    QWidget* clientArea() const;
 
     bool filterMessage(const xe::EventRow& row, QObject* target, QEvent* event);
     bool filterWithoutMessage(QObject* target, QEvent* event);
+    bool filterViewport(const xe::EventRow* row, QEvent* event);
     bool handleMessage(const xe::DispatchFrame& frame, UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
     bool callEntry(const xe::DispatchFrame& frame, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     bool offerCursorToAncestors(const xe::DispatchFrame& frame, WPARAM wParam, LPARAM lParam, LRESULT& result);
@@ -631,4 +648,6 @@ private:
     QPointer<QScrollBar> m_horizontalBar; // children of the widget
     QPointer<QScrollBar> m_verticalBar;
     QPointer<QMenuBar> m_menuBar;
+    std::unique_ptr<xe::Viewport> m_viewport; // of a scroll area
+    const bool m_isControl = false;
 };

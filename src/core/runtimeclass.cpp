@@ -19,7 +19,8 @@ CreateMethodMap& createMethods()
 CreateMethodMap& g_mapCreateMethod = createMethods();
 
 CRuntimeClass_X::CRuntimeClass_X(const QMetaObject* meta, const QMetaObject* impMeta, const QMetaObject* baseImpMeta,
-                                 CreateFunction createFunction, MetaList* impMetaList, int objectSize)
+                                 CreateFunction createFunction, MetaList* impMetaList, int objectSize,
+                                 bool inheritsList)
     : m_meta(meta),
       m_impMeta(impMeta),
       m_impMetaList(impMetaList),
@@ -30,10 +31,10 @@ CRuntimeClass_X::CRuntimeClass_X(const QMetaObject* meta, const QMetaObject* imp
         if (candidate != baseImpMeta)
             RegisterCreateObjectMethod(candidate, createFunction);
     };
-    if (m_impMetaList)
-        std::for_each(m_impMetaList->cbegin(), m_impMetaList->cend(), registerUnlessBase);
-    else
+    if (!m_impMetaList)
         registerUnlessBase(m_impMeta);
+    else if (!inheritsList)
+        std::for_each(m_impMetaList->cbegin(), m_impMetaList->cend(), registerUnlessBase);
 }
 
 CRuntimeClass_X::~CRuntimeClass_X() { delete m_impMetaList; }

@@ -8,7 +8,7 @@
 
 int CWnd_X::SetMenu(CMenu_X* menu)
 {
-    if (!m_menuBar)
+    if (!hasMenuBar())
         return 0;
     if (!menu) {
         xe::hideMenuBar(*m_menuBar);
@@ -19,7 +19,7 @@ int CWnd_X::SetMenu(CMenu_X* menu)
 
 int CWnd_X::SetMenu(QList<CMenu_X*> menus)
 {
-    if (!m_menuBar)
+    if (!hasMenuBar())
         return 0;
     for (const CMenu_X* menu : qAsConst(menus)) {
         if (QMenu* const imp = menu ? menu->Imp<QMenu>() : nullptr)

@@ -2,6 +2,7 @@
 #include "msg/eventtranslation.h"
 #include "win/dispatchframe.h"
 #include "win/signatures.h"
+#include "win/viewport.h"
 #include "xeafxwin.h"
 #include "xehook.h"
 
@@ -51,7 +52,25 @@ bool CWnd_X::eventFilter(QObject* target, QEvent* event)
     if (!event)
         return false;
     const xe::EventRow* const row = target ? xe::eventRow(event->type()) : nullptr;
+    if (m_viewport) {
+        if (target == m_viewport->widget())
+            return filterViewport(row, event);
+        if (row && m_viewport->hasTold(*event))
+            return false;
+    }
     return row ? filterMessage(*row, target, event) : filterWithoutMessage(target, event);
+}
+
+bool CWnd_X::filterViewport(const xe::EventRow* row, QEvent* event)
+{
+    QObject* const area = GetImpQObject();
+    if (!row || !area || !m_viewport->tells(*event))
+        return false;
+    const bool acceptedBefore = event->isAccepted();
+    if (filterMessage(*row, area, event))
+        return true;
+    event->setAccepted(acceptedBefore); // else what the area takes would go on to its parents
+    return false;
 }
 
 bool CWnd_X::filterWithoutMessage(QObject* target, QEvent* event)

@@ -1,6 +1,7 @@
 #include "geometry/rectangle.h"
 #include "win/centering.h"
 #include "win/dialogitems.h"
+#include "win/viewport.h"
 #include "xeafxwin.h"
 #include "xeresource.h"
 #include "xesysinfo.h"
@@ -59,9 +60,15 @@ void CWnd_X::GetClientRect(tagRECT* rect) const
         rect->right -= thickness;
 }
 
-void CWnd_X::ClientToScreen(tagPOINT* point) const { ClientToScreen_X(GetSafeHwnd(), point); }
+QWidget* CWnd_X::clientArea() const
+{
+    QWidget* const viewport = m_viewport ? m_viewport->widget() : nullptr;
+    return viewport ? viewport : GetSafeHwnd();
+}
 
-void CWnd_X::ScreenToClient(tagPOINT* point) const { ScreenToClient_X(GetSafeHwnd(), point); }
+void CWnd_X::ClientToScreen(tagPOINT* point) const { ClientToScreen_X(clientArea(), point); }
+
+void CWnd_X::ScreenToClient(tagPOINT* point) const { ScreenToClient_X(clientArea(), point); }
 
 void CWnd_X::ClientToScreen(tagRECT* rect) const
 {

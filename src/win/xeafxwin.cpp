@@ -3,6 +3,7 @@
 #include "core/nullobject.h"
 #include "win/dispatchframe.h"
 #include "win/menubar.h"
+#include "win/viewport.h"
 #include "xehost.h"
 
 #include <QAbstractItemView>
@@ -12,6 +13,8 @@
 IMPLEMENT_DYNCREATE_X(CWnd_X, CCmdTarget_X)
 
 CWnd_X::CWnd_X() = default;
+
+CWnd_X::CWnd_X(Control) : m_isControl(true) {}
 
 CWnd_X::~CWnd_X()
 {
@@ -77,13 +80,18 @@ bool CWnd_X::ConnectContents()
         return false;
     ConnectSlotsFrom(widget, false);
     OnMessageMap();
+    m_viewport = xe::Viewport::of(*widget, *this);
     const auto boxes = widget->findChildren<QComboBox*>();
     for (const QComboBox* box : boxes)
         box->view()->setTextElideMode(Qt::ElideNone);
     return true;
 }
 
-void CWnd_X::OnDetach() { deleteBars(); }
+void CWnd_X::OnDetach()
+{
+    m_viewport.reset();
+    deleteBars();
+}
 
 bool CWnd_X::AttachDefault(QWidget* parent)
 {
@@ -151,8 +159,17 @@ int CWnd_X::OnCreate(tagCREATESTRUCTW* createStruct)
         m_horizontalBar = new QScrollBar(Qt::Horizontal, widget);
     if (style & WS_VSCROLL)
         m_verticalBar = new QScrollBar(Qt::Vertical, widget);
-    m_menuBar = xe::makeMenuBar(*widget);
+    if (!m_isControl)
+        m_menuBar = xe::makeMenuBar(*widget);
     return 0;
+}
+
+bool CWnd_X::hasMenuBar()
+{
+    QWidget* const widget = GetSafeHwnd();
+    if (!m_menuBar && m_isControl && widget)
+        m_menuBar = xe::makeMenuBar(*widget);
+    return m_menuBar;
 }
 
 // Later: a menu item or a scroll bar may be what destroys the window.
