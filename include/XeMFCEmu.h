@@ -13,6 +13,7 @@
 #include "xeafxdump.h"
 #include "xeafxfile.h"
 #include "xeafxfixalloc.h"
+#include "xeafxframe.h"
 #include "xeafxgdi.h"
 #include "xeafxhandle.h"
 #include "xeafximg.h"
