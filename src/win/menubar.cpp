@@ -1,7 +1,8 @@
 #include "win/menubar.h"
 
+#include "win/columns.h"
+
 #include <QMenuBar>
-#include <QSplitter>
 
 namespace xe {
 
@@ -29,7 +30,7 @@ void setFilters(QMenuBar& bar)
 
 QMenuBar* makeMenuBar(QWidget& window)
 {
-    if (qobject_cast<QSplitter*>(&window))
+    if (makesColumns(window))
         return nullptr;
     auto* const bar = new QMenuBar(&window);
     bar->hide();

@@ -1,3 +1,4 @@
+#include "win/columns.h"
 #include "xeafxwin.h"
 #include "xesysinfo.h"
 
@@ -20,7 +21,7 @@ BOOL CWnd_X::IsScrollBarEnabled(int bar) const
 void CWnd_X::ShowScrollBar(UINT bar, BOOL show)
 {
     QWidget* const widget = GetSafeHwnd();
-    if (!widget)
+    if (!widget || xe::makesColumns(*widget))
         return;
     const auto showOrHide = [=](QPointer<QScrollBar>& scrollBar, Qt::Orientation orientation, const QRect& place) {
         if (!scrollBar && show)

@@ -1,6 +1,7 @@
 #include "xeafxwin.h"
 
 #include "core/nullobject.h"
+#include "win/columns.h"
 #include "win/dispatchframe.h"
 #include "win/menubar.h"
 #include "win/viewport.h"
@@ -152,7 +153,7 @@ int CWnd_X::OnCreate(tagCREATESTRUCTW* createStruct)
 {
     SetupUI();
     QWidget* const widget = GetSafeHwnd();
-    if (!widget)
+    if (!widget || xe::makesColumns(*widget))
         return 0;
     const DWORD style = createStruct ? static_cast<DWORD>(createStruct->style) : 0;
     if (style & WS_HSCROLL)

@@ -158,6 +158,8 @@ void tst_Frames::classes_data()
     QTest::newRow("CFrameWnd_X") << RUNTIME_CLASS_X(CFrameWnd_X) << RUNTIME_CLASS_X(CWnd_X);
     QTest::newRow("CMiniFrameWnd_X") << RUNTIME_CLASS_X(CMiniFrameWnd_X) << RUNTIME_CLASS_X(CFrameWnd_X);
     QTest::newRow("CMiniDockFrameWnd_X") << RUNTIME_CLASS_X(CMiniDockFrameWnd_X) << RUNTIME_CLASS_X(CMiniFrameWnd_X);
+    QTest::newRow("CSplitterWnd_X") << RUNTIME_CLASS_X(CSplitterWnd_X) << RUNTIME_CLASS_X(CWnd_X);
+    QTest::newRow("CSplitterWndEx_X") << RUNTIME_CLASS_X(CSplitterWndEx_X) << RUNTIME_CLASS_X(CSplitterWnd_X);
 }
 
 void tst_Frames::classes()
