@@ -5,6 +5,7 @@
 #include "xeafx.h"
 #include "xeafxarc.h"
 #include "xeafxarray.h"
+#include "xeafxbar.h"
 #include "xeafxcoll.h"
 #include "xeafxdc.h"
 #include "xeafxddx.h"

@@ -1,0 +1,186 @@
+/// @file xeafxbar.h
+/// Control bars: tool bars, status bars, dialog bars and dock bars. GUI thread only.
+///
+/// A bar lies where its own functions put it, in pixels; no frame lays it out. In a QMainWindow the host adds the bar's
+/// widget itself, `frame->addToolBar(bar.Imp<QToolBar>())` and the like, and the frame's layout places it from then on.
+///
+/// Without a widget the functions do nothing and give 0, null or an empty value, unless they say otherwise. A negative
+/// index is one that is out of range; a null text is an empty one.
+#pragma once
+
+#include "xeafxwin.h"
+
+#include <QIcon>
+#include <QList>
+#include <QString>
+#include <QToolBar>
+
+class QAction;
+
+// ------------------------------------------------------------------------------------------------------ styles of bars
+
+inline constexpr DWORD CBRS_ALIGN_LEFT = 0x1000;
+inline constexpr DWORD CBRS_ALIGN_TOP = 0x2000;
+inline constexpr DWORD CBRS_ALIGN_RIGHT = 0x4000;
+inline constexpr DWORD CBRS_ALIGN_BOTTOM = 0x8000;
+inline constexpr DWORD CBRS_ALIGN_ANY = 0xF000;
+inline constexpr DWORD CBRS_BORDER_LEFT = 0x0100;
+inline constexpr DWORD CBRS_BORDER_TOP = 0x0200;
+inline constexpr DWORD CBRS_BORDER_RIGHT = 0x0400;
+inline constexpr DWORD CBRS_BORDER_BOTTOM = 0x0800;
+inline constexpr DWORD CBRS_BORDER_ANY = 0x0F00;
+inline constexpr DWORD CBRS_FLOATING = 0x0001;
+inline constexpr DWORD CBRS_SIZE_FIXED = 0x0002;
+inline constexpr DWORD CBRS_SIZE_DYNAMIC = 0x0004;
+inline constexpr DWORD CBRS_HIDE_INPLACE = 0x0008;
+inline constexpr DWORD CBRS_TOOLTIPS = 0x0010;
+inline constexpr DWORD CBRS_FLYBY = 0x0020;
+inline constexpr DWORD CBRS_FLOAT_MULTI = 0x0040;
+inline constexpr DWORD CBRS_BORDER_3D = 0x0080;
+inline constexpr DWORD CBRS_GRIPPER = 0x00400000;
+inline constexpr DWORD CBRS_ORIENT_HORZ = CBRS_ALIGN_TOP | CBRS_ALIGN_BOTTOM;
+inline constexpr DWORD CBRS_ORIENT_VERT = CBRS_ALIGN_LEFT | CBRS_ALIGN_RIGHT;
+inline constexpr DWORD CBRS_ORIENT_ANY = CBRS_ORIENT_HORZ | CBRS_ORIENT_VERT;
+inline constexpr DWORD CBRS_ALL = 0x0040FFFF;
+inline constexpr DWORD CBRS_NOALIGN = 0;
+inline constexpr DWORD CBRS_LEFT = CBRS_ALIGN_LEFT | CBRS_BORDER_RIGHT;
+inline constexpr DWORD CBRS_TOP = CBRS_ALIGN_TOP | CBRS_BORDER_BOTTOM;
+inline constexpr DWORD CBRS_RIGHT = CBRS_ALIGN_RIGHT | CBRS_BORDER_LEFT;
+inline constexpr DWORD CBRS_BOTTOM = CBRS_ALIGN_BOTTOM | CBRS_BORDER_TOP;
+
+// Styles of a status bar's panes: CStatusBar_X takes no notice of them.
+inline constexpr UINT SBPS_NORMAL = 0;
+inline constexpr UINT SBPS_NOBORDERS = 0x0100;
+inline constexpr UINT SBPS_POPOUT = 0x0200;
+inline constexpr UINT SBPS_OWNERDRAW = 0x1000;
+inline constexpr UINT SBPS_DISABLED = 0x04000000;
+inline constexpr UINT SBPS_STRETCH = 0x08000000;
+
+// ------------------------------------------------------------------------------------------------------- control bar
+
+/// What all bars are: a window whose style has CBRS_ bits. Like a control it gets a menu bar only with a menu.
+class XE_EXPORT CControlBar_X : public CWnd_X
+{
+    Q_OBJECT
+    DECLARE_DYNCREATE_X(CControlBar_X)
+
+    CControlBar_X();
+};
+
+// ---------------------------------------------------------------------------------------------------------- tool bar
+
+/// The wrapper of a QToolBar. Its buttons are QActions of the host's, and unlike in the published class the action is
+/// the button's identifier: there are no numbers. A strip of pictures goes over the buttons that are there.
+///
+///     CToolBar_X bar;
+///     bar.Create(&frame);
+///     bar.LoadToolBar({actionNew, actionOpen, separator, actionFind}, FALSE);
+///     bar.LoadBitmap(L":/images/toolbar.png"); // three pictures of 16 x 15 pixels, side by side
+///     bar.DockBar(CBRS_TOP);
+///
+/// An index counts the buttons, from 0 and without the separators, except for GetItemID(). Actions stay their owner's;
+/// those that the bar makes itself are children of the QToolBar.
+class XE_EXPORT CToolBar_X : public CControlBar_X
+{
+    Q_OBJECT
+    DECLARE_DYNCREATE_X(CToolBar_X)
+    DECLARE_IMP_CLASS_X(QToolBar)
+
+    /// Makes a QToolBar with this Qt parent and attaches it as an owned one.
+    bool AttachDefault(QWidget* parent) override;
+
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_CLANG("-Woverloaded-virtual")
+    QT_WARNING_DISABLE_GCC("-Woverloaded-virtual") // hides the forms of a window, as the published class does
+    /// Makes the bar, a child of `parent` or, for null, of the host's main window; WS_VISIBLE shows it. Buttons show
+    /// icons of 16 x 15 pixels alone, and turn light blue under the mouse and while they are down. 1; 0 if the
+    /// attachment fails. CBRS_ bits are stored only: DockBar() is what places the bar.
+    int Create(QWidget* parent, DWORD style = WS_CHILD | WS_VISIBLE | CBRS_TOP);
+    QT_WARNING_POP
+    /// The same with the parent's wrapper.
+    template <class Window, xe::detail::IfWindow<Window> = 0>
+    int Create(const Window* parent, DWORD style = WS_CHILD | WS_VISIBLE | CBRS_TOP)
+    {
+        return Create(handleOf(parent), style);
+    }
+
+    /// This object.
+    CToolBar_X& GetToolBarCtrl() { return *this; }
+    /// Sets the size of the icons, in pixels; that of the buttons follows from it, whatever `button` says.
+    void SetSizes(SIZE button, SIZE image);
+    /// Fixes the height of the bar. From then on it wins over every other, DockBar()'s too.
+    void SetHeight(int height);
+    Qt::ToolButtonStyle GetButtonStyle() const; ///< without a widget icons alone
+    void SetButtonStyle(Qt::ToolButtonStyle style);
+    /// The widget's place in its parent.
+    void setGeometry(const QRect& geometry);
+
+    // --------------------------------------------------------------------------------------------------------- filling
+    // A null action is passed over, and gives 0 where it is the only one.
+
+    /// Does nothing and gives 1, also without a widget: numbers stand for no buttons.
+    BOOL SetButtons(const UINT* ids, int count);
+    /// Puts these actions in the place of what is on the bar. 1, also for an empty list.
+    BOOL SetButtons(QList<QAction*> actions);
+    /// Adds these actions; with `checkable` each that is no separator becomes a check button. 1; 0 if there are none.
+    BOOL LoadToolBar(QList<QAction*> actions, int checkable);
+    /// Adds a check button of the bar's own for each of these files that is a picture. 1; 0 if none is.
+    BOOL LoadToolBar(QList<QString> paths);
+    /// Lays a strip of pictures over the buttons. It is cut into as many slices of one width as icons fit into it side
+    /// by side, and each button in turn gets one as its icon, light grey (192, 192, 192) transparent. A hidden button
+    /// uses its slice up; separators have none. 1; 0 without a button, without such a file, and for a strip that is
+    /// narrower than an icon.
+    BOOL LoadBitmap(const wchar_t* path);
+    /// The picture of a file as an icon, with all its colours: nothing becomes transparent. A null one if there is no
+    /// such picture.
+    QIcon LoadIcon(QString path) const;
+    /// Adds a button with the icon and no text that triggers the action, and shows whether that is enabled and checked,
+    /// and its tool tip. The button is an action of the bar's own, unlike what GetItemID() of a loaded action is. 1; 0,
+    /// and no button, for a null icon.
+    ///
+    /// For a null action the button is added, does nothing by itself, and the result is 0.
+    BOOL AddButton(const QIcon& icon, QAction* action);
+    /// The same with LoadIcon() of the path.
+    BOOL AddButton(QString path, QAction* action);
+    BOOL AddButton(const wchar_t* path, QAction* action);
+    /// Adds a separator of the bar's own; the argument is ignored. 1.
+    BOOL AddSeparator(QAction* ignored);
+    /// Takes the action off the bar, and leaves it alive. 1, also if it is not there.
+    BOOL DeleteButton(QAction* action);
+
+    // ----------------------------------------------------------------------------------------------------- the buttons
+
+    /// Checks for 1, and makes the action checkable if need be; unchecks for any other value. 1.
+    BOOL CheckButton(QAction* action, int check);
+    /// Enables for 1 and disables for any other value. 1.
+    BOOL EnableButton(QAction* action, int enable);
+    /// The actions without the separators.
+    QList<QAction*> GetListActions() const;
+    /// How many of them there are.
+    int GetButtonCount() const;
+    /// The action at an index that counts separators too, as a number; 0 if it is out of range.
+    UINT_PTR GetItemID(int index) const;
+    /// The button's index. -1 for a bar with nothing on it and without a widget; the number of buttons for an action
+    /// that is not on the bar and for null.
+    int CommandToIndex(QAction* action) const;
+    /// The button's place on the bar. `right` and `bottom` are the last column and row in it, not one past them as in
+    /// the published function. Out of range, and for a null rectangle, nothing is written.
+    void GetItemRect(int index, tagRECT* rect) const;
+    /// The action's text; empty out of range.
+    QString GetButtonText(int index) const;
+    void GetButtonText(int index, QString& text) const;
+    /// Sets the text that a button shows, which is not the one that GetButtonText() gives: that is the menu's. 1, or 0
+    /// out of range.
+    BOOL SetButtonText(int index, const wchar_t* text);
+
+    // ------------------------------------------------------------------------------------------------------- placement
+
+    /// Lays the bar along a side of its parent, wholly inside, and turns it accordingly: CBRS_LEFT, CBRS_TOP,
+    /// CBRS_RIGHT or CBRS_BOTTOM. It is 8 pixels thicker than an icon. Any other value, and a bar without parent:
+    /// nothing. It does not follow when the parent's size changes.
+    void DockBar(int side);
+    /// Makes the bar 8 pixels higher than an icon, and with `setWidth` as wide as its buttons: 7 pixels and an icon
+    /// each, 7 for a separator. For bars that lie: one that stands becomes a button high. Nothing for a bar with
+    /// nothing on it, or whose buttons do not show icons alone.
+    void UpdateToolBarSize(int setWidth);
+};
