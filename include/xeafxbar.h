@@ -12,10 +12,16 @@
 
 #include <QIcon>
 #include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QStatusBar>
 #include <QString>
 #include <QToolBar>
 
+#include <map>
+
 class QAction;
+class QLabel;
 
 // ------------------------------------------------------------------------------------------------------ styles of bars
 
@@ -183,4 +189,86 @@ class XE_EXPORT CToolBar_X : public CControlBar_X
     /// each, 7 for a separator. For bars that lie: one that stands becomes a button high. Nothing for a bar with
     /// nothing on it, or whose buttons do not show icons alone.
     void UpdateToolBarSize(int setWidth);
+};
+
+// -------------------------------------------------------------------------------------------------------- status bar
+
+/// The wrapper of a QStatusBar. Its panes are labels, which the first text of an index makes.
+///
+///     CStatusBar_X bar;
+///     bar.Create(&frame);
+///     bar.SetPaneText(0, L"Ready");
+///     bar.SetPaneInfo(1, 0, SBPS_NORMAL, 80); // an empty pane, 80 pixels wide
+///
+/// A pane's widget is replaced whenever its text is set, so do not keep what GetListQWidgets() and GetItemID() give.
+/// The panes belong to the bar's widget; the wrapper only knows them, and forgets them when it lets go of the widget.
+class XE_EXPORT CStatusBar_X : public CControlBar_X
+{
+    Q_OBJECT
+    DECLARE_DYNCREATE_X(CStatusBar_X)
+    DECLARE_IMP_CLASS_X(QStatusBar)
+
+    /// Makes a QStatusBar with this Qt parent and attaches it as an owned one.
+    bool AttachDefault(QWidget* parent) override;
+    /// Forgets the panes.
+    void OnDetach() override;
+
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_CLANG("-Woverloaded-virtual")
+    QT_WARNING_DISABLE_GCC("-Woverloaded-virtual")
+    /// Makes the bar, without a size grip, a child of `parent` or, for null, of the host's main window; WS_VISIBLE
+    /// shows it. 1; 0 if the attachment fails.
+    int Create(QWidget* parent, DWORD style = WS_CHILD | WS_VISIBLE | CBRS_BOTTOM);
+    QT_WARNING_POP
+    /// The same with the parent's wrapper.
+    template <class Window, xe::detail::IfWindow<Window> = 0>
+    int Create(const Window* parent, DWORD style = WS_CHILD | WS_VISIBLE | CBRS_BOTTOM)
+    {
+        return Create(handleOf(parent), style);
+    }
+
+    /// Does nothing and gives 1, also without a widget: panes are made by their texts.
+    BOOL SetIndicators(const UINT* ids, int count);
+    /// Does nothing.
+    void SetPaneStyle(int index, UINT style);
+    /// Puts a new label with this text in the pane's place. Of a pane that is there it takes the width and 1 pixel
+    /// more, until the panes are as wide as the bar's parent; it does not grow with the text. A new pane gets the width
+    /// of its text, behind the panes of lower indices, and UpdateStatusBarWidth() follows. `update` is ignored. 1; 0
+    /// for a negative index.
+    ///
+    /// If m_mapPanes has a null widget at the index, nothing changes and the result is 1.
+    BOOL SetPaneText(int index, const wchar_t* text, int update = TRUE);
+    /// Puts an empty label of this width, in pixels, in the pane's place. `id` and `style` have no effect.
+    ///
+    /// Where there was a pane, it is none any more: the empty label only keeps its place, and the next text of that
+    /// index makes a new pane beside it. A second call takes away the empty label of the first.
+    void SetPaneInfo(int index, UINT id, UINT style, int width);
+    /// The pane with this widget; -1 if there is none.
+    int CommandToIndex(QWidget* widget) const;
+    /// The pane's widget as a number; 0 if there is no such pane.
+    UINT_PTR GetItemID(int index) const;
+    /// (0, 0), and the last column and row of a pane: its size, not its place, unlike the published function. Nothing
+    /// is written without such a pane, and for null.
+    void GetItemRect(int index, tagRECT* rect) const;
+    /// The widgets of the panes in the order of their indices, without null ones.
+    QList<QWidget*> GetListQWidgets() const;
+    /// The widget's place in its parent.
+    void setGeometry(const QRect& geometry);
+    /// Makes the bar as wide as its panes, 7 pixels between them; nothing without panes. The argument is ignored. Where
+    /// a layout places the bar, its next pass gives back the width.
+    void UpdateStatusBarWidth(UINT ignored);
+
+    std::map<unsigned int, QWidget*> m_mapPanes; ///< by index, in their order on the bar; not owned
+
+private:
+    void addPane(unsigned index, QLabel* label);
+    void enterPane(unsigned index, QLabel* label);
+    bool takeOff(QWidget* widget);
+    void forgetPane(const QObject* pane);
+    int placeOf(unsigned index) const;
+    int widthOfPanes() const;
+    int grownWidth(const QWidget& pane) const;
+
+    std::map<unsigned int, QPointer<QLabel>> m_blanks; // the labels of SetPaneInfo() that are no panes
+    QObject m_watch;                                   // ends the watch over the panes ahead of the maps
 };

@@ -35,6 +35,19 @@ inline QString barText(const CToolBar_X& bar)
     return words.join(QLatin1Char('|'));
 }
 
+/// The labels on a shown status bar from left to right, as "Ready 40|120".
+inline QString barText(const CStatusBar_X& bar)
+{
+    QList<QLabel*> labels = bar.GetSafeHwnd()->findChildren<QLabel*>();
+    const auto isHidden = [](const QLabel* label) { return label->isHidden(); };
+    labels.erase(std::remove_if(labels.begin(), labels.end(), isHidden), labels.end());
+    std::sort(labels.begin(), labels.end(), [](const QLabel* a, const QLabel* b) { return a->x() < b->x(); });
+    QStringList words;
+    for (const QLabel* label : qAsConst(labels))
+        words += QStringLiteral("%1 %2").arg(label->text()).arg(label->width()).trimmed();
+    return words.join(QLatin1Char('|'));
+}
+
 inline void deleteLaterObjects() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
 /// A picture of some pictures of one colour each, side by side.
