@@ -8,8 +8,10 @@
 /// index is one that is out of range; a null text is an empty one.
 #pragma once
 
+#include "xeafxarray.h"
 #include "xeafxwin.h"
 
+#include <QDockWidget>
 #include <QIcon>
 #include <QList>
 #include <QObject>
@@ -22,6 +24,8 @@
 
 class QAction;
 class QLabel;
+
+struct _AFX_OCC_DIALOG_INFO_X; ///< stored and never looked at
 
 // ------------------------------------------------------------------------------------------------------ styles of bars
 
@@ -271,4 +275,120 @@ private:
 
     std::map<unsigned int, QPointer<QLabel>> m_blanks; // the labels of SetPaneInfo() that are no panes
     QObject m_watch;                                   // ends the watch over the panes ahead of the maps
+};
+
+// -------------------------------------------------------------------------------------------------------- dialog bar
+
+/// The wrapper of a QDockWidget that holds a form: a host derives a class and builds the form in SetupUI().
+///
+/// @code
+/// void CFindBar::SetupUI()
+/// {
+///     auto* const form = new QWidget;
+///     m_form.setupUi(form);
+///     Imp<QDockWidget>()->setWidget(form);
+/// }
+/// ...
+/// bar.Create(this, IDD_FIND, WS_CHILD | WS_VISIBLE | CBRS_BOTTOM, IDW_FIND);
+/// frame->addDockWidget(Qt::BottomDockWidgetArea, bar.Imp<QDockWidget>());
+/// @endcode
+///
+/// Unlike in the published class a template loads nothing, and the bar is no dialog: buttons end nothing.
+class XE_EXPORT CDialogBar_X : public CControlBar_X
+{
+    Q_OBJECT
+    DECLARE_DYNAMIC_X(CDialogBar_X)
+    DECLARE_IMP_CLASS_X(QDockWidget)
+
+    /// Makes a QDockWidget with this Qt parent and attaches it as an owned one.
+    bool AttachDefault(QWidget* parent) override;
+
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_CLANG("-Woverloaded-virtual")
+    QT_WARNING_DISABLE_GCC("-Woverloaded-virtual")
+    /// Makes the bar, a child of `parent` or, for null, of the host's main window. Template and id are not looked at;
+    /// `style` is: WS_VISIBLE shows the bar; CBRS_LEFT and CBRS_TOP move it to the top left corner of its parent,
+    /// CBRS_RIGHT to the right edge, CBRS_BOTTOM to the bottom, the last of these that is there; CBRS_FLOATING makes it
+    /// a window of its own; CBRS_SIZE_FIXED keeps its size. All of that happens once: the bar does not follow its
+    /// parent. m_sizeDefault, if it is (0, 0), becomes the bar's size. 1; 0 if the attachment fails.
+    virtual int Create(QWidget* parent, const wchar_t* templateName, unsigned int style, unsigned int id);
+    /// The form above, which an override of it gets too, with the low 16 bits of the template's id as the pointer.
+    virtual int Create(QWidget* parent, unsigned int templateId, unsigned int style, unsigned int id);
+    QT_WARNING_POP
+    /// m_sizeDefault; with `stretch` 32767 in one direction, in width if `horizontal` is not 0, else in height.
+    virtual CSize CalcFixedLayout(int stretch, int horizontal);
+    /// Stores the pointer. 1, also without a widget.
+    virtual BOOL SetOccDialogInfo(_AFX_OCC_DIALOG_INFO_X* info);
+
+    /// Create() with the parent's wrapper.
+    template <class Window, xe::detail::IfWindow<Window> = 0>
+    int Create(const Window* parent, const wchar_t* templateName, unsigned int style, unsigned int id)
+    {
+        return Create(handleOf(parent), templateName, style, id);
+    }
+    template <class Window, xe::detail::IfWindow<Window> = 0>
+    int Create(const Window* parent, unsigned int templateId, unsigned int style, unsigned int id)
+    {
+        return Create(handleOf(parent), templateId, style, id);
+    }
+
+    CSize m_sizeDefault;                                ///< of the bar, in pixels
+    _AFX_OCC_DIALOG_INFO_X* m_pOccDialogInfo = nullptr; ///< as SetOccDialogInfo() was given it
+    const wchar_t* m_lpszTemplateName = nullptr;        ///< stays null
+};
+
+// ---------------------------------------------------------------------------------------------------------- dock bar
+
+/// The wrapper of a QDockWidget that keeps a list of bars: where each would go in rows along a side of the frame. It
+/// keeps the list alone, and moves no bar.
+///
+/// m_arrBars holds the bars of each row, with a null behind each row and one ahead of the first. Values from 1 to
+/// 0xFFFF are placeholders for bars that are not there. A bar has to be taken out before it is deleted.
+class XE_EXPORT CDockBar_X : public CControlBar_X
+{
+    Q_OBJECT
+    DECLARE_DYNAMIC_X(CDockBar_X)
+    DECLARE_IMP_CLASS_X(QDockWidget)
+
+    /// Nothing is made yet; `floating` tells what Create() makes.
+    explicit CDockBar_X(int floating = FALSE);
+
+    /// Makes a QDockWidget with this Qt parent and attaches it as an owned one.
+    bool AttachDefault(QWidget* parent) override;
+
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_CLANG("-Woverloaded-virtual")
+    QT_WARNING_DISABLE_GCC("-Woverloaded-virtual")
+    /// Makes the bar as CDialogBar_X::Create() does, as a window of its own if it was constructed as a floating one.
+    /// Clears m_rectLayout. Of the style the bits of CBRS_ALL are kept; `id` is not looked at.
+    virtual int Create(QWidget* parent, unsigned int style, unsigned int id);
+    QT_WARNING_POP
+    virtual BOOL IsDockBar() { return TRUE; }
+    /// The same as GetDockedCount(), unlike in the published class: bars that are hidden count.
+    virtual int GetDockedVisibleCount();
+
+    /// Create() with the parent's wrapper.
+    template <class Window, xe::detail::IfWindow<Window> = 0>
+    int Create(const Window* parent, unsigned int style, unsigned int id)
+    {
+        return Create(handleOf(parent), style, id);
+    }
+
+    /// The entry of m_arrBars; null for the end of a row, for a placeholder and out of range.
+    CControlBar_X* GetDockedControlBar(int index) const;
+    /// The first index other than `ignore` that holds the bar; -1 if there is none. Null finds the ends of rows.
+    int FindBar(CControlBar_X* bar, int ignore = -1) const;
+    /// How many entries are bars.
+    int GetDockedCount() const;
+    /// Shows and hides nothing. The number of entries, of whatever kind.
+    int ShowAll(int show);
+    /// Enters the bar where it is dropped, and gives its index. `rect` is the bar's rectangle and `point` the drop's
+    /// middle, both in this bar's coordinates. The rows lie side by side, each as thick as its thickest bar less 2
+    /// pixels; that which ends beyond `point` takes the bar, behind the last of its bars that begins before `rect`.
+    /// Beyond all rows the bar opens one of its own. -1, with nothing changed, for a null bar.
+    int Insert(CControlBar_X* bar, CRect rect, CPoint point);
+
+    int m_bFloating;       ///< as constructed
+    CPtrArray_X m_arrBars; ///< bars, which are not owned, placeholders and ends of rows
+    CRect m_rectLayout;    ///< cleared by Create(), and not used
 };
