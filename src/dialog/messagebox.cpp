@@ -1,12 +1,11 @@
 #include "xeafxdlg.h"
 
+#include "dialog/standardbuttons.h"
 #include "xehost.h"
 
 #include <QApplication>
-#include <QDialogButtonBox>
 #include <QMessageBox>
 #include <QPointer>
-#include <QPushButton>
 
 namespace {
 
@@ -76,13 +75,6 @@ int resultOf(int standardButton)
     }
 }
 
-void labelButton(QMessageBox& box, QDialogButtonBox::StandardButton button, const char16_t* label)
-{
-    const auto* buttons = box.findChild<QDialogButtonBox*>();
-    if (QPushButton* found = buttons ? buttons->button(button) : nullptr)
-        found->setText(QString::fromUtf16(label));
-}
-
 } // namespace
 
 int MessageBox_X(QWidget* owner, const wchar_t* text, const wchar_t* caption, unsigned style)
@@ -107,8 +99,8 @@ int MessageBox_X(QWidget* owner, const wchar_t* text, const wchar_t* caption, un
         box->setStandardButtons(buttonRows[type].buttons);
         box->setDefaultButton(defaultIndex < 3 ? buttonRows[type].defaults[defaultIndex] : QMessageBox::NoButton);
     }
-    labelButton(*box, QDialogButtonBox::Cancel, u"取消");
-    labelButton(*box, QDialogButtonBox::Ok, u"确定");
+    xe::labelButton(*box, QDialogButtonBox::Cancel, xe::cancelLabel);
+    xe::labelButton(*box, QDialogButtonBox::Ok, xe::okLabel);
 
     const int answer = box->exec();
     if (!box)
