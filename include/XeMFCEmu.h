@@ -10,6 +10,7 @@
 #include "xeafxdc.h"
 #include "xeafxddx.h"
 #include "xeafxdlg.h"
+#include "xeafxdlgs.h"
 #include "xeafxdll.h"
 #include "xeafxdump.h"
 #include "xeafxfile.h"
