@@ -1,5 +1,5 @@
 /// @file xeafxdlgs.h
-/// The common dialogs: files. GUI thread only.
+/// The common dialogs: files, colour. GUI thread only.
 ///
 /// They are Qt's own dialogs, never those of the desktop, so they look and answer alike everywhere. The texts that the
 /// library sets are Chinese, whatever the locale; Qt's own questions (may the file be replaced, a file is not there)
@@ -10,8 +10,10 @@
 #include "xeafxdlg.h"
 #include "xeafxplex.h"
 #include "xeafxstr.h"
+#include "xecolor.h"
 #include "xedef.h"
 
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QStringList>
 
@@ -46,6 +48,17 @@ inline constexpr DWORD OFN_ENABLEINCLUDENOTIFY = 0x00400000;
 inline constexpr DWORD OFN_ENABLESIZING = 0x00800000;
 inline constexpr DWORD OFN_DONTADDTORECENT = 0x02000000;
 inline constexpr DWORD OFN_FORCESHOWHIDDEN = 0x10000000;
+
+// For CColorDialog_X, which stores them.
+inline constexpr DWORD CC_RGBINIT = 0x0001;
+inline constexpr DWORD CC_FULLOPEN = 0x0002;
+inline constexpr DWORD CC_PREVENTFULLOPEN = 0x0004;
+inline constexpr DWORD CC_SHOWHELP = 0x0008;
+inline constexpr DWORD CC_ENABLEHOOK = 0x0010;
+inline constexpr DWORD CC_ENABLETEMPLATE = 0x0020;
+inline constexpr DWORD CC_ENABLETEMPLATEHANDLE = 0x0040;
+inline constexpr DWORD CC_SOLIDCOLOR = 0x0080;
+inline constexpr DWORD CC_ANYCOLOR = 0x0100;
 
 // --------------------------------------------------------------------------------------------------------- common base
 
@@ -172,4 +185,40 @@ public:
 
 private:
     int m_walked = 0; // where m_strCurrentPath was in the list
+};
+
+// -------------------------------------------------------------------------------------------------------------- colour
+
+/// Asks for a colour. The wrapper of a QColorDialog, with Chinese buttons.
+///
+/// @code
+/// CColorDialog_X dialog(m_textColor, 0, this);
+/// if (dialog.DoModal() == IDOK)
+///     m_textColor = dialog.GetColor();
+/// @endcode
+class XE_EXPORT CColorDialog_X : public CCommonDialog_X
+{
+    Q_OBJECT
+    DECLARE_DYNAMIC_X(CColorDialog_X)
+    DECLARE_IMP_CLASS_X(QColorDialog)
+
+    /// Begins with this colour, 0x00BBGGRR, whose highest byte is not looked at. `flags` are stored only.
+    explicit CColorDialog_X(COLORREF initial = 0, unsigned flags = 0, QWidget* parent = nullptr);
+    template <class Window, xe::detail::IfWindow<Window> = 0>
+    CColorDialog_X(COLORREF initial, unsigned flags, const Window* parent)
+        : CColorDialog_X(initial, flags, widgetOf(parent))
+    {}
+
+    /// The colour chosen last; before a run was accepted the initial one, as it was given.
+    COLORREF GetColor() const { return m_color; }
+
+    /// Makes a QColorDialog with this Qt parent, not the desktop's own, and attaches it as an owned one.
+    bool AttachDefault(QWidget* parent) override;
+    /// Loads the controls, then shows `m_color`.
+    BOOL OnInitDialog() override;
+    /// Takes over the colour shown, without its transparency, saves the controls and ends the dialog with IDOK.
+    void OnOK() override;
+
+    COLORREF m_color;   ///< 0x00BBGGRR
+    unsigned m_dwFlags; ///< CC_ flags, not used
 };
