@@ -1,5 +1,5 @@
 /// @file xeafxdlgs.h
-/// The common dialogs: files, colour. GUI thread only.
+/// The common dialogs: files, colour, printing. GUI thread only.
 ///
 /// They are Qt's own dialogs, never those of the desktop, so they look and answer alike everywhere. The texts that the
 /// library sets are Chinese, whatever the locale; Qt's own questions (may the file be replaced, a file is not there)
@@ -15,9 +15,13 @@
 
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QPrintDialog>
 #include <QStringList>
 
+#include <memory>
+
 class QModelIndex;
+class QPrinter;
 
 // ------------------------------------------------------------------------------------------------------------- numbers
 
@@ -59,6 +63,70 @@ inline constexpr DWORD CC_ENABLETEMPLATE = 0x0020;
 inline constexpr DWORD CC_ENABLETEMPLATEHANDLE = 0x0040;
 inline constexpr DWORD CC_SOLIDCOLOR = 0x0080;
 inline constexpr DWORD CC_ANYCOLOR = 0x0100;
+
+// For CPrintDialog_X, which goes by PD_PRINTSETUP alone.
+inline constexpr DWORD PD_ALLPAGES = 0x00000000;
+inline constexpr DWORD PD_SELECTION = 0x00000001;
+inline constexpr DWORD PD_PAGENUMS = 0x00000002;
+inline constexpr DWORD PD_NOSELECTION = 0x00000004;
+inline constexpr DWORD PD_NOPAGENUMS = 0x00000008;
+inline constexpr DWORD PD_COLLATE = 0x00000010;
+inline constexpr DWORD PD_PRINTTOFILE = 0x00000020;
+inline constexpr DWORD PD_PRINTSETUP = 0x00000040;
+inline constexpr DWORD PD_NOWARNING = 0x00000080;
+inline constexpr DWORD PD_RETURNDC = 0x00000100;
+inline constexpr DWORD PD_RETURNIC = 0x00000200;
+inline constexpr DWORD PD_RETURNDEFAULT = 0x00000400;
+inline constexpr DWORD PD_SHOWHELP = 0x00000800;
+inline constexpr DWORD PD_ENABLEPRINTHOOK = 0x00001000;
+inline constexpr DWORD PD_ENABLESETUPHOOK = 0x00002000;
+inline constexpr DWORD PD_ENABLEPRINTTEMPLATE = 0x00004000;
+inline constexpr DWORD PD_ENABLESETUPTEMPLATE = 0x00008000;
+inline constexpr DWORD PD_ENABLEPRINTTEMPLATEHANDLE = 0x00010000;
+inline constexpr DWORD PD_ENABLESETUPTEMPLATEHANDLE = 0x00020000;
+inline constexpr DWORD PD_USEDEVMODECOPIES = 0x00040000;
+inline constexpr DWORD PD_USEDEVMODECOPIESANDCOLLATE = PD_USEDEVMODECOPIES;
+inline constexpr DWORD PD_DISABLEPRINTTOFILE = 0x00080000;
+inline constexpr DWORD PD_HIDEPRINTTOFILE = 0x00100000;
+inline constexpr DWORD PD_NONETWORKBUTTON = 0x00200000;
+inline constexpr DWORD PD_CURRENTPAGE = 0x00400000;
+inline constexpr DWORD PD_NOCURRENTPAGE = 0x00800000;
+
+// ------------------------------------------------------------------------------------------------------------- records
+
+using LPPRINTHOOKPROC = UINT_PTR (*)(HWND, UINT, WPARAM, LPARAM);
+using LPSETUPHOOKPROC = UINT_PTR (*)(HWND, UINT, WPARAM, LPARAM);
+
+/// What CPrintDialog_X keeps of its making. Of the published fields the library fills in `lStructSize` and `Flags`, and
+/// reads `Flags`; the others are the host's.
+struct tagPDW
+{
+    DWORD lStructSize;
+    HWND hwndOwner;
+    void* hDevMode;
+    void* hDevNames;
+    HDC hDC;
+    DWORD Flags;
+    WORD nFromPage;
+    WORD nToPage;
+    WORD nMinPage;
+    WORD nMaxPage;
+    WORD nCopies;
+    HINSTANCE hInstance;
+    LPARAM lCustData;
+    LPPRINTHOOKPROC lpfnPrintHook;
+    LPSETUPHOOKPROC lpfnSetupHook;
+    LPCWSTR lpPrintTemplateName;
+    LPCWSTR lpSetupTemplateName;
+    void* hPrintTemplate;
+    void* hSetupTemplate;
+};
+static_assert(sizeof(tagPDW) == 120, "the layout is the published one");
+
+using PRINTDLG = tagPDW;
+using PRINTDLGW = tagPDW;
+using LPPRINTDLG = tagPDW*;
+using LPPRINTDLGW = tagPDW*;
 
 // --------------------------------------------------------------------------------------------------------- common base
 
@@ -221,4 +289,104 @@ class XE_EXPORT CColorDialog_X : public CCommonDialog_X
 
     COLORREF m_color;   ///< 0x00BBGGRR
     unsigned m_dwFlags; ///< CC_ flags, not used
+};
+
+// --------------------------------------------------------------------------------------------------------------- print
+
+/// Asks where and what to print, and hands out a painter. The wrapper of a QPrintDialog.
+///
+/// @code
+/// CPrintDialog_X dialog(FALSE, PD_ALLPAGES | PD_USEDEVMODECOPIES, this);
+/// if (dialog.DoModal() != IDOK)
+///     return;
+/// if (auto* const painter = static_cast<QPainter*>(dialog.GetPrinterDC())) {
+///     auto& printer = *static_cast<QPrinter*>(painter->device());
+///     paintPage(*painter, 1);
+///     printer.newPage();
+///     paintPage(*painter, 2);
+///     DeleteDC_X(painter);
+/// }
+/// @endcode
+///
+/// Where no printer is set up, the user can print to a PDF file. Unlike with the published class the flags do not change
+/// the dialog, the record is not written back, and the painter is no device context: it goes into no CDC_X.
+///
+/// The Print button asks Qt about a file that exists already and does not come by OnOK(), unlike the Cancel button,
+/// which comes by OnCancel(). OnPrintBtnClicked() is where a host can hook in.
+class XE_EXPORT CPrintDialog_X : public CCommonDialog_X
+{
+    Q_OBJECT
+    DECLARE_DYNAMIC_X(CPrintDialog_X)
+    DECLARE_IMP_CLASS_X(QPrintDialog)
+
+    /// With a record of its own: `Flags` are `flags` and PD_RETURNDC, PD_ENABLEPRINTHOOK and PD_ENABLESETUPHOOK, for a
+    /// set-up PD_PRINTSETUP in place of PD_RETURNDC, and in both cases not PD_RETURNIC.
+    explicit CPrintDialog_X(int printSetupOnly,
+                            unsigned flags = PD_ALLPAGES | PD_USEDEVMODECOPIES | PD_NOPAGENUMS | PD_HIDEPRINTTOFILE
+                                             | PD_NOSELECTION,
+                            QWidget* parent = nullptr);
+    template <class Window, xe::detail::IfWindow<Window> = 0>
+    CPrintDialog_X(int printSetupOnly, unsigned flags, const Window* parent)
+        : CPrintDialog_X(printSetupOnly, flags, widgetOf(parent))
+    {}
+    /// With the record of another, which it does not change and which must live as long as this object. No parent.
+    explicit CPrintDialog_X(tagPDW& record);
+    /// A painter that GetPrinterDC() has handed out goes on, and so does its printer, until the painter is deleted. One
+    /// that nobody has asked for is dropped.
+    ~CPrintDialog_X() override;
+
+    /// How many copies; 1 before acceptance.
+    int GetCopies() const;
+    /// Name of the printer; empty before acceptance, and when the output goes to a file.
+    CString_X GetDeviceName() const;
+    /// The file that the output goes to; empty before acceptance, and when it goes to a printer.
+    CString_X GetPortName() const;
+    /// What the system says about that printer; empty if it knows none of that name.
+    CString_X GetDriverName() const;
+    /// Which pages: all, also before acceptance; the selection; or those from GetFromPage() to GetToPage(). For the
+    /// current page alone all three are false.
+    BOOL PrintAll() const;
+    BOOL PrintSelection() const;
+    BOOL PrintRange() const;
+    /// Whether copies are sorted into sets; false before acceptance.
+    BOOL PrintCollate() const;
+    /// The first and last page, from 1; 0 before acceptance, and unless PrintRange().
+    int GetFromPage() const;
+    int GetToPage() const;
+    /// The QPainter on the printer, in which the job has begun. It is the caller's, who ends the job by deleting it, say
+    /// with DeleteDC_X(). Null before acceptance, when the painter is gone or could not begin, and with PD_PRINTSETUP
+    /// in `Flags`, where a painter would begin a job that nobody wants.
+    HDC GetPrinterDC() const;
+    /// Null: the painter comes from the dialog.
+    HDC CreatePrinterDC() { return nullptr; }
+    /// 0: there are no defaults without a dialog.
+    BOOL GetDefaults() { return FALSE; }
+
+    /// Runs the dialog of AttachOnSetup() and deletes it. What is chosen there does not reach this dialog. Nothing if
+    /// there is none.
+    void OnPrintSetup();
+
+    /// Makes a QPrintDialog on a printer of its own with this Qt parent, and attaches it as an owned one.
+    bool AttachDefault(QWidget* parent) override;
+    /// As a window's; also has the dialog's acceptance call OnPrintBtnClicked().
+    void OnMessageMap() override;
+    int DoModal() override;
+    /// The dialog for OnPrintSetup(), on the heap: another one on the same record.
+    virtual CPrintDialog_X* AttachOnSetup();
+
+public Q_SLOTS:
+    /// The dialog has been accepted: keeps what the printer is set to for the accessors, and begins the job.
+    void OnPrintBtnClicked();
+
+public:
+    tagPDW& m_pd;           ///< the record in use
+    tagPDW m_pdActual = {}; ///< the record of its own
+
+private:
+    void beginJob(QPrinter& printer);
+    void dropPainter();
+
+    std::shared_ptr<QPrinter> m_printer; // the present dialog's, also held by that
+    std::shared_ptr<QPrinter> m_painted; // the one that "painter" paints on, if it is one of the dialog's own
+    mutable bool m_painterGiven = false;
 };
