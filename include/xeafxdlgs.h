@@ -1,5 +1,5 @@
 /// @file xeafxdlgs.h
-/// The common dialogs: files, colour, printing. GUI thread only.
+/// The common dialogs: files, colour, printing, folders. GUI thread only.
 ///
 /// They are Qt's own dialogs, never those of the desktop, so they look and answer alike everywhere. The texts that the
 /// library sets are Chinese, whatever the locale; Qt's own questions (may the file be replaced, a file is not there)
@@ -390,3 +390,10 @@ private:
     std::shared_ptr<QPrinter> m_painted; // the one that "painter" paints on, if it is one of the dialog's own
     mutable bool m_painterGiven = false;
 };
+
+// ------------------------------------------------------------------------------------------------------------- folders
+
+/// Asks for a folder, with `title` as the window's title (null for Qt's own), and fills in its path, without a slash at
+/// its end. 1, or 0 with `result` as it was when the dialog is cancelled. The published function takes a record and
+/// gives a list of items.
+XE_EXPORT BOOL SHBrowseForFolder_X(const wchar_t* title, CString_X& result);
