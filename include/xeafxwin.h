@@ -14,9 +14,9 @@
 #include <QVector>
 #include <QWidget>
 
-#include <map>
 #include <memory>
 #include <type_traits>
+#include <vector>
 
 class CDataExchange_X;
 class CMenu_X;
@@ -26,8 +26,10 @@ class QMenuBar;
 
 namespace xe {
 class DispatchFrame;
+class PointerPosition;
 class Viewport;
 struct EventRow;
+struct MessageParameters;
 } // namespace xe
 
 namespace xe::detail {
@@ -606,7 +608,6 @@ protected:
     };
     explicit CWnd_X(Control);
 
-    static QWidget* handleOf(const CWnd_X* window) { return window ? window->GetSafeHwnd() : nullptr; }
 
     // OnAttach() in its two steps, for a class that has something to do between them.
 
@@ -627,6 +628,32 @@ private:
         QEvent::Type type;
     };
 
+    // A line of the message map, with what its signature code stands for looked up.
+    struct MappedMessage
+    {
+        UINT message;
+        int (*call)(CWnd_X&, const xe::DispatchFrame&, const AFX_MSGMAP_ENTRY_X&, WPARAM, LPARAM, LRESULT&);
+        AFX_MSGMAP_ENTRY_X entry;
+    };
+
+    // A hash table with free lines, which have no `call`. Messages of one subject have numbers in a row, so their last
+    // bits are as good a hash as any.
+    class MessageMap
+    {
+    public:
+        void set(const MappedMessage& mapped);
+        const MappedMessage* find(UINT message); // until the next set()
+
+    private:
+        MappedMessage* lineOf(UINT message); // also the free line where it belongs
+        void grow();
+
+        std::vector<MappedMessage> m_lines;
+        std::size_t m_mask = 0;
+        std::size_t m_count = 0;
+    };
+
+    static QWidget* handleOf(const CWnd_X* window) { return window ? window->GetSafeHwnd() : nullptr; }
     static void showPostedBox(QWidget* owner, const XeMsgBoxEvent& event); // defined beside the message boxes
     void showByStyle();
     void deleteBars();
@@ -636,15 +663,16 @@ private:
     bool filterMessage(const xe::EventRow& row, QObject* target, QEvent* event);
     bool filterWithoutMessage(QObject* target, QEvent* event);
     bool filterViewport(const xe::EventRow* row, QEvent* event);
-    bool handleMessage(const xe::DispatchFrame& frame, UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
-    bool callEntry(const xe::DispatchFrame& frame, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+    bool screenMessage(xe::MessageParameters& message, QObject& target, xe::PointerPosition& pointer);
+    int callEntry(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+    int handleUnusual(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
     bool offerCursorToAncestors(const xe::DispatchFrame& frame, WPARAM wParam, LPARAM lParam, LRESULT& result);
     void forgetPending(QEvent* event);
 
     xe::DispatchFrame* m_dispatch = nullptr; // the innermost event or message in progress
     QPointer<QObject> m_attached;            // the widget of the last attachment
     QVector<PendingEvent> m_pendingEvents;   // posted as unique and not yet delivered
-    std::map<UINT, AFX_MSGMAP_ENTRY_X> m_messageMap;
+    MessageMap m_messageMap;
     QPointer<QScrollBar> m_horizontalBar; // children of the widget
     QPointer<QScrollBar> m_verticalBar;
     QPointer<QMenuBar> m_menuBar;

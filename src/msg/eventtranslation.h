@@ -56,8 +56,11 @@ MessageParameters translateHover(const QObject& target, const QEvent& event, Poi
 MessageParameters translateFrameRelease(const QObject& target, const QEvent& event, PointerPosition& pointer);
 MessageParameters translateCarrier(const QObject& target, const QEvent& event, PointerPosition& pointer);
 
-/// What is posted behind an event: the question for the cursor, or the characters of a key.
-enum class FollowUp { Nothing, Cursor, Characters };
+/// Posts what comes behind an event that was translated to `message`. 1 for the cursor and for a key with text, else 0.
+using FollowUp = int (*)(QObject& target, const QEvent& event, UINT message);
+
+int askForCursor(QObject& target, const QEvent& event, UINT message);
+int postCharacters(QObject& target, const QEvent& event, UINT message);
 
 /// An event type that has a message.
 struct EventRow
@@ -65,16 +68,16 @@ struct EventRow
     int type;
     bool shownToHooks; ///< whether hooks and message functions may see it
     Translator translate;
-    FollowUp followUp = FollowUp::Nothing;
+    FollowUp followUp = nullptr;
 };
 
 inline constexpr EventRow eventRows[] = {
     {QEvent::Timer, true, translateTimer},
-    {QEvent::MouseButtonPress, true, translateMouse, FollowUp::Cursor},
-    {QEvent::MouseButtonRelease, true, translateMouse, FollowUp::Cursor},
-    {QEvent::MouseButtonDblClick, true, translateMouse, FollowUp::Cursor},
-    {QEvent::MouseMove, true, translateMouse, FollowUp::Cursor},
-    {QEvent::KeyPress, true, translateKey, FollowUp::Characters},
+    {QEvent::MouseButtonPress, true, translateMouse, askForCursor},
+    {QEvent::MouseButtonRelease, true, translateMouse, askForCursor},
+    {QEvent::MouseButtonDblClick, true, translateMouse, askForCursor},
+    {QEvent::MouseMove, true, translateMouse, askForCursor},
+    {QEvent::KeyPress, true, translateKey, postCharacters},
     {QEvent::KeyRelease, true, translateKey},
     {QEvent::Leave, false, translatePlain<WM_MOUSELEAVE>},
     {QEvent::Paint, false, translatePlain<WM_PAINT>},
@@ -122,9 +125,6 @@ inline tagMSG translateEvent(const EventRow& row, QObject& target, const QEvent&
     const MessageParameters parameters = row.translate(target, event, pointer);
     return {&target, parameters.message, parameters.wParam, parameters.lParam, 0, {0, 0}};
 }
-
-/// Posts what follows from an event that was translated to `message`. 1 for the cursor and for a key with text, else 0.
-int postFollowUp(FollowUp followUp, QObject& target, const QEvent& event, UINT message);
 
 /// The modifiers as key messages carry them: MK_ flags in bits 16 to 21, where Windows has the scan code.
 LPARAM keyFlags(Qt::KeyboardModifiers modifiers);

@@ -9,17 +9,23 @@
 
 namespace {
 
-int askForCursor(QObject& target, UINT message)
+int postCursorQuestion(QObject& target, UINT message)
 {
-    if (!QWidget::mouseGrabber()) {
-        auto* const question = new XeWinMsgEvent(WM_SETCURSOR, reinterpret_cast<WPARAM>(&target), message << 16);
-        QCoreApplication::postEvent(&target, question);
-    }
+    auto* const question = new XeWinMsgEvent(WM_SETCURSOR, reinterpret_cast<WPARAM>(&target), message << 16);
+    QCoreApplication::postEvent(&target, question);
     return 1;
 }
 
-int postCharacters(QObject& target, const QKeyEvent& press)
+} // namespace
+
+int xe::askForCursor(QObject& target, const QEvent&, UINT message)
 {
+    return QWidget::mouseGrabber() ? 1 : postCursorQuestion(target, message);
+}
+
+int xe::postCharacters(QObject& target, const QEvent& event, UINT)
+{
+    const auto& press = static_cast<const QKeyEvent&>(event);
     const QVector<uint> characters = press.text().toUcs4();
     const UINT message = press.modifiers() & Qt::AltModifier ? WM_SYSCHAR : WM_CHAR;
     const LPARAM lParam = xe::keyFlags(press.modifiers()) | 1;
@@ -28,23 +34,8 @@ int postCharacters(QObject& target, const QKeyEvent& press)
     return characters.isEmpty() ? 0 : 1;
 }
 
-} // namespace
-
-int xe::postFollowUp(FollowUp followUp, QObject& target, const QEvent& event, UINT message)
-{
-    switch (followUp) {
-    case FollowUp::Cursor:
-        return askForCursor(target, message);
-    case FollowUp::Characters:
-        return postCharacters(target, static_cast<const QKeyEvent&>(event));
-    case FollowUp::Nothing:
-        break;
-    }
-    return 0;
-}
-
 int TranslateMessage(QObject* target, const QEvent* event, const tagMSG* msg)
 {
     const xe::EventRow* const row = target && event && msg ? xe::eventRow(event->type()) : nullptr;
-    return row ? xe::postFollowUp(row->followUp, *target, *event, msg->message) : 0;
+    return row && row->followUp ? row->followUp(*target, *event, msg->message) : 0;
 }

@@ -9,6 +9,8 @@
 #include <QPointer>
 #include <QVarLengthArray>
 
+#include <algorithm>
+
 namespace {
 
 // Whether PreTranslateMessage() is overridden: only then does anybody see the whole record of a message. Asked anew
@@ -24,9 +26,46 @@ bool looksAtMessages(const CWnd_X& window)
 
 } // namespace
 
+CWnd_X::MappedMessage* CWnd_X::MessageMap::lineOf(UINT message)
+{
+    std::size_t i = message & m_mask;
+    while (m_lines[i].call && m_lines[i].message != message)
+        i = (i + 1) & m_mask;
+    return &m_lines[i];
+}
+
+inline const CWnd_X::MappedMessage* CWnd_X::MessageMap::find(UINT message)
+{
+    if (m_lines.empty())
+        return nullptr;
+    const MappedMessage* const line = lineOf(message);
+    return line->call ? line : nullptr;
+}
+
+void CWnd_X::MessageMap::set(const MappedMessage& mapped)
+{
+    if (2 * (m_count + 1) > m_lines.size())
+        grow();
+    MappedMessage* const line = lineOf(mapped.message);
+    m_count += !line->call;
+    *line = mapped;
+}
+
+void CWnd_X::MessageMap::grow()
+{
+    constexpr std::size_t smallest = 16;
+    std::vector<MappedMessage> smaller(std::max(smallest, 2 * m_lines.size()));
+    smaller.swap(m_lines);
+    m_mask = m_lines.size() - 1;
+    for (const MappedMessage& mapped : smaller) {
+        if (mapped.call)
+            *lineOf(mapped.message) = mapped;
+    }
+}
+
 void CWnd_X::AddMsgMapEntry(UINT message, unsigned long signature, AFX_PMSG_X handler, AFX_PMSG_X secondHandler)
 {
-    m_messageMap[message] = {signature, handler, secondHandler};
+    m_messageMap.set({message, xe::callerOf(signature), {signature, handler, secondHandler}});
 }
 
 void CWnd_X::OnMessageMap()
@@ -90,18 +129,20 @@ bool CWnd_X::filterMessage(const xe::EventRow& row, QObject* target, QEvent* eve
 {
     const xe::DispatchFrame frame(*this, target, event);
     xe::PointerPosition pointer;
-    tagMSG message = xe::translateEvent(row, *target, *event, pointer);
+    xe::MessageParameters message = row.translate(*target, *event, pointer);
     const bool acceptedBefore = event->isAccepted();
     event->setAccepted(true);
     LRESULT result = 0;
     bool screened = false;
+    bool isForUs = true;
     if (looksAtMessages(*this)) {
-        xe::stampMessage(message, pointer);
-        screened = PreTranslateMessage(&message);
+        screened = screenMessage(message, *target, pointer);
+        isForUs = !screened && frame.isAlive() && frame.hasTarget();
     }
     bool handled = screened;
-    if (!screened && frame.isAlive() && frame.hasTarget()) {
-        xe::postFollowUp(row.followUp, *target, *event, message.message);
+    if (isForUs) {
+        if (row.followUp)
+            row.followUp(*target, *event, message.message);
         handled = OnWndMsg(message.message, message.wParam, message.lParam, &result);
     }
 
@@ -118,31 +159,40 @@ bool CWnd_X::filterMessage(const xe::EventRow& row, QObject* target, QEvent* eve
     return true;
 }
 
-int CWnd_X::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
+bool CWnd_X::screenMessage(xe::MessageParameters& message, QObject& target, xe::PointerPosition& pointer)
 {
-    if (m_dispatch)
-        return handleMessage(*m_dispatch, message, wParam, lParam, result);
-    const xe::DispatchFrame frame(*this);
-    return handleMessage(frame, message, wParam, lParam, result);
+    tagMSG record = {&target, message.message, message.wParam, message.lParam, 0, {0, 0}};
+    xe::stampMessage(record, pointer);
+    const bool screened = PreTranslateMessage(&record);
+    message = {record.message, record.wParam, record.lParam};
+    return screened;
 }
 
-bool CWnd_X::handleMessage(const xe::DispatchFrame& frame, UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
+inline int CWnd_X::callEntry(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
 {
+    const MappedMessage* const line = m_messageMap.find(message);
+    return line ? line->call(*this, *m_dispatch, line->entry, wParam, lParam, result) : 0;
+}
+
+int CWnd_X::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
+{
+    return m_dispatch && result && message != WM_SETCURSOR ? callEntry(message, wParam, lParam, *result)
+                                                           : handleUnusual(message, wParam, lParam, result);
+}
+
+int CWnd_X::handleUnusual(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
+{
+    if (!m_dispatch) {
+        const xe::DispatchFrame frame(*this);
+        return handleUnusual(message, wParam, lParam, result);
+    }
+    const xe::DispatchFrame& frame = *m_dispatch;
     LRESULT value = 0;
     const bool claimed = (message == WM_SETCURSOR && offerCursorToAncestors(frame, wParam, lParam, value))
-                         || (frame.isAlive() && callEntry(frame, message, wParam, lParam, value));
+                         || (frame.isAlive() && callEntry(message, wParam, lParam, value));
     if (claimed && result)
         *result = value;
     return claimed;
-}
-
-bool CWnd_X::callEntry(const xe::DispatchFrame& frame, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
-{
-    const auto found = m_messageMap.find(message);
-    if (found == m_messageMap.end())
-        return false;
-    const AFX_MSGMAP_ENTRY_X entry = found->second; // the handler may replace it
-    return xe::callHandlers(*this, frame, entry, wParam, lParam, result);
 }
 
 bool CWnd_X::offerCursorToAncestors(const xe::DispatchFrame& frame, WPARAM wParam, LPARAM lParam, LRESULT& result)

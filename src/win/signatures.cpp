@@ -112,7 +112,7 @@ using One = Gives<1>;
 
 // ---- The call.
 
-using Caller = bool (*)(CWnd_X&, const DispatchFrame&, const AFX_MSGMAP_ENTRY_X&, WPARAM, LPARAM, LRESULT&);
+using Caller = xe::MessageCaller;
 
 // A handler may belong to another base of the window's class than CWnd_X, and its entry carries the way to it: the
 // sanitizer's idea of the object's type does not hold here.
@@ -139,8 +139,8 @@ LRESULT initialResult()
 
 // One handler; a second one in the entry is not called.
 template <class Result, class... Args>
-bool single(CWnd_X& window, const DispatchFrame&, const AFX_MSGMAP_ENTRY_X& entry, [[maybe_unused]] WPARAM p,
-            [[maybe_unused]] LPARAM l, LRESULT& result)
+int single(CWnd_X& window, const DispatchFrame&, const AFX_MSGMAP_ENTRY_X& entry, [[maybe_unused]] WPARAM p,
+           [[maybe_unused]] LPARAM l, LRESULT& result)
 {
     LRESULT value = initialResult<Result>();
     if (entry.handler && !invoke<Result, typename Args::First...>(window, entry.handler, value, Args::first(p, l)...))
@@ -161,11 +161,12 @@ QWidget* windowOf([[maybe_unused]] WPARAM p, [[maybe_unused]] LPARAM l)
 
 // Two handlers, the second with CWnd_X* for windows. What the last one called says counts.
 template <class Result, class... Args>
-bool both(CWnd_X& window, const DispatchFrame& frame, const AFX_MSGMAP_ENTRY_X& entry, WPARAM p, LPARAM l,
-          LRESULT& result)
+int both(CWnd_X& window, const DispatchFrame& frame, const AFX_MSGMAP_ENTRY_X& entry, WPARAM p, LPARAM l,
+         LRESULT& result)
 {
+    const AFX_PMSG_X secondHandler = entry.secondHandler; // the first may replace the entry
     QWidget* named = nullptr;
-    if (entry.secondHandler)
+    if (secondHandler)
         ((named = named ? named : windowOf<Args>(p, l)), ...);
     const QPointer<QWidget> living(named);
     const bool wasAttached = window.GetImpQObject();
@@ -173,10 +174,10 @@ bool both(CWnd_X& window, const DispatchFrame& frame, const AFX_MSGMAP_ENTRY_X& 
         return false;
     const auto isDetached = [&] { return wasAttached && !window.GetImpQObject(); };
     const bool nobodyToTell = !frame.isAlive() || (named && !living) || isDetached();
-    if (!entry.secondHandler || nobodyToTell)
+    if (!secondHandler || nobodyToTell)
         return true;
     LRESULT value = initialResult<Result>();
-    if (!invoke<Result, typename Args::Second...>(window, entry.secondHandler, value, Args::second(p, l)...))
+    if (!invoke<Result, typename Args::Second...>(window, secondHandler, value, Args::second(p, l)...))
         return false;
     result = value;
     return true;
@@ -369,14 +370,16 @@ constexpr bool namedCodesHaveRows()
 static_assert(namedCodesHaveRows(), "each code with a name has a row, but for those that are never called");
 #endif
 
-} // namespace
-
-bool xe::callHandlers(CWnd_X& window, const DispatchFrame& frame, const AFX_MSGMAP_ENTRY_X& entry, WPARAM wParam,
-                      LPARAM lParam, LRESULT& result)
+int swallow(CWnd_X&, const DispatchFrame&, const AFX_MSGMAP_ENTRY_X&, WPARAM, LPARAM, LRESULT& result)
 {
-    const Caller call = entry.signature < codeCount ? callers[entry.signature] : nullptr;
-    if (call)
-        return call(window, frame, entry, wParam, lParam, result);
     result = 0;
     return true;
+}
+
+} // namespace
+
+xe::MessageCaller xe::callerOf(unsigned long signature)
+{
+    const Caller caller = signature < codeCount ? callers[signature] : nullptr;
+    return caller ? caller : swallow;
 }
