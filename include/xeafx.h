@@ -9,6 +9,7 @@
 #include <QObject>
 
 #include <map>
+#include <type_traits>
 
 class CArchive_X;
 class CDumpContext_X;
@@ -159,8 +160,8 @@ public:
     static const QMetaObject* GetImpMetaObject() { return &QObject::staticMetaObject; }
     static CRuntimeClass_X::MetaList* GetImpMetaList() { return nullptr; }
 
-    /// True if the object's class is this one or derives from it; false for null. Every class needs Q_OBJECT to be told
-    /// from its base.
+    /// True if the object's class is this one or derives from it; false for null. A class is told from its base by its
+    /// Q_OBJECT, without which the class macros do not compile.
     bool IsKindOf(const CRuntimeClass_X* runtimeClass) const;
     bool IsKindOf(const char* className) const;
     /// The name of the object's class, in UTF-8; it lives as long as the program.
@@ -227,6 +228,11 @@ private:
 
 namespace xe::detail {
 
+/// Whether a class has Q_OBJECT itself, and not by its base.
+template <class T>
+inline constexpr bool hasMetaObject =
+    std::is_same_v<decltype(&T::qt_metacall), int (T::*)(QMetaObject::Call, int, void**)>;
+
 template <auto first, auto second>
 inline constexpr bool isSame = false;
 template <auto same>
@@ -263,6 +269,7 @@ public:                              \
     XE_IMPLEMENT_CLASS_INFO(className, baseClass, &className::CreateObject)
 
 #define XE_IMPLEMENT_CLASS_INFO(className, baseClass, createFunction)                                               \
+    static_assert(xe::detail::hasMetaObject<className>, #className " needs Q_OBJECT to be told from its base");     \
     CRuntimeClass_X className::s_classInfo(                                                                         \
         &className::staticMetaObject, className::GetImpMetaObject(), baseClass::GetImpMetaObject(), createFunction, \
         className::GetImpMetaList(), sizeof(className),                                                             \

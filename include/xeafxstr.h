@@ -38,6 +38,12 @@ decltype(auto) formatArgument(const T& argument)
 template <class T>
 using IfNarrowText = std::enable_if_t<std::is_pointer_v<T> && std::is_convertible_v<T, const char*>, int>;
 
+/// Leaves a function to narrow characters.
+template <class T>
+using IfNarrowCharacter =
+    std::enable_if_t<std::is_same_v<T, char> || std::is_same_v<T, signed char> || std::is_same_v<T, unsigned char>,
+                     int>;
+
 } // namespace xe::detail
 
 /// A wide text: a std::wstring with the operations of the published string class and a UTF-8 copy on demand.
@@ -312,6 +318,12 @@ template <class Narrow, xe::detail::IfNarrowText<Narrow> = 0>
 bool operator!=(const CString_X& text, Narrow narrow) = delete;
 template <class Narrow, xe::detail::IfNarrowText<Narrow> = 0>
 bool operator!=(Narrow narrow, const CString_X& text) = delete;
+
+// By way of its pointer a text and a narrow character would be an address behind the text's.
+template <class Narrow, xe::detail::IfNarrowCharacter<Narrow> = 0>
+[[deprecated("write L'x' or wchar_t(x)")]] CString_X operator+(const CString_X& text, Narrow ch) = delete;
+template <class Narrow, xe::detail::IfNarrowCharacter<Narrow> = 0>
+[[deprecated("write L'x' or wchar_t(x)")]] CString_X operator+(Narrow ch, const CString_X& text) = delete;
 
 /// A QString made from wide text, up to its first 0 element. It is a QString: pass it wherever Qt takes one.
 ///

@@ -35,10 +35,11 @@ struct _IMAGELIST;
 #define afx_msg
 #endif
 
-/// A wide text, always: there is no build for narrow ones.
+/// A wide text, always: there is no build for narrow ones. The argument may be a macro that stands for a text.
 #ifndef _T
-#define _T(text) L##text
+#define _T(text) XE_WIDE(text)
 #endif
+#define XE_WIDE(text) L##text
 
 // -------------------------------------------------------------------------------------------------------- scalar types
 
