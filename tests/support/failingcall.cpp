@@ -1,5 +1,7 @@
 #include "failingcall.h"
 
+#include <QtTest>
+
 #include <atomic>
 #include <cstdarg>
 #include <cstdio>
@@ -75,6 +77,18 @@ QByteArray FailingCall::inEnvironment(Kind kind, int number, int error)
 {
     return "FAILING_CALL=" + QByteArray::number(kind) + ':' + QByteArray::number(number) + ':'
            + QByteArray::number(error);
+}
+
+void FailingCall::addRows()
+{
+    QTest::addColumn<FailingCall::Kind>("kind");
+    QTest::addColumn<int>("error");
+    QTest::newRow("write") << Write << ENOSPC;
+    QTest::newRow("sync") << Sync << EIO;
+    QTest::newRow("rename") << Rename << EIO;
+    QTest::newRow("link") << Link << ENOSPC;
+    QTest::newRow("open") << Open << EMFILE;
+    QTest::newRow("read") << Read << EIO;
 }
 
 // ------------------------------------------------------------------------------- in place of the C library's functions

@@ -32,6 +32,9 @@ public:
     /// "FAILING_CALL=0:3:28". The program writes `announcement` to its standard error when the call fails.
     static QByteArray inEnvironment(Kind kind, int number, int error = ENOSPC);
     static constexpr char announcement[] = "a call fails\n";
+
+    /// Columns "kind" and "error" of a test's data, with a row for each kind.
+    static void addRows();
 };
 
 Q_DECLARE_METATYPE(FailingCall::Kind)

@@ -7,18 +7,6 @@
 
 namespace {
 
-void addKinds()
-{
-    QTest::addColumn<FailingCall::Kind>("kind");
-    QTest::addColumn<int>("error");
-    QTest::newRow("write") << FailingCall::Write << ENOSPC;
-    QTest::newRow("sync") << FailingCall::Sync << EIO;
-    QTest::newRow("rename") << FailingCall::Rename << EIO;
-    QTest::newRow("link") << FailingCall::Link << ENOSPC;
-    QTest::newRow("open") << FailingCall::Open << EMFILE;
-    QTest::newRow("read") << FailingCall::Read << EIO;
-}
-
 QByteArray contentWith(int n, const QByteArray& rest = {})
 {
     QByteArray content;
@@ -39,11 +27,11 @@ class tst_ProfileFaults : public QObject
     Q_OBJECT
 
 private slots:
-    void write_data() { addKinds(); }
+    void write_data() { FailingCall::addRows(); }
     void write();
-    void firstWrite_data() { addKinds(); }
+    void firstWrite_data() { FailingCall::addRows(); }
     void firstWrite();
-    void read_data() { addKinds(); }
+    void read_data() { FailingCall::addRows(); }
     void read();
     void aDiskOf16Kilobytes();
 };

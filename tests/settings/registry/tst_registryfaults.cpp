@@ -13,18 +13,6 @@ namespace {
 
 constexpr int values = 50;
 
-void addKinds(int error)
-{
-    QTest::addColumn<FailingCall::Kind>("kind");
-    QTest::addColumn<int>("error");
-    QTest::newRow("write") << FailingCall::Write << error;
-    QTest::newRow("sync") << FailingCall::Sync << EIO;
-    QTest::newRow("rename") << FailingCall::Rename << error;
-    QTest::newRow("link") << FailingCall::Link << error;
-    QTest::newRow("open") << FailingCall::Open << EMFILE;
-    QTest::newRow("read") << FailingCall::Read << EIO;
-}
-
 QByteArray imageOf(int n)
 {
     QByteArray image = "[HKEY_CURRENT_USER]\nSoftware\\n=" + QByteArray::number(n) + '\n';
@@ -93,14 +81,14 @@ private slots:
         emptyRegistry();
         RegFlushKey_X(nullptr);
     }
-    void flush_data() { addKinds(ENOSPC); }
+    void flush_data() { FailingCall::addRows(); }
     void flush();
-    void flushOverAChangeOfOthers_data() { addKinds(ENOSPC); }
+    void flushOverAChangeOfOthers_data() { FailingCall::addRows(); }
     void flushOverAChangeOfOthers();
     void eventLoop();
-    void startAndExit_data() { addKinds(ENOSPC); }
+    void startAndExit_data() { FailingCall::addRows(); }
     void startAndExit();
-    void startWithAHarmfulValue_data() { addKinds(ENOSPC); }
+    void startWithAHarmfulValue_data() { FailingCall::addRows(); }
     void startWithAHarmfulValue();
     void aFullDiskAtTheStart();
     void aDiskOf16Kilobytes();
