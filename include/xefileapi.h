@@ -102,9 +102,11 @@ XE_EXPORT DWORD GetFileAttributes_X(const wchar_t* path);
 XE_EXPORT BOOL SetFileAttributes_X(const wchar_t* path, DWORD permissions);
 
 XE_EXPORT BOOL DeleteFile(const wchar_t* path);
-/// Replaces an existing file unless `failIfExists`. A copy onto itself fails and changes nothing.
+/// Replaces an existing file unless `failIfExists`; until the copy is whole and on the disk, the old file stays. A copy
+/// onto itself fails and changes nothing.
 XE_EXPORT BOOL CopyFile(const wchar_t* from, const wchar_t* to, BOOL failIfExists);
-/// Renames a file, never onto an existing one, or a directory by absolute paths within its parent.
+/// Renames a file, never onto an existing one, or a directory by absolute paths within its parent. To another disk a
+/// file is copied, and goes when the copy is whole and on that disk.
 XE_EXPORT BOOL MoveFile_X(const wchar_t* from, const wchar_t* to);
 /// Makes `link` a *symbolic* link to `target`.
 XE_EXPORT BOOL CreateHardLink_X(const wchar_t* link, const wchar_t* target, LPSECURITY_ATTRIBUTES security = nullptr);
@@ -136,7 +138,7 @@ XE_EXPORT DWORD GetCompressedFileSize_X(const wchar_t* path, DWORD* high);
 
 XE_EXPORT BOOL AreFileApisANSI_X(); ///< 0
 
-/// 0 on success, -1 on failure: QFile::rename, never onto an existing file.
+/// 0 on success, -1 on failure. Never onto an existing file; to another disk as MoveFile_X.
 XE_EXPORT int _wrename(const wchar_t* from, const wchar_t* to);
 
 // ------------------------------------------------------------------------------------------------------------- volumes
@@ -176,7 +178,8 @@ struct _SHFILEOPSTRUCT_X
 
 /// Moves or copies a file into a directory, over a file of its name, deletes it or renames it. 0 on success, and with
 /// nothing done for a missing source, a missing target or another operation; -1 on failure, and for null. Directories
-/// fail. A file is not copied or moved onto itself: -1, with nothing changed. No dialog is shown.
+/// fail. A file of the target's name stays until the copy is whole and on the disk. A file is not copied or moved onto
+/// itself: -1, with nothing changed. No dialog is shown.
 /// `fAnyOperationsAborted` becomes 0.
 XE_EXPORT int SHFileOperation_X(_SHFILEOPSTRUCT_X* operation);
 

@@ -1,3 +1,4 @@
+#include "file/wholefile.h"
 #include "text/widetext.h"
 #include "xeafxstr.h"
 #include "xeconvert.h"
@@ -53,9 +54,9 @@ BOOL CopyFile(const wchar_t* from, const wchar_t* to, BOOL failIfExists)
     const XeQString target(to);
     if (!QFile::exists(source))
         return FALSE;
-    if (QFile::exists(target) && (failIfExists || isSameFile(source, target) || !QFile::remove(target)))
+    if (QFile::exists(target) && (failIfExists || isSameFile(source, target)))
         return FALSE;
-    return QFile::copy(source, target);
+    return xe::copyWhole(source, target);
 }
 
 BOOL MoveFile_X(const wchar_t* from, const wchar_t* to)
@@ -65,7 +66,7 @@ BOOL MoveFile_X(const wchar_t* from, const wchar_t* to)
     const QFileInfo info(source);
     if (info.isDir())
         return parentOf(source) == parentOf(target) && QDir(source).rename(source, target);
-    return info.isFile() && !QFile::exists(target) && QFile::rename(source, target);
+    return info.isFile() && xe::moveWhole(source, target);
 }
 
 BOOL CreateHardLink_X(const wchar_t* link, const wchar_t* target, LPSECURITY_ATTRIBUTES)
@@ -73,7 +74,7 @@ BOOL CreateHardLink_X(const wchar_t* link, const wchar_t* target, LPSECURITY_ATT
     return QFile::link(XeQString(target), XeQString(link));
 }
 
-int _wrename(const wchar_t* from, const wchar_t* to) { return QFile(XeQString(from)).rename(XeQString(to)) ? 0 : -1; }
+int _wrename(const wchar_t* from, const wchar_t* to) { return xe::moveWhole(XeQString(from), XeQString(to)) ? 0 : -1; }
 
 DWORD GetCompressedFileSize_X(const wchar_t* path, DWORD* high)
 {
@@ -151,9 +152,9 @@ int result(bool good) { return good ? 0 : failed; }
 int transfer(const QString& source, const QString& folder, bool isMove)
 {
     const QString target = folder + (folder.endsWith('/') ? "" : "/") + source.section('/', -1);
-    if (isSameFile(source, target) || (QFile::exists(target) && !QFile::remove(target)))
+    if (isSameFile(source, target))
         return failed;
-    return result(QFile::copy(source, target) && (!isMove || QFile::remove(source)));
+    return result(xe::copyWhole(source, target) && (!isMove || QFile::remove(source)));
 }
 
 } // namespace
@@ -174,7 +175,7 @@ int SHFileOperation_X(_SHFILEOPSTRUCT_X* operation)
     case FO_COPY:
         return target.isEmpty() || !QFile::exists(target) ? 0 : transfer(source, target, operation->wFunc == FO_MOVE);
     case FO_RENAME:
-        return target.isEmpty() ? 0 : result(QFile::rename(source, target));
+        return target.isEmpty() ? 0 : result(xe::moveWhole(source, target));
     default:
         return 0;
     }

@@ -35,6 +35,9 @@ public:
 
     QString path() const { return m_folder.path(); }
 
+    /// Whether it is a disk of its own.
+    bool isMounted() const { return m_isMounted; }
+
     /// Leaves so many blocks free; fewer if there are not as many.
     void leave(int free)
     {
