@@ -111,7 +111,8 @@ XE_EXPORT BOOL MoveFile_X(const wchar_t* from, const wchar_t* to);
 /// Makes `link` a *symbolic* link to `target`.
 XE_EXPORT BOOL CreateHardLink_X(const wchar_t* link, const wchar_t* target, LPSECURITY_ATTRIBUTES security = nullptr);
 
-/// One level, with the mode 0775 less the process's mask. The path goes to the system as UTF-8.
+/// One level, with the mode 0775 less the process's mask. The path goes to the system as UTF-8; 0 for one that has no
+/// such form.
 XE_EXPORT BOOL CreateDirectory(const wchar_t* path, LPSECURITY_ATTRIBUTES security = nullptr);
 XE_EXPORT BOOL RemoveDirectory_X(const wchar_t* path);        ///< an empty one
 XE_EXPORT BOOL DeleteVolumeMountPoint_X(const wchar_t* path); ///< RemoveDirectory_X

@@ -1,4 +1,5 @@
 #include "file/wholefile.h"
+#include "text/utf8.h"
 #include "text/widetext.h"
 #include "xeafxstr.h"
 #include "xeconvert.h"
@@ -94,7 +95,8 @@ BOOL AreFileApisANSI_X() { return FALSE; }
 
 BOOL CreateDirectory(const wchar_t* path, LPSECURITY_ATTRIBUTES)
 {
-    return path && ::mkdir(CString_X(path).Utf8Ptr(), directoryMode) == 0;
+    const auto narrow = path ? xe::encodeUtf8(path) : nullptr;
+    return narrow && ::mkdir(narrow.get(), directoryMode) == 0;
 }
 
 BOOL RemoveDirectory_X(const wchar_t* path) { return path && QDir().rmdir(XeQString(path)); }

@@ -4,6 +4,7 @@
 #include "folder.h"
 #include "smalldisk.h"
 #include "testclass.h"
+#include "widevalue.h"
 
 #include <xefileapi.h>
 
@@ -74,6 +75,8 @@ private slots:
     void toAFullDisk();
     void aLinkIsReplaced();
     void permissionsAreCopied();
+    void namesWithoutUtf8_data();
+    void namesWithoutUtf8();
 };
 
 void tst_FileFaults::failingCalls_data()
@@ -223,6 +226,21 @@ void tst_FileFaults::permissionsAreCopied()
     QVERIFY(QFile::copy(folder.path("source"), folder.path("oracle")));
     QCOMPARE(CopyFile(folder.wide("source").c_str(), folder.wide("target").c_str(), FALSE), TRUE);
     QCOMPARE(QFile::permissions(folder.path("target")), QFile::permissions(folder.path("oracle")));
+}
+
+void tst_FileFaults::namesWithoutUtf8_data()
+{
+    QTest::addColumn<std::wstring>("name");
+    QTest::newRow("half of a character above U+FFFF") << std::wstring(L"a\xD800");
+    QTest::newRow("above U+10FFFF") << std::wstring(L"a\x110000");
+}
+
+void tst_FileFaults::namesWithoutUtf8()
+{
+    QFETCH(std::wstring, name);
+    const Folder folder;
+    QCOMPARE(CreateDirectory((folder.root().toStdWString() + L'/' + name).c_str()), FALSE);
+    QCOMPARE(folder.entries(), QStringList());
 }
 
 XE_GUILESS_TEST(tst_FileFaults)
