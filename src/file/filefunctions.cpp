@@ -1,3 +1,4 @@
+#include "file/sizehalves.h"
 #include "file/wholefile.h"
 #include "text/utf8.h"
 #include "text/widetext.h"
@@ -83,10 +84,7 @@ DWORD GetCompressedFileSize_X(const wchar_t* path, DWORD* high)
     tar.start(QStringLiteral("tar"), {QStringLiteral("-czf"), QStringLiteral(" -"), XeQString(path)},
               QIODevice::ReadWrite);
     tar.waitForFinished(patience);
-    const auto size = static_cast<quint64>(tar.readAllStandardOutput().size());
-    if (high)
-        *high = static_cast<DWORD>(size >> 32);
-    return static_cast<DWORD>(size);
+    return xe::halvesOf(tar.readAllStandardOutput().size(), high);
 }
 
 BOOL AreFileApisANSI_X() { return FALSE; }

@@ -1,6 +1,7 @@
 #include "xefileapi.h"
 
 #include "file/filetime.h"
+#include "file/sizehalves.h"
 #include "xeafxfile.h"
 #include "xeconvert.h"
 
@@ -117,12 +118,7 @@ BOOL FlushFileBuffers_X(HANDLE handle)
 DWORD GetFileSize_X(HANDLE handle, DWORD* high)
 {
     const QFile* const file = openQFile(handle);
-    if (!file)
-        return INVALID_FILE_SIZE;
-    const qint64 size = file->size();
-    if (high)
-        *high = static_cast<DWORD>(size >> 32);
-    return static_cast<DWORD>(size);
+    return file ? xe::halvesOf(file->size(), high) : INVALID_FILE_SIZE;
 }
 
 BOOL GetFileSizeEx_X(HANDLE handle, PLARGE_INTEGER size)
