@@ -20,10 +20,11 @@ void removeEntries(const XeHandle* record)
         entry = *entry == record ? table.erase(entry) : std::next(entry);
 }
 
+XeHandle noObject = {};
+
 // What is left in the table must not point to a record that is gone.
 void keepEntries(const XeHandle* record)
 {
-    static XeHandle noObject = {};
     for (XeHandle*& entry : handleTable())
         if (entry == record)
             entry = &noObject;
@@ -68,6 +69,12 @@ XeHandle& xe::enterNewRecord(LPCWSTR name)
     auto* record = new HandleRecord{};
     handleTable()[name] = record;
     return *record;
+}
+
+XeHandle& xe::enterNoObject(LPCWSTR name)
+{
+    handleTable()[name] = &noObject;
+    return noObject;
 }
 
 void xe::addUser(XeHandle& record) { static_cast<HandleRecord&>(record).users.fetch_add(1, std::memory_order_relaxed); }

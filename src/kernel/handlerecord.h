@@ -46,6 +46,9 @@ HANDLE openObject(LPCWSTR name, HandleKind kind);
 HANDLE existingObject(LPCWSTR name, HandleKind kind);
 XeHandle& enterNewRecord(LPCWSTR name);
 
+/// Makes the name stand for no object, and returns the one record of all that are none.
+XeHandle& enterNoObject(LPCWSTR name);
+
 constexpr int abandonedError = 36; ///< of waits whose object was abandoned
 
 /// The result of a wait that ended with an error number.

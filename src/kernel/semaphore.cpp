@@ -50,9 +50,9 @@ HANDLE CreateSemaphore(LPSECURITY_ATTRIBUTES, long initialCount, long maximumCou
 {
     if (const HANDLE existing = xe::existingObject(name, xe::SemaphoreObject))
         return existing;
-    XeHandle& record = xe::enterNewRecord(name);
     if (!name || initialCount < 0 || maximumCount <= 0)
-        return &record;
+        return &xe::enterNoObject(name);
+    XeHandle& record = xe::enterNewRecord(name);
     XeHandle::Semaphore& semaphore = *new (&record.asSemaphore) XeHandle::Semaphore{};
     semaphore.name = xe::encodeUtf8(name).release();
     semaphore.countBlock = new XeSemaphoreCount{initialCount, maximumCount, &semaphore.openCount};

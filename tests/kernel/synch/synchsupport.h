@@ -43,13 +43,11 @@ inline QString leftInSystem()
     return left.join(QLatin1Char(' '));
 }
 
-/// Frees a handle that cannot be closed, as one without an object.
-inline void discard(HANDLE handle)
+/// Takes a handle that cannot be closed, as one without an object, out of the table.
+inline void forget(HANDLE handle)
 {
-    auto* const discarded = static_cast<xe::HandleRecord*>(static_cast<XeHandle*>(handle));
-    for (const wchar_t* key : g_mapXeHandle.keys(discarded))
+    for (const wchar_t* key : g_mapXeHandle.keys(static_cast<XeHandle*>(handle)))
         g_mapXeHandle.remove(key);
-    delete discarded;
 }
 
 /// Calls with one last error and gives the one afterwards; the result goes to `result`.
