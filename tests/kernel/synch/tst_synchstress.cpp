@@ -1,6 +1,9 @@
 #include "synchsupport.h"
 #include "testclass.h"
 
+#include <functional>
+#include <memory>
+
 // Many threads on one object. Waits on events are limited and repeated, as callers have to.
 
 namespace {
@@ -31,7 +34,17 @@ int waitsUntil(HANDLE event)
     return -1;
 }
 
+// Until the waiter is inside; or was, when its limit is over already.
+void untilInside(HANDLE handle, const Waiter& waiter)
+{
+    const auto& users = static_cast<xe::HandleRecord&>(record(handle)).users;
+    while (users == 1 && !waiter.hasEnded())
+        std::this_thread::yield();
+}
+
 } // namespace
+
+Q_DECLARE_METATYPE(std::function<HANDLE(LPCWSTR)>)
 
 class tst_SynchStress : public QObject
 {
@@ -50,6 +63,8 @@ private slots:
     void semaphoreKeepsItsCount();
     void eventClosedByTheWaiter();
     void semaphoreClosedByTheWaiter();
+    void closedWithAWaiterInside_data();
+    void closedWithAWaiterInside();
 };
 
 void tst_SynchStress::mutexExcludes_data()
@@ -232,6 +247,43 @@ void tst_SynchStress::semaphoreClosedByTheWaiter()
         giver.join();
         QCOMPARE(result, WAIT_OBJECT_0);
         QCOMPARE(closed, 1);
+    }
+}
+
+void tst_SynchStress::closedWithAWaiterInside_data()
+{
+    QTest::addColumn<std::function<HANDLE(LPCWSTR)>>("create");
+    const auto row = [](const char* title, const std::function<HANDLE(LPCWSTR)>& create) {
+        QTest::newRow(title) << create;
+    };
+    row("auto-reset event", [](LPCWSTR name) { return CreateEvent(nullptr, FALSE, FALSE, name); });
+    row("manual-reset event", [](LPCWSTR name) { return CreateEvent(nullptr, TRUE, FALSE, name); });
+    row("mutex that another has", [](LPCWSTR name) { return CreateMutex(nullptr, TRUE, name); });
+    row("semaphore", [](LPCWSTR name) { return CreateSemaphore(nullptr, 0, 1, name); });
+}
+
+// Whoever closes does not wait for the waiter, and what they both use goes with the last of them.
+void tst_SynchStress::closedWithAWaiterInside()
+{
+    QFETCH(std::function<HANDLE(LPCWSTR)>, create);
+    constexpr int rounds = underThreadSanitizer ? 2500 : 500; // of each kind
+    constexpr int batch = 10;
+    std::vector<std::wstring> names;
+    for (int i = 0; i < batch; ++i)
+        names.push_back(semaphoreName((L"inside" + std::to_wstring(i)).c_str()));
+    for (int round = 0; round < rounds; round += batch) {
+        std::vector<HANDLE> handles;
+        std::vector<std::unique_ptr<Waiter>> waiters;
+        for (const std::wstring& name : names) {
+            handles.push_back(create(name.c_str()));
+            waiters.push_back(std::make_unique<Waiter>(handles.back(), 5));
+        }
+        for (int i = 0; i < batch; ++i)
+            untilInside(handles[i], *waiters[i]);
+        for (const HANDLE handle : handles)
+            QCOMPARE(XeCloseHandle(handle), 1);
+        waiters.clear();
+        g_mapXeHandle.clear(); // of mutexes an entry stays
     }
 }
 
