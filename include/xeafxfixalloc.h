@@ -23,13 +23,8 @@ public:
     void FreeAll();        ///< every item, also those that are in use
 
 private:
-    struct Node
-    {
-        Node* next;
-    };
-
     UINT m_itemSize;
     UINT m_itemsPerBlock;
     CPlex_X* m_blocks = nullptr;
-    Node* m_free = nullptr;
+    void* m_free = nullptr; // starts with the address of the next one, on any boundary
 };

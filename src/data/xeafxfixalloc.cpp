@@ -3,9 +3,10 @@
 #include "xeafxplex.h"
 
 #include <algorithm>
+#include <cstring>
 
 CFixedAllocNoSync_X::CFixedAllocNoSync_X(UINT itemSize, UINT itemsPerBlock)
-    : m_itemSize(std::max<UINT>(itemSize, sizeof(Node))),
+    : m_itemSize(std::max<UINT>(itemSize, sizeof m_free)),
       m_itemsPerBlock(itemsPerBlock < 2 ? 64 : itemsPerBlock)
 {}
 
@@ -18,15 +19,17 @@ void* CFixedAllocNoSync_X::Alloc()
         for (UINT i = m_itemsPerBlock; i-- > 0;)
             Free(items + static_cast<std::size_t>(i) * m_itemSize);
     }
-    Node* const item = m_free;
-    m_free = item->next;
+    void* const item = m_free;
+    std::memcpy(&m_free, item, sizeof m_free);
     return item;
 }
 
 void CFixedAllocNoSync_X::Free(void* item)
 {
-    if (item)
-        m_free = new (item) Node{m_free};
+    if (!item)
+        return;
+    std::memcpy(item, &m_free, sizeof m_free);
+    m_free = item;
 }
 
 void CFixedAllocNoSync_X::FreeAll()

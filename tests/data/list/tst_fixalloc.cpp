@@ -32,6 +32,8 @@ void tst_FixAlloc::sizeAndDistance_data()
     QTest::newRow("nothing") << 0U << 8U;
     QTest::newRow("less than a link") << 7U << 8U;
     QTest::newRow("a link") << 8U << 8U;
+    QTest::newRow("no multiple of a link") << 12U << 12U; // nor are addresses
+    QTest::newRow("an odd size") << 13U << 13U;
     QTest::newRow("more") << 24U << 24U;
 }
 
