@@ -144,12 +144,15 @@ private:
     };
     static_assert(sizeof(Slot) == 16);
 
-    class Doomed;
-
     int findFreeSlot() const;
     void growTable();
+    int highest();
+    CThreadData_X* firstData() const;
     CThreadData_X* callersData() const;
-    void DeleteValues(CThreadData_X* data, void* instance, Doomed& doomed);
+    void deleteValues(int slot, void* instance, BOOL all);
+    int countValues(int slot, void* instance, BOOL all);
+    void* takeValue(int slot, void* instance, BOOL all);
+    bool isToGo(const CThreadData_X* data, int slot, void* instance, BOOL all) const;
 
     DWORD m_tlsIndex;
     int m_allocated = 0;

@@ -2,6 +2,7 @@
 #include "xeexcept.h"
 
 #include <algorithm>
+#include <memory>
 #include <mutex>
 #include <vector>
 
@@ -30,8 +31,9 @@ struct ThreadLocalObjects
         if (!_afxThreadData)
             _afxThreadData = new (__afxThreadData) CThreadSlotData_X;
         if (!object->m_slot) {
-            withSlot.push_back(object);
+            withSlot.reserve(withSlot.size() + 1);
             object->m_slot = _afxThreadData.load()->AllocSlot();
+            withSlot.push_back(object);
         }
         return object->m_slot;
     }
@@ -86,9 +88,9 @@ CNoTrackObject_X* CThreadLocalObject_X::GetData(CNoTrackObject_X* (*create)())
         AfxThrowInvalidArgException_X();
     if (void* const value = data->GetThreadValue(mine))
         return static_cast<CNoTrackObject_X*>(value);
-    CNoTrackObject_X* const made = create();
-    data->SetValue(mine, made);
-    return made;
+    std::unique_ptr<CNoTrackObject_X> made(create());
+    data->SetValue(mine, made.get());
+    return made.release();
 }
 
 CNoTrackObject_X* CThreadLocalObject_X::GetDataNA()

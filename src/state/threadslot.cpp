@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <limits>
-#include <vector>
+#include <utility>
 
 namespace {
 
@@ -69,31 +69,6 @@ void CThreadData_X::growTo(int newCount)
 
 // ----------------------------------------------------------------------------------------------------------- the slots
 
-// Values on their way out. They are deleted when the lock is open again, since their destructors are the host's.
-class CThreadSlotData_X::Doomed
-{
-public:
-    Doomed() = default;
-    ~Doomed()
-    {
-        for (void* value : m_values)
-            delete static_cast<CNoTrackObject_X*>(value);
-    }
-    Doomed(const Doomed&) = delete;
-    Doomed& operator=(const Doomed&) = delete;
-
-    void take(void*& value)
-    {
-        if (!value)
-            return;
-        m_values.push_back(value);
-        value = nullptr;
-    }
-
-private:
-    std::vector<void*> m_values;
-};
-
 // The link is the first member behind the base.
 CThreadSlotData_X::CThreadSlotData_X() : m_threads(sizeof(CNoTrackObject_X))
 {
@@ -106,7 +81,7 @@ CThreadSlotData_X::CThreadSlotData_X() : m_threads(sizeof(CNoTrackObject_X))
 CThreadSlotData_X::~CThreadSlotData_X()
 {
     DeleteValues(nullptr, TRUE);
-    while (auto* const data = static_cast<CThreadData_X*>(m_threads.GetHead())) {
+    while (CThreadData_X* const data = firstData()) {
         m_threads.Remove(data);
         delete data;
     }
@@ -157,16 +132,19 @@ int CThreadSlotData_X::AllocSlot()
 
 void CThreadSlotData_X::FreeSlot(int slot)
 {
-    Doomed doomed;
+    deleteValues(slot, nullptr, TRUE);
     const Lock lock(m_section);
-    if (slot < 1 || slot >= m_highest)
-        return;
-    for (auto* data = static_cast<CThreadData_X*>(m_threads.GetHead()); data; data = data->next) {
-        if (slot < data->count)
-            doomed.take(data->values[slot]);
-    }
-    m_slots[slot].flags &= ~inUse;
+    if (slot > 0 && slot < m_highest)
+        m_slots[slot].flags &= ~inUse;
 }
+
+int CThreadSlotData_X::highest()
+{
+    const Lock lock(m_section);
+    return m_highest;
+}
+
+CThreadData_X* CThreadSlotData_X::firstData() const { return static_cast<CThreadData_X*>(m_threads.GetHead()); }
 
 CThreadData_X* CThreadSlotData_X::callersData() const { return static_cast<CThreadData_X*>(TlsGetValue_X(m_tlsIndex)); }
 
@@ -205,26 +183,50 @@ void CThreadSlotData_X::AssignInstance(void* instance)
 
 void CThreadSlotData_X::DeleteValues(void* instance, BOOL all)
 {
-    Doomed doomed;
+    const int end = highest(); // slots that destructors take are none of those that were there
+    for (int slot = 1; slot < end; ++slot)
+        deleteValues(slot, instance, all);
     const Lock lock(m_section);
-    CThreadData_X* data = all ? static_cast<CThreadData_X*>(m_threads.GetHead()) : callersData();
-    while (data) {
-        CThreadData_X* const next = all ? data->next : nullptr;
-        DeleteValues(data, instance, doomed);
-        data = next;
-    }
-}
-
-void CThreadSlotData_X::DeleteValues(CThreadData_X* data, void* instance, Doomed& doomed)
-{
-    for (int slot = 1; slot < data->count; ++slot) {
-        if (!instance || m_slots[slot].instance == instance)
-            doomed.take(data->values[slot]);
-    }
     // Another thread still has the address of its empty record: that stays until all slots go.
-    if (data->isEmpty() && data == callersData()) {
+    CThreadData_X* const data = callersData();
+    if (data && data->isEmpty()) {
         m_threads.Remove(data);
         delete data;
         TlsSetValue_X(m_tlsIndex, nullptr);
     }
+}
+
+// Each value is taken by itself and deleted when the lock is open again, since its destructor is the host's. Nothing
+// here may want memory: this is how memory is given back.
+void CThreadSlotData_X::deleteValues(int slot, void* instance, BOOL all)
+{
+    for (int left = countValues(slot, instance, all); left > 0; --left)
+        delete static_cast<CNoTrackObject_X*>(takeValue(slot, instance, all));
+}
+
+int CThreadSlotData_X::countValues(int slot, void* instance, BOOL all)
+{
+    const Lock lock(m_section);
+    int count = 0;
+    for (auto* data = firstData(); data; data = data->next)
+        count += isToGo(data, slot, instance, all);
+    return count;
+}
+
+// The calling thread's comes last: a destructor may give it a new one.
+void* CThreadSlotData_X::takeValue(int slot, void* instance, BOOL all)
+{
+    const Lock lock(m_section);
+    CThreadData_X* found = nullptr;
+    for (auto* data = firstData(); data; data = data->next) {
+        if (isToGo(data, slot, instance, all) && (!found || data != callersData()))
+            found = data;
+    }
+    return found ? std::exchange(found->values[slot], nullptr) : nullptr;
+}
+
+bool CThreadSlotData_X::isToGo(const CThreadData_X* data, int slot, void* instance, BOOL all) const
+{
+    const bool isOwners = slot > 0 && slot < m_highest && (!instance || m_slots[slot].instance == instance);
+    return isOwners && data->value(slot) && (all || data == callersData());
 }
