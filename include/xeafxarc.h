@@ -46,7 +46,8 @@ bool hasMore(CArchive_X& archive);
 /// |                                             | 4 each        | then the elements, without a terminator           |
 ///
 /// Nothing is reported and nothing raises but want of memory (std::bad_alloc): a value that the stream does not hold
-/// whole is read as 0, and what follows it too; what the file does not take is lost. Only Read() tells how much came.
+/// whole is read as 0, and what follows it too; what the file does not take is lost, and all that is stored behind it,
+/// so that the stream ends there and is never shifted. Only Read() tells how much came.
 ///
 /// A CMemFile_X that can grow lends its own block, so nothing is copied in between. Nobody else may use a file while an
 /// archive is open on it. No locks.
@@ -177,12 +178,16 @@ private:
     bool makeRoom(std::size_t width);
     bool fetch(void* value, std::size_t width);
 
+    bool writeFile(const unsigned char* from, unsigned int count);
+    void stopStoring();
     bool fillBuffer(unsigned int need);
     bool borrow(unsigned int command);
     unsigned int readFile(unsigned char* to, unsigned int request, unsigned int enough);
     unsigned int takeBuffered(unsigned char* to, unsigned int count);
     unsigned int putBuffered(const unsigned char* from, unsigned int count);
     void writeElements(const wchar_t* elements, std::size_t count);
+
+    bool m_hasGap = false; // the file has not taken something
 };
 
 /// Objects are neither stored nor loaded, unlike in a published archive: these leave everything alone and return the

@@ -2,6 +2,8 @@
 
 #include "xeafxfile.h"
 
+#include <QFile>
+
 #include <algorithm>
 #include <cwchar>
 
@@ -52,7 +54,7 @@ void CArchive_X::Abort()
 
 void CArchive_X::Flush()
 {
-    if (!file)
+    if (!file || m_hasGap)
         return;
     if (IsLoading()) {
         if (cursor != bufferEnd)
@@ -63,9 +65,10 @@ void CArchive_X::Flush()
             file->GetBufferPtr(CFile_X::bufferCommit, static_cast<unsigned int>(cursor - bufferStart));
         borrow(CFile_X::bufferWrite);
     } else {
-        if (cursor != bufferStart)
-            file->Write(bufferStart, static_cast<unsigned int>(cursor - bufferStart));
+        const bool isWritten = writeFile(bufferStart, static_cast<unsigned int>(cursor - bufferStart));
         cursor = bufferStart;
+        if (!isWritten)
+            stopStoring();
     }
 }
 
@@ -85,6 +88,26 @@ bool CArchive_X::borrow(unsigned int command)
     if (!kept)
         bufferEnd = bufferStart;
     return kept;
+}
+
+// A file of the host's own may have a Write() that tells nothing, and is believed.
+bool CArchive_X::writeFile(const unsigned char* from, unsigned int count)
+{
+    if (count == 0)
+        return true;
+    const unsigned long long position = file->GetPosition() + count;
+    file->Write(from, count);
+    const auto* const device = file->Imp<QFile>();
+    const bool hasFailed = device && device->isOpen() && device->error() != QFile::NoError;
+    const bool tellsPosition = hasFailed || file->IsKindOf(RUNTIME_CLASS_X(CMemFile_X));
+    return !tellsPosition || file->GetPosition() == position;
+}
+
+// A stream with a gap would be read shifted, without a sign; one that ends there shows it.
+void CArchive_X::stopStoring()
+{
+    m_hasGap = true;
+    cursor = bufferEnd;
 }
 
 // Reads until there is enough, up to the request, or until nothing comes.
@@ -121,7 +144,9 @@ bool CArchive_X::fillBuffer(unsigned int need)
 bool CArchive_X::makeRoom(std::size_t width)
 {
     Flush();
-    return available() >= width;
+    if (available() < width)
+        stopStoring();
+    return !m_hasGap;
 }
 
 bool CArchive_X::fetch(void* value, std::size_t width)
@@ -182,12 +207,14 @@ void CArchive_X::Write(const void* source, unsigned int count)
     Flush();
     const unsigned int tail = (count - stored) % static_cast<unsigned int>(bufferSize);
     const unsigned int bulk = count - stored - tail;
-    if (bulk != 0) {
-        file->Write(from + stored, bulk);
-        if (directBuffer)
-            borrow(CFile_X::bufferWrite);
+    if (m_hasGap || !writeFile(from + stored, bulk)) {
+        stopStoring();
+        return;
     }
-    putBuffered(from + stored + bulk, tail);
+    if (directBuffer && bulk != 0)
+        borrow(CFile_X::bufferWrite);
+    if (putBuffered(from + stored + bulk, tail) != tail)
+        stopStoring();
 }
 
 // ------------------------------------------------------------------------------------------------------ counts, texts

@@ -122,11 +122,18 @@ unsigned int CFile_X::Read(void* buffer, unsigned int count)
     return static_cast<unsigned int>(std::max<qint64>(0, file->read(static_cast<char*>(buffer), count)));
 }
 
+// What a nearly full disk takes only a part of is tried again, so that the file has an error in the end.
 void CFile_X::Write(const void* buffer, unsigned int count)
 {
     auto* file = Imp<QFile>();
-    if (file && file->isWritable() && buffer)
-        file->write(static_cast<const char*>(buffer), count);
+    if (!file || !file->isWritable() || !buffer)
+        return;
+    const auto* from = static_cast<const char*>(buffer);
+    for (qint64 left = count, written = 0; left > 0; left -= written, from += written) {
+        written = file->write(from, left);
+        if (written <= 0)
+            return;
+    }
 }
 
 void CFile_X::Abort()

@@ -165,6 +165,7 @@ void tst_ArchiveDirect::noMemory()
     }
 }
 
+// It comes too late: behind what is missing nothing is stored.
 void tst_ArchiveDirect::memoryAgain()
 {
     Memory file(64);
@@ -175,9 +176,8 @@ void tst_ArchiveDirect::memoryAgain()
     file.limit = 1000;
     archive << 50;
     archive.Close();
-    QCOMPARE(file.GetLength(), 132ULL);
+    QCOMPARE(file.GetLength(), 128ULL);
     QCOMPARE(int(file.content().at(124)), 31);
-    QCOMPARE(int(file.content().at(128)), 50);
 }
 
 void tst_ArchiveDirect::aBlockThatMovesAtEachStep()
