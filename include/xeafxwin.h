@@ -71,9 +71,9 @@ using IfWindow = std::enable_if_t<std::is_base_of_v<CWnd_X, Window>, int>;
 /// deleted, detached or destroyed inside its own handlers. A wrapper that is deleted while it is attached sends
 /// nothing.
 ///
-/// Of a scroll area (an item view, a text edit) the viewport is the client area: what Qt sends to it of mouse, wheel and
-/// context menu comes once, as the window's own, with points in the viewport. ClientToScreen() and ScreenToClient() speak
-/// of the same points. The viewport is the one that the area has when it is attached.
+/// Of a scroll area (an item view, a text edit) the viewport is the client area: what Qt sends to it of mouse, wheel
+/// and context menu comes once, as the window's own, with points in the viewport. ClientToScreen() and ScreenToClient()
+/// speak of the same points. The viewport is the one that the area has when it is attached.
 ///
 /// Unlike a published window it gets no WM_COMMAND from controls: connect to their Qt signals, by CObject_X::Connect()
 /// or by slots of the same names. CDialog_X is a window with OK and Cancel, CMenu_X its menu.
@@ -405,8 +405,8 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     QT_WARNING_POP
     /// Builds the child widgets of the window: the code of a form, or the host's own. Here nothing.
     virtual void SetupUI();
-    /// Places the scroll bars along the edges; the corner between them stays empty. Called when the window's size
-    /// changes.
+    /// Places the scroll bars along the edges, where the corner between them stays empty, and a menu bar that is shown
+    /// along the top. Called when the window's size changes.
     virtual void RecalcLayout();
     QT_WARNING_PUSH
     QT_WARNING_DISABLE_GCC("-Woverloaded-virtual") // a dialog hides it by its forms with a template
@@ -431,10 +431,11 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     /// Names the pairs of control and variable: one DDX_ call each, and DDV_ calls behind them (xeafxddx.h). Here
     /// nothing.
     virtual void DoDataExchange(CDataExchange_X* exchange);
-    /// Adds the menu to the window's menu bar and shows that; null empties and hides it. 1; 0 without a menu bar, which
-    /// a QSplitter never has. A control has one only when it has been given a menu.
+    /// Adds the menu to the window's menu bar, in a QMainWindow its own, and shows that; null empties and hides it. 1;
+    /// 0 without a menu bar, which a QSplitter never has, nor a QMainWindow with another widget in its place. A control
+    /// has one only when it has been given a menu.
     virtual int SetMenu(CMenu_X* menu);
-    /// Adds several menus; a null one is left out.
+    /// Adds several menus, each a drop-down list with its title; a null one is left out.
     virtual int SetMenu(QList<CMenu_X*> menus);
     /// Called when SubclassWindow() has attached an existing widget. Here nothing.
     virtual void PreSubclassWindow();
@@ -657,7 +658,7 @@ private:
     static void showPostedBox(QWidget* owner, const XeMsgBoxEvent& event); // defined beside the message boxes
     void showByStyle();
     void deleteBars();
-    bool hasMenuBar(); // makes a control's
+    QMenuBar* menuBar(); // makes a control's
     QWidget* clientArea() const;
 
     bool filterMessage(const xe::EventRow& row, QObject* target, QEvent* event);

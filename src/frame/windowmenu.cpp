@@ -8,23 +8,25 @@
 
 int CWnd_X::SetMenu(CMenu_X* menu)
 {
-    if (!hasMenuBar())
+    if (menu)
+        return CWnd_X::SetMenu(QList<CMenu_X*>{menu}); // an override of the other form may call this one
+    QMenuBar* const bar = menuBar();
+    if (!bar)
         return 0;
-    if (!menu) {
-        xe::hideMenuBar(*m_menuBar);
-        return 1;
-    }
-    return CWnd_X::SetMenu(QList<CMenu_X*>{menu}); // an override of the other form may call this one
+    xe::hideMenuBar(*bar);
+    return 1;
 }
 
 int CWnd_X::SetMenu(QList<CMenu_X*> menus)
 {
-    if (!hasMenuBar())
+    QMenuBar* const bar = menuBar();
+    if (!bar)
         return 0;
     for (const CMenu_X* menu : qAsConst(menus)) {
-        if (QMenu* const imp = menu ? menu->Imp<QMenu>() : nullptr)
-            m_menuBar->addMenu(imp);
+        if (QMenu* const imp = menu ? menu->GetSafeHmenu() : nullptr)
+            bar->addMenu(imp);
     }
-    xe::showMenuBar(*m_menuBar);
+    xe::showMenuBar(*bar);
+    RecalcLayout();
     return 1;
 }

@@ -2,11 +2,14 @@
 
 #include "win/columns.h"
 
+#include <QMainWindow>
 #include <QMenuBar>
 
 namespace xe {
 
 namespace {
+
+bool isPlacedByQt(const QMenuBar& bar) { return qobject_cast<QMainWindow*>(bar.parentWidget()); }
 
 // Qt has the bar filter its parent and every widget from there up to the window.
 void removeFilters(QMenuBar& bar)
@@ -30,7 +33,7 @@ void setFilters(QMenuBar& bar)
 
 QMenuBar* makeMenuBar(QWidget& window)
 {
-    if (makesColumns(window))
+    if (makesColumns(window) || qobject_cast<QMainWindow*>(&window))
         return nullptr;
     auto* const bar = new QMenuBar(&window);
     bar->hide();
@@ -38,9 +41,20 @@ QMenuBar* makeMenuBar(QWidget& window)
     return bar;
 }
 
+QMenuBar* menuBarOf(QWidget* window, QMenuBar* made)
+{
+    auto* const mainWindow = qobject_cast<QMainWindow*>(window);
+    if (!mainWindow)
+        return made;
+    const QWidget* const inPlace = mainWindow->menuWidget();
+    return !inPlace || qobject_cast<const QMenuBar*>(inPlace) ? mainWindow->menuBar() : nullptr;
+}
+
+void placeMenuBar(QMenuBar& bar, int width) { bar.setGeometry(0, 0, width, bar.heightForWidth(width)); }
+
 void showMenuBar(QMenuBar& bar)
 {
-    if (bar.isHidden())
+    if (bar.isHidden() && !isPlacedByQt(bar))
         setFilters(bar);
     bar.show();
 }
@@ -49,7 +63,8 @@ void hideMenuBar(QMenuBar& bar)
 {
     bar.clear();
     bar.hide();
-    removeFilters(bar);
+    if (!isPlacedByQt(bar))
+        removeFilters(bar);
 }
 
 } // namespace xe

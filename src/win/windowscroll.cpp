@@ -1,6 +1,9 @@
 #include "win/columns.h"
+#include "win/menubar.h"
 #include "xeafxwin.h"
 #include "xesysinfo.h"
+
+#include <QMenuBar>
 
 namespace {
 
@@ -48,6 +51,8 @@ void CWnd_X::RecalcLayout()
     const bool vertical = IsScrollBarEnabled(SB_VERT);
     const int width = widget->width();
     const int height = widget->height();
+    if (m_menuBar && !m_menuBar->isHidden())
+        xe::placeMenuBar(*m_menuBar, width);
     const int corner = horizontal && vertical ? thickness() : 0;
     if (horizontal)
         GetScrollBarCtrl(SB_HORZ)->setGeometry(0, height - thickness(), width - corner, thickness());

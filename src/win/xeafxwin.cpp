@@ -165,12 +165,12 @@ int CWnd_X::OnCreate(tagCREATESTRUCTW* createStruct)
     return 0;
 }
 
-bool CWnd_X::hasMenuBar()
+QMenuBar* CWnd_X::menuBar()
 {
     QWidget* const widget = GetSafeHwnd();
     if (!m_menuBar && m_isControl && widget)
         m_menuBar = xe::makeMenuBar(*widget);
-    return m_menuBar;
+    return xe::menuBarOf(widget, m_menuBar);
 }
 
 // Later: a menu item or a scroll bar may be what destroys the window.

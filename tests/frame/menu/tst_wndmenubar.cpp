@@ -42,6 +42,12 @@ QList<QWidget*> filteredBy(const QMenuBar* bar, const QList<QWidget*>& widgets)
 
 void deleteLaterObjects() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
+void show(QMainWindow& window)
+{
+    QTest::ignoreMessage(QtWarningMsg, "This plugin does not support propagateSizeHints()");
+    window.show();
+}
+
 using Maker = QWidget* (*)();
 
 } // namespace
@@ -63,6 +69,11 @@ private Q_SLOTS:
     void aHiddenBarFiltersNothing();
     void aBarFollowsItsWindowAfterAMoveInHiding();
     void splitterHasNone();
+    void aShownBarFillsTheTop();
+    void aHiddenBarIsNotPlaced();
+    void mainWindowUsesItsOwn();
+    void mainWindowWithoutABarGetsOne();
+    void mainWindowWithAnotherWidgetInItsPlace();
 
     void temporaryWrappersLeaveNothing_data();
     void temporaryWrappersLeaveNothing();
@@ -213,6 +224,104 @@ void tst_WndMenuBar::splitterHasNone()
     QCOMPARE(splitter.count(), 0);
     QCOMPARE(window.SetMenu(&menu), 0);
     QCOMPARE(splitter.count(), 0);
+}
+
+void tst_WndMenuBar::aShownBarFillsTheTop()
+{
+    QWidget widget;
+    widget.resize(400, 300);
+    CWnd_X window;
+    window.SubclassWindow(&widget);
+    widget.show();
+    CMenu_X file(&widget);
+    file.setTitle(L"File");
+    window.SetMenu(&file);
+    const auto* const bar = widget.findChild<QMenuBar*>();
+    QVERIFY(bar->heightForWidth(400) > 0);
+    QCOMPARE(bar->geometry(), QRect(0, 0, 400, bar->heightForWidth(400)));
+    QVERIFY(bar->isVisible());
+
+    QList<CMenu_X*> more;
+    std::vector<std::unique_ptr<CMenu_X>> menus;
+    for (int i = 0; i < 8; ++i) {
+        menus.push_back(std::make_unique<CMenu_X>(&widget));
+        menus.back()->setTitle(L"Another menu");
+        more += menus.back().get();
+    }
+    widget.resize(1200, 300);
+    window.SetMenu(more);
+    QCOMPARE(bar->geometry(), QRect(0, 0, 1200, bar->heightForWidth(1200)));
+    widget.resize(900, 200);
+    QCOMPARE(bar->geometry(), QRect(0, 0, 900, bar->heightForWidth(900)));
+    QVERIFY(bar->actionGeometry(bar->actions().last()).isValid()); // no extension arrow
+}
+
+void tst_WndMenuBar::aHiddenBarIsNotPlaced()
+{
+    QWidget widget;
+    CWnd_X window;
+    window.SubclassWindow(&widget);
+    widget.show();
+    const auto* const bar = widget.findChild<QMenuBar*>();
+    const QRect place = bar->geometry();
+    widget.resize(500, 400);
+    QCOMPARE(bar->geometry(), place);
+}
+
+void tst_WndMenuBar::mainWindowUsesItsOwn()
+{
+    QMainWindow widget;
+    widget.menuBar()->addMenu(QStringLiteral("Own"));
+    const QPointer<QMenuBar> own = widget.menuBar();
+    const QList<QWidget*> all{&widget};
+    {
+        CWnd_X window;
+        window.SubclassWindow(&widget);
+        CMenu_X menu(&widget);
+        menu.setTitle(L"Added");
+        QCOMPARE(window.SetMenu(&menu), 1);
+        QCOMPARE(menuText(widget), QStringLiteral("shown Own Added"));
+        QCOMPARE(widget.menuBar(), own);
+        QCOMPARE(filteredBy(own, all), all);
+        QCOMPARE(window.SetMenu(nullptr), 1);
+        QCOMPARE(menuText(widget), QStringLiteral("hidden"));
+        QCOMPARE(window.SetMenu(&menu), 1);
+        QCOMPARE(menuText(widget), QStringLiteral("shown Added"));
+        QCOMPARE(widget.menuBar(), own);
+        widget.resize(500, 300);
+        show(widget);
+        QCOMPARE(own->geometry(), QRect(0, 0, 500, own->heightForWidth(500)));
+    }
+    deleteLaterObjects();
+    QVERIFY(own && own->isVisible()); // it is the main window's
+}
+
+void tst_WndMenuBar::mainWindowWithoutABarGetsOne()
+{
+    QMainWindow widget;
+    CWnd_X window;
+    window.SubclassWindow(&widget);
+    QCOMPARE(menuText(widget), QStringLiteral("0 bars"));
+    CMenu_X menu(&widget);
+    menu.setTitle(L"Added");
+    show(widget);
+    QCOMPARE(window.SetMenu(&menu), 1);
+    QCOMPARE(menuText(widget), QStringLiteral("shown Added"));
+    QCOMPARE(widget.menuWidget(), widget.findChild<QMenuBar*>());
+}
+
+void tst_WndMenuBar::mainWindowWithAnotherWidgetInItsPlace()
+{
+    QMainWindow widget;
+    auto* const other = new QLabel;
+    widget.setMenuWidget(other);
+    CWnd_X window;
+    window.SubclassWindow(&widget);
+    CMenu_X menu(&widget);
+    QCOMPARE(window.SetMenu(&menu), 0);
+    QCOMPARE(window.SetMenu(nullptr), 0);
+    QCOMPARE(widget.menuWidget(), other);
+    QCOMPARE(menuText(widget), QStringLiteral("0 bars"));
 }
 
 // ------------------------------------------------------------------------------------------------ nothing piles up

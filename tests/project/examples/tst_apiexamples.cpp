@@ -4,7 +4,7 @@
 
 #include <XeMFCEmu.h>
 
-#include <QMenuBar>
+#include <QTimer>
 
 // ---- CObject_X
 
@@ -34,6 +34,61 @@ BEGIN_MESSAGE_MAP_X(CPlanView, CWnd_X)
 END_MESSAGE_MAP_X()
 
 void CPlanView::OnLButtonDown(UINT, CPoint point) { pressed = point; }
+
+// ---- CMenu_X, CCmdUI_X
+
+namespace {
+
+constexpr UINT_PTR ID_PART_EDIT = 40002;
+constexpr UINT_PTR ID_PART_IN_USE = 40004;
+constexpr UINT_PTR ID_PLAN_CLOSE = 40020;
+
+} // namespace
+
+class CPartList : public CWnd_X
+{
+    Q_OBJECT
+    DECLARE_DYNCREATE_X(CPartList)
+public:
+    void OnContextMenu(QWidget*, CPoint point);
+    DECLARE_MESSAGE_MAP_X()
+
+public:
+    void OnPartEdit() { ++edits; }
+    int edits = 0;
+};
+IMPLEMENT_DYNCREATE_X(CPartList, CWnd_X)
+BEGIN_MESSAGE_MAP_X(CPartList, CWnd_X)
+    ON_WM_CONTEXTMENU_X()
+END_MESSAGE_MAP_X()
+
+void CPartList::OnContextMenu(QWidget*, CPoint point)
+{
+    CMenu_X menu;
+    menu.CreatePopupMenu();
+    menu.AppendMenu(MF_STRING, ID_PART_EDIT, L"&Edit...");
+    menu.AppendMenu(MF_SEPARATOR);
+    menu.AppendMenu(MF_STRING, ID_PART_IN_USE, L"In &use");
+    menu.CheckMenuItem(ID_PART_IN_USE, MF_CHECKED);
+    ClientToScreen(&point);
+    if (menu.TrackPopupMenu(0, point.x, point.y, this) == ID_PART_EDIT)
+        OnPartEdit();
+}
+
+struct CPlanFrame
+{
+    void OnUpdateCommands();
+
+    CMenu_X m_menu;
+    void* m_plan = nullptr;
+};
+
+void CPlanFrame::OnUpdateCommands()
+{
+    CCmdUI_X command;
+    command.m_pOther = CMenu_X::findAction(ID_PLAN_CLOSE, m_menu);
+    command.Enable(m_plan != nullptr);
+}
 
 // ---- The values of a thread
 
@@ -128,17 +183,31 @@ private Q_SLOTS:
         QCOMPARE(counter->value, 1);
     }
 
-    void menuOfAWindow()
+    void menuAtAPoint()
     {
+        QTest::ignoreMessage(QtWarningMsg, "This plugin does not support raise()");
+        QTest::ignoreMessage(QtWarningMsg, "This plugin does not support grabbing the keyboard");
         QWidget widget;
-        CWnd_X window;
-        QCOMPARE(window.SubclassWindow(&widget), 1);
-        QAction open(QStringLiteral("Open"));
-        CMenu_X file(&widget);
-        file.Imp<QMenu>()->setTitle("File");
-        file.Imp<QMenu>()->addAction(&open);
-        QCOMPARE(window.SetMenu(&file), 1);
-        QCOMPARE(widget.findChild<QMenuBar*>()->actions().constFirst()->text(), QStringLiteral("File"));
+        CPartList list;
+        QCOMPARE(list.SubclassWindow(&widget), 1);
+        QTimer::singleShot(0, &widget, [] {
+            QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
+            QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+        });
+        list.SendMessage(WM_CONTEXTMENU, 0, MAKELPARAM(5, 5));
+        QCOMPARE(list.edits, 1);
+    }
+
+    void updateOfACommand()
+    {
+        CPlanFrame frame;
+        frame.m_menu.CreateMenu();
+        frame.m_menu.AppendMenu(MF_STRING, ID_PLAN_CLOSE, L"&Close");
+        frame.OnUpdateCommands();
+        QCOMPARE(frame.m_menu.GetMenuState(ID_PLAN_CLOSE, MF_BYCOMMAND), MF_GRAYED);
+        frame.m_plan = &frame;
+        frame.OnUpdateCommands();
+        QCOMPARE(frame.m_menu.GetMenuState(ID_PLAN_CLOSE, MF_BYCOMMAND), 0u);
     }
 };
 
