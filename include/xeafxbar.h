@@ -75,6 +75,9 @@ class XE_EXPORT CControlBar_X : public CWnd_X
     DECLARE_DYNCREATE_X(CControlBar_X)
 
     CControlBar_X();
+
+protected:
+    static QWidget* WidgetOf(const CWnd_X* window) { return window ? window->GetSafeHwnd() : nullptr; }
 };
 
 // ---------------------------------------------------------------------------------------------------------- tool bar
@@ -111,7 +114,7 @@ class XE_EXPORT CToolBar_X : public CControlBar_X
     template <class Window, xe::detail::IfWindow<Window> = 0>
     int Create(const Window* parent, DWORD style = WS_CHILD | WS_VISIBLE | CBRS_TOP)
     {
-        return Create(handleOf(parent), style);
+        return Create(WidgetOf(parent), style);
     }
 
     /// This object.
@@ -228,7 +231,7 @@ class XE_EXPORT CStatusBar_X : public CControlBar_X
     template <class Window, xe::detail::IfWindow<Window> = 0>
     int Create(const Window* parent, DWORD style = WS_CHILD | WS_VISIBLE | CBRS_BOTTOM)
     {
-        return Create(handleOf(parent), style);
+        return Create(WidgetOf(parent), style);
     }
 
     /// Does nothing and gives 1, also without a widget: panes are made by their texts.
@@ -324,12 +327,12 @@ class XE_EXPORT CDialogBar_X : public CControlBar_X
     template <class Window, xe::detail::IfWindow<Window> = 0>
     int Create(const Window* parent, const wchar_t* templateName, unsigned int style, unsigned int id)
     {
-        return Create(handleOf(parent), templateName, style, id);
+        return Create(WidgetOf(parent), templateName, style, id);
     }
     template <class Window, xe::detail::IfWindow<Window> = 0>
     int Create(const Window* parent, unsigned int templateId, unsigned int style, unsigned int id)
     {
-        return Create(handleOf(parent), templateId, style, id);
+        return Create(WidgetOf(parent), templateId, style, id);
     }
 
     CSize m_sizeDefault;                                ///< of the bar, in pixels
@@ -371,7 +374,7 @@ class XE_EXPORT CDockBar_X : public CControlBar_X
     template <class Window, xe::detail::IfWindow<Window> = 0>
     int Create(const Window* parent, unsigned int style, unsigned int id)
     {
-        return Create(handleOf(parent), style, id);
+        return Create(WidgetOf(parent), style, id);
     }
 
     /// The entry of m_arrBars; null for the end of a row, for a placeholder and out of range.
