@@ -1,10 +1,13 @@
 #include "mainframe.h"
 #include "ui_mainframe.h" // ahead of resource.h, whose macros have the names of its members
 
+#include "commandupdates.h"
 #include "control.h"
 #include "hostservices.h"
 #include "partdialog.h"
+#include "partmenu.h"
 #include "partstable.h"
+#include "recentmenu.h"
 #include "settings.h"
 #include "text.h"
 
@@ -23,9 +26,6 @@ constexpr UINT_PTR statusTimer = 1001;
 constexpr UINT statusTime = 4000; // milliseconds
 constexpr int mostBadLinesShown = 12;
 
-constexpr unsigned recentCommands[settings::mostRecentFiles] = {ID_FILE_MRU_FILE1, ID_FILE_MRU_FILE2, ID_FILE_MRU_FILE3,
-                                                                ID_FILE_MRU_FILE4};
-
 template <class... Arguments>
 void log(unsigned format, const Arguments&... arguments)
 {
@@ -42,6 +42,7 @@ IMPLEMENT_DYNAMIC_X(CMainFrame, CWnd_X)
 
 BEGIN_MESSAGE_MAP_X(CMainFrame, CWnd_X)
     ON_WM_CLOSE_X()
+    ON_WM_CONTEXTMENU_X()
     ON_WM_TIMER_X()
     ON_MESSAGE_X(WM_FIND_PART, OnFindPart)
     ON_MESSAGE_X(WM_SELECT_ROW, OnSelectRow)
@@ -77,13 +78,12 @@ void CMainFrame::ConnectCommands()
     QWidget* const window = GetSafeHwnd();
     Connect(ID_FILE_OPEN, SIGNAL(triggered()), this, SLOT(OnFileOpen()), window);
     Connect(ID_FILE_SAVE_AS, SIGNAL(triggered()), this, SLOT(OnFileSaveAs()), window);
-    for (const unsigned command : recentCommands)
-        Connect(command, SIGNAL(triggered()), this, SLOT(OnFileRecent()), window);
     Connect(ID_FILE_SAVE, SIGNAL(triggered()), this, SLOT(OnFileSave()), window);
     Connect(ID_APP_EXIT, SIGNAL(triggered()), this, SLOT(OnAppExit()), window);
     Connect(ID_PART_NEW, SIGNAL(triggered()), this, SLOT(OnPartNew()), window);
     Connect(ID_PART_EDIT, SIGNAL(triggered()), this, SLOT(OnPartEdit()), window);
     Connect(ID_PART_DELETE, SIGNAL(triggered()), this, SLOT(OnPartDelete()), window);
+    Connect(ID_PART_IN_USE, SIGNAL(triggered()), this, SLOT(OnPartInUse()), window);
     Connect(ID_EDIT_FIND, SIGNAL(triggered()), this, SLOT(OnEditFind()), window);
     Connect(ID_EDIT_REPEAT, SIGNAL(triggered()), this, SLOT(OnEditRepeat()), window);
     Connect(ID_VIEW_MESSAGES, SIGNAL(triggered()), this, SLOT(OnViewMessages()), window);
@@ -97,10 +97,12 @@ void CMainFrame::OnUpdateCommands()
 {
     if (!GetSafeHwnd())
         return;
-    const bool hasPart = SelectedRow() >= 0;
-    control<QAction>(*this, ID_PART_EDIT).setEnabled(hasPart);
-    control<QAction>(*this, ID_PART_DELETE).setEnabled(hasPart);
-    control<QAction>(*this, ID_FILE_SAVE).setEnabled(m_book.isModified());
+    CommandStates states;
+    states.hasPart = SelectedRow() >= 0;
+    states.isPartInUse = states.hasPart && m_book.part(SelectedRow()).inUse;
+    states.isModified = m_book.isModified();
+    states.showsMessages = m_messages.IsWindowVisible();
+    updateCommands(*this, states);
     // A title that is set again, though it is the same, makes work for the window manager, and then for this program.
     if (GetSafeHwnd()->isWindowModified() != m_book.isModified())
         GetSafeHwnd()->setWindowModified(m_book.isModified());
@@ -202,14 +204,10 @@ void CMainFrame::ShowName()
 
 void CMainFrame::ShowRecentFiles()
 {
-    const std::vector<CString_X> files = settings::recentFiles();
-    for (std::size_t i = 0; i < std::size(recentCommands); ++i) {
-        auto& action = control<QAction>(*this, recentCommands[i]);
-        const QString name = i < files.size() ? XeQString(files[i]) : XeQString();
-        action.setVisible(!name.isEmpty());
-        action.setText(QString(name).replace('&', "&&"));
-        action.setData(name);
-    }
+    const QList<QAction*> items =
+        showRecentFiles(GetSafeHwnd()->findChild<QMenu*>("fileMenu"), settings::recentFiles());
+    for (const QAction* item : items)
+        Connect(item, SIGNAL(triggered()), this, SLOT(OnFileRecent()));
 }
 
 void CMainFrame::OnFileOpen()
@@ -277,6 +275,33 @@ void CMainFrame::OnPartDelete()
     Table().removeRow(row);
     ShowChart();
     ShowStatus(IDS_DELETED, part.number);
+}
+
+void CMainFrame::OnPartInUse()
+{
+    const int row = SelectedRow();
+    if (row < 0)
+        return;
+    Part part = m_book.part(row);
+    part.inUse = !part.inUse;
+    m_book.change(row, part);
+    ShowPart(row);
+    ShowStatus(IDS_CHANGED, part.number);
+}
+
+// The menu of the list; elsewhere the main window shows its own.
+void CMainFrame::OnContextMenu(QWidget*, CPoint point)
+{
+    ClientToScreen(&point);
+    const QWidget& list = *Table().viewport();
+    if (!list.rect().contains(list.mapFromGlobal({point.x, point.y}))) {
+        SetCurrentEventAccepted(false);
+        return;
+    }
+    OnUpdateCommands(); // the click may have selected another part
+    const int command = openPartMenu(*this, point);
+    if (command > 0)
+        control<QAction>(*this, static_cast<unsigned>(command)).trigger();
 }
 
 void CMainFrame::ShowPart(int row)
@@ -355,12 +380,18 @@ void CMainFrame::OnTimer(UINT_PTR id)
         XeQString(formatText(loadText(IDS_SUMMARY), m_book.count(), shortParts, m_book.count(), shortParts)));
 }
 
-void CMainFrame::OnViewMessages() { m_messages.Open(this); }
+void CMainFrame::OnViewMessages()
+{
+    if (m_messages.IsWindowVisible())
+        m_messages.ShowWindow(SW_HIDE);
+    else
+        m_messages.Open(this);
+}
 
 bool CMainFrame::TraceTo(const QString& fileName)
 {
     if (!m_messages.Log().traceTo(fileName))
         return false;
-    OnViewMessages();
+    m_messages.Open(this);
     return true;
 }

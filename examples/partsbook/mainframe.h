@@ -35,6 +35,7 @@ class CMainFrame : public CWnd_X
     int OnCreate(tagCREATESTRUCTW* createStruct) override;
 
     void OnClose();
+    void OnContextMenu(QWidget* widget, CPoint point);
     void OnTimer(UINT_PTR id);
     LRESULT OnFindPart(WPARAM matchCase, LPARAM text);
     LRESULT OnSelectRow(WPARAM row, LPARAM);
@@ -51,6 +52,7 @@ private Q_SLOTS:
     void OnPartNew();
     void OnPartEdit();
     void OnPartDelete();
+    void OnPartInUse();
     void OnEditFind();
     void OnEditRepeat();
     void OnViewMessages();

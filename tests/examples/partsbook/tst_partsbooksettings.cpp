@@ -1,12 +1,15 @@
 // What the program remembers from one run to the next.
 
 #include "mainframe.h"
+#include "resource.h"
 #include "settings.h"
 #include "testclass.h"
 
 #include <QAction>
+#include <QMenu>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <xeafxmenu.h>
 #include <xeprocess.h>
 #include <xewinreg.h>
 
@@ -135,12 +138,15 @@ void tst_PartsbookSettings::openedFilesAreRecent()
     QVERIFY(frame.OpenBook(folder.filePath("two & more.parts")));
     QCOMPARE(recentFiles(), QStringList({folder.filePath("two & more.parts"), folder.filePath("one.csv")}));
 
-    auto* const latest = frame.GetSafeHwnd()->findChild<QAction*>("ID_FILE_MRU_FILE1");
-    QCOMPARE(latest->text(), folder.filePath("two && more.parts"));
-    auto* const before = frame.GetSafeHwnd()->findChild<QAction*>("ID_FILE_MRU_FILE2");
-    QVERIFY(before->isVisible());
-    QVERIFY(!frame.GetSafeHwnd()->findChild<QAction*>("ID_FILE_MRU_FILE3")->isVisible());
-    before->trigger();
+    auto* const menu = frame.GetSafeHwnd()->findChild<QMenu*>("fileMenu");
+    const int items = menu->actions().size();
+    QCOMPARE(CMenu_X::findAction(ID_FILE_MRU_FILE1, menu), menu->actions().at(items - 4)); // above separator and Exit
+    QCOMPARE(menu->actions().at(items - 4)->text(), folder.filePath("two && more.parts"));
+    QCOMPARE(CMenu_X::findAction(ID_FILE_MRU_FILE2, menu), menu->actions().at(items - 3));
+    QCOMPARE(CMenu_X::findAction(ID_FILE_MRU_FILE3, menu), nullptr);
+    menu->actions().at(items - 3)->trigger();
+    QCOMPARE(menu->actions().size(), items);
+    QCOMPARE(menu->actions().at(items - 4)->text(), folder.filePath("one.csv"));
     QCOMPARE(recentFiles(), QStringList({folder.filePath("one.csv"), folder.filePath("two & more.parts")}));
     QVERIFY(frame.GetSafeHwnd()->windowTitle().contains("one.csv"));
     frame.DestroyWindow();

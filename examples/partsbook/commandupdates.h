@@ -1,0 +1,15 @@
+#pragma once
+
+class CWnd_X;
+
+/// What the looks of commands depend on.
+struct CommandStates
+{
+    bool hasPart = false; ///< one is selected
+    bool isPartInUse = false;
+    bool isModified = false;
+    bool showsMessages = false;
+};
+
+/// Enables and checks the commands of a frame.
+void updateCommands(const CWnd_X& frame, const CommandStates& states);

@@ -1,0 +1,269 @@
+// The menus of the main window under a real mouse: the context menu of the list, check marks, the recent files.
+
+#include "leavenothing.h"
+#include "mainframe.h"
+#include "modaldriver.h"
+#include "resource.h"
+#include "testclass.h"
+#include "virtualinput.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QTableWidget>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QWindow>
+#include <xeafxmenu.h>
+#include <xeresource.h>
+
+namespace {
+
+constexpr unsigned long escape = 0xff1b;
+
+// What is seen of a menu: "*" a check mark, "(gray)" a disabled item, "-" a separator.
+QString textOf(const QMenu& menu)
+{
+    QStringList items;
+    for (const QAction* action : menu.actions()) {
+        QString item = action->isSeparator() ? "-" : action->text();
+        item += action->isChecked() ? "*" : "";
+        items += item + (action->isEnabled() ? "" : "(gray)");
+    }
+    return items.join(", ");
+}
+
+} // namespace
+
+class tst_PartsbookMenus : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QVERIFY(m_input.isUsable()); }
+    void init();
+    void cleanup();
+
+    void contextMenu();
+    void contextMenuWithoutAPart();
+    void contextMenuElsewhere();
+    void commandsFromTheContextMenu();
+    void partInUse();
+    void checkMarkOfTheMessageWindow();
+    void recentFiles();
+
+private:
+    QWidget* window() const { return m_frame->GetSafeHwnd(); }
+    QTableWidget* table() const { return window()->findChild<QTableWidget*>(); }
+    QAction* command(unsigned id) const { return window()->findChild<QAction*>(ToStringId(id)); }
+    bool isMessageWindowVisible() const;
+    QPoint onScreen(const QWidget* widget, QPoint point) const;
+    void rightClick(const QWidget* widget, QPoint point);
+    void rightClickRow(int row);
+    /// Waits for the context menu; gives its text and clicks the item, or leaves it by Escape.
+    QString choose(int item);
+
+    VirtualInput m_input;
+    QScopedPointer<QTemporaryDir> m_folder;
+    QScopedPointer<CMainFrame> m_frame;
+};
+
+void tst_PartsbookMenus::init()
+{
+    m_folder.reset(new QTemporaryDir);
+    QFile file(m_folder->filePath("a & b.csv"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("number,name,kind,supplier,source,stock,minimum,price,in use,remark\n"
+               "FA-1,Screw,Fastener,A,bought,10,5,0.06,yes,\n"
+               "BE-2,Bearing,Bearing,B,made,3,5,12.50,no,\n");
+    file.close();
+    m_input.movePointer({1, 1});
+    m_frame.reset(new CMainFrame);
+    QCOMPARE(m_frame->Create(nullptr), 1);
+    m_frame->ShowWindow(SW_SHOW);
+    QVERIFY(m_frame->OpenBook(file.fileName()));
+    QVERIFY(QTest::qWaitForWindowExposed(window()));
+    QTRY_VERIFY((window()->activateWindow(), window()->isActiveWindow()));
+    QTRY_COMPARE(window()->mapToGlobal({0, 0}), m_input.windowOrigin(window()->winId()));
+}
+
+void tst_PartsbookMenus::cleanup()
+{
+    m_input.releaseAll();
+    m_frame->DestroyWindow();
+    m_frame.reset();
+    QCOMPARE(LeaveNothing::leftovers(), QString());
+}
+
+bool tst_PartsbookMenus::isMessageWindowVisible() const
+{
+    const auto* const messages = window()->findChild<CTavoView*>();
+    return messages && messages->isVisible();
+}
+
+QPoint tst_PartsbookMenus::onScreen(const QWidget* widget, QPoint point) const
+{
+    return m_input.windowOrigin(window()->winId()) + widget->mapTo(window(), point);
+}
+
+void tst_PartsbookMenus::rightClick(const QWidget* widget, QPoint point)
+{
+    m_input.movePointer(onScreen(widget, point));
+    m_input.clickButton(3);
+}
+
+void tst_PartsbookMenus::rightClickRow(int row)
+{
+    rightClick(table()->viewport(), table()->visualItemRect(table()->item(row, 1)).center());
+}
+
+QString tst_PartsbookMenus::choose(int item)
+{
+    QString text;
+    QTimer timer;
+    connect(&timer, &QTimer::timeout, &timer, [&] {
+        const auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (!menu || !menu->windowHandle()->isExposed())
+            return;
+        timer.stop();
+        text = textOf(*menu);
+        if (item < 0) {
+            m_input.typeKey(escape);
+            return;
+        }
+        const QPoint place = menu->actionGeometry(menu->actions().at(item)).center();
+        m_input.movePointer(m_input.windowOrigin(menu->winId()) + place);
+        QGuiApplication::sync();
+        QCoreApplication::processEvents();
+        m_input.clickButton(1);
+    });
+    timer.start(1);
+    (void)QTest::qWaitFor([&] { return !text.isEmpty() && !QApplication::activePopupWidget(); });
+    return text;
+}
+
+void tst_PartsbookMenus::contextMenu()
+{
+    rightClickRow(0);
+    QCOMPARE(choose(-1), QString("&New... 新建\tCtrl+N, &Edit... 编辑\tCtrl+E, &Delete 删除\tDel, -, "
+                                 "In &use 在用\tCtrl+U*"));
+    QCOMPARE(table()->currentRow(), 0);
+    rightClickRow(1); // the menu is that of the part under the mouse
+    QCOMPARE(choose(-1), QString("&New... 新建\tCtrl+N, &Edit... 编辑\tCtrl+E, &Delete 删除\tDel, -, "
+                                 "In &use 在用\tCtrl+U"));
+    QCOMPARE(table()->currentRow(), 1);
+    QVERIFY(!window()->isWindowModified());
+}
+
+void tst_PartsbookMenus::contextMenuWithoutAPart()
+{
+    table()->setCurrentItem(nullptr);
+    rightClick(table()->viewport(), QPoint(50, table()->viewport()->height() - 10));
+    QCOMPARE(choose(-1), QString("&New... 新建\tCtrl+N, &Edit... 编辑\tCtrl+E(gray), &Delete 删除\tDel(gray), -, "
+                                 "In &use 在用\tCtrl+U(gray)"));
+}
+
+void tst_PartsbookMenus::contextMenuElsewhere()
+{
+    const auto* const chart = window()->findChild<QWidget*>(ToStringId(IDC_CHART));
+    rightClick(chart, QPoint(20, 20));
+    QGuiApplication::sync();
+    QTest::qWait(20);
+    const auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(!menu || !textOf(*menu).contains("在用"));
+    if (menu) // Qt's own, of the bars
+        m_input.typeKey(escape);
+    QTRY_VERIFY(!QApplication::activePopupWidget());
+}
+
+void tst_PartsbookMenus::commandsFromTheContextMenu()
+{
+    const ModalDriver<QMessageBox> question([](QMessageBox* box) {
+        QVERIFY(box->text().startsWith("Delete BE-2, Bearing?"));
+        box->buttons().constFirst()->click();
+    });
+    rightClickRow(1);
+    choose(2);
+    QTRY_VERIFY(question.hasActed());
+    QCOMPARE(table()->rowCount(), 1);
+
+    const ModalDriver<QDialog> dialog([](QDialog* open) {
+        QCOMPARE(open->windowTitle(), QString("Edit Part 编辑零件"));
+        open->reject();
+    });
+    rightClickRow(0);
+    choose(1);
+    QTRY_VERIFY(dialog.hasActed());
+}
+
+void tst_PartsbookMenus::partInUse()
+{
+    rightClickRow(0);
+    choose(4);
+    QCOMPARE(table()->item(0, 8)->text(), QString("no"));
+    m_frame->OnEnterIdle();
+    QVERIFY(!command(ID_PART_IN_USE)->isChecked());
+    QVERIFY(window()->isWindowModified());
+    rightClickRow(0);
+    QVERIFY(choose(4).endsWith("Ctrl+U"));
+    QCOMPARE(table()->item(0, 8)->text(), QString("yes"));
+    m_frame->OnEnterIdle();
+    QVERIFY(command(ID_PART_IN_USE)->isChecked());
+    command(ID_PART_IN_USE)->trigger(); // from the menu bar
+    QCOMPARE(table()->item(0, 8)->text(), QString("no"));
+}
+
+void tst_PartsbookMenus::checkMarkOfTheMessageWindow()
+{
+    QAction* const messages = command(ID_VIEW_MESSAGES);
+    m_frame->OnEnterIdle();
+    QVERIFY(!messages->isChecked());
+    messages->trigger();
+    QVERIFY(isMessageWindowVisible());
+    m_frame->OnEnterIdle();
+    QVERIFY(messages->isChecked());
+    messages->trigger();
+    QVERIFY(!isMessageWindowVisible());
+    m_frame->OnEnterIdle();
+    QVERIFY(!messages->isChecked());
+    messages->trigger();
+    window()->findChild<CTavoView*>()->close(); // by its frame
+    m_frame->OnEnterIdle();
+    QVERIFY(!messages->isChecked());
+}
+
+void tst_PartsbookMenus::recentFiles()
+{
+    auto* const menu = window()->findChild<QMenu*>("fileMenu");
+    const QString name = m_folder->filePath("a && b.csv");
+    const QAction* const recent = CMenu_X::findAction(ID_FILE_MRU_FILE1, menu);
+    QVERIFY(recent);
+    QCOMPARE(recent->text(), name);
+    command(ID_PART_IN_USE)->trigger();
+    QCOMPARE(table()->item(0, 8)->text(), QString("no"));
+
+    const ModalDriver<QMessageBox> question([](QMessageBox* box) {
+        for (QAbstractButton* button : box->buttons()) {
+            if (button->text().remove('&') == "No")
+                button->click();
+        }
+    });
+    const auto* const bar = window()->findChild<QMenuBar*>();
+    m_input.movePointer(onScreen(bar, bar->actionGeometry(menu->menuAction()).center()));
+    QGuiApplication::sync();
+    m_input.clickButton(1);
+    QTRY_VERIFY(menu->isVisible() && menu->windowHandle()->isExposed());
+    m_input.movePointer(m_input.windowOrigin(menu->winId())
+                        + menu->actionGeometry(const_cast<QAction*>(recent)).center());
+    QGuiApplication::sync();
+    QCoreApplication::processEvents();
+    m_input.clickButton(1);
+    QTRY_VERIFY(question.hasActed());
+    QTRY_COMPARE(table()->item(0, 8)->text(), QString("yes"));
+    QVERIFY(CMenu_X::findAction(ID_FILE_MRU_FILE1, menu));
+}
+
+XE_TEST(tst_PartsbookMenus)
+#include "tst_partsbookmenus.moc"
