@@ -258,7 +258,11 @@ void tst_SynchStress::closedWithAWaiterInside_data()
     };
     row("auto-reset event", [](LPCWSTR name) { return CreateEvent(nullptr, FALSE, FALSE, name); });
     row("manual-reset event", [](LPCWSTR name) { return CreateEvent(nullptr, TRUE, FALSE, name); });
-    row("mutex that another has", [](LPCWSTR name) { return CreateMutex(nullptr, TRUE, name); });
+    row("mutex of a thread that has ended", [](LPCWSTR name) {
+        const HANDLE mutex = CreateMutex(nullptr, FALSE, name);
+        std::thread([mutex] { WaitForSingleObject(mutex, 0); }).join();
+        return mutex;
+    });
     row("semaphore", [](LPCWSTR name) { return CreateSemaphore(nullptr, 0, 1, name); });
 }
 
