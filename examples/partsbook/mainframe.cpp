@@ -1,6 +1,8 @@
 #include "mainframe.h"
 #include "ui_mainframe.h" // ahead of resource.h, whose macros have the names of its members
 
+#include "bookdialogs.h"
+#include "bookprinter.h"
 #include "commandupdates.h"
 #include "control.h"
 #include "hostservices.h"
@@ -11,11 +13,14 @@
 #include "settings.h"
 #include "text.h"
 
-#include <QFileDialog>
+#include <QDate>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QPainter>
 #include <QScreen>
+#include <xeafxdc.h>
+#include <xeafxdlgs.h>
 #include <xeafxdump.h>
 
 #include <algorithm>
@@ -78,6 +83,9 @@ void CMainFrame::ConnectCommands()
     QWidget* const window = GetSafeHwnd();
     Connect(ID_FILE_OPEN, SIGNAL(triggered()), this, SLOT(OnFileOpen()), window);
     Connect(ID_FILE_SAVE_AS, SIGNAL(triggered()), this, SLOT(OnFileSaveAs()), window);
+    Connect(ID_FILE_IMPORT, SIGNAL(triggered()), this, SLOT(OnFileImport()), window);
+    Connect(ID_FILE_PRINT, SIGNAL(triggered()), this, SLOT(OnFilePrint()), window);
+    Connect(ID_FILE_BACK_UP, SIGNAL(triggered()), this, SLOT(OnFileBackUp()), window);
     Connect(ID_FILE_SAVE, SIGNAL(triggered()), this, SLOT(OnFileSave()), window);
     Connect(ID_APP_EXIT, SIGNAL(triggered()), this, SLOT(OnAppExit()), window);
     Connect(ID_PART_NEW, SIGNAL(triggered()), this, SLOT(OnPartNew()), window);
@@ -87,6 +95,7 @@ void CMainFrame::ConnectCommands()
     Connect(ID_EDIT_FIND, SIGNAL(triggered()), this, SLOT(OnEditFind()), window);
     Connect(ID_EDIT_REPEAT, SIGNAL(triggered()), this, SLOT(OnEditRepeat()), window);
     Connect(ID_VIEW_MESSAGES, SIGNAL(triggered()), this, SLOT(OnViewMessages()), window);
+    Connect(ID_VIEW_SHORT_COLOR, SIGNAL(triggered()), this, SLOT(OnViewShortColor()), window);
     Connect(IDC_PARTS, SIGNAL(cellActivated(int, int)), this, SLOT(OnPartEdit()), window);
     Connect(IDC_PARTS, SIGNAL(currentCellChanged(int, int, int, int)), this, SLOT(OnPartSelected()), window);
     Connect(this, SIGNAL(updateCmdUi()), this, SLOT(OnUpdateCommands()));
@@ -151,29 +160,39 @@ bool CMainFrame::MayClose()
 bool CMainFrame::OpenBook(const QString& fileName)
 {
     if (!m_book.load(fileName)) {
-        log(IDS_LOG_NOT_READ, CString_X(fileName), m_book.error());
-        MessageBox(formatText(loadText(IDS_CANNOT_READ), CString_X(fileName), m_book.error()), nullptr,
-                   MB_OK | MB_ICONERROR);
+        ReportUnread(fileName, m_book.error());
         return false;
     }
     log(IDS_LOG_OPENED, CString_X(fileName), m_book.count());
     ShowName();
-    showParts(Table(), m_book);
+    ShowParts();
     SelectRow(0);
-    ShowChart();
     OnTimer(statusTimer);
-    if (!m_book.badLines().empty())
-        ReportBadLines();
+    ReportBadLines(m_book);
     return true;
 }
 
-void CMainFrame::ReportBadLines()
+void CMainFrame::ReportUnread(const QString& fileName, const CString_X& error)
 {
-    const int count = static_cast<int>(m_book.badLines().size());
+    log(IDS_LOG_NOT_READ, CString_X(fileName), error);
+    MessageBox(formatText(loadText(IDS_CANNOT_READ), CString_X(fileName), error), nullptr, MB_OK | MB_ICONERROR);
+}
+
+void CMainFrame::ReportUnwritten(const QString& fileName, const CString_X& error)
+{
+    log(IDS_LOG_NOT_SAVED, CString_X(fileName), error);
+    MessageBox(formatText(loadText(IDS_CANNOT_WRITE), CString_X(fileName), error), nullptr, MB_OK | MB_ICONERROR);
+}
+
+void CMainFrame::ReportBadLines(const PartsBook& book)
+{
+    if (book.badLines().empty())
+        return;
+    const int count = static_cast<int>(book.badLines().size());
     const int shown = std::min(count, mostBadLinesShown);
-    CString_X report = formatText(loadText(IDS_BAD_LINES), count, shortName(m_book));
+    CString_X report = formatText(loadText(IDS_BAD_LINES), count, shortName(book));
     for (int i = 0; i < shown; ++i) {
-        const PartsBook::BadLine& bad = m_book.badLines()[static_cast<std::size_t>(i)];
+        const PartsBook::BadLine& bad = book.badLines()[static_cast<std::size_t>(i)];
         report += formatText(loadText(IDS_BAD_LINE), bad.line, bad.problem);
     }
     if (shown < count)
@@ -184,9 +203,7 @@ void CMainFrame::ReportBadLines()
 bool CMainFrame::SaveBook(const QString& fileName)
 {
     if (!m_book.saveAs(fileName)) {
-        log(IDS_LOG_NOT_SAVED, CString_X(fileName), m_book.error());
-        MessageBox(formatText(loadText(IDS_CANNOT_WRITE), CString_X(fileName), m_book.error()), nullptr,
-                   MB_OK | MB_ICONERROR);
+        ReportUnwritten(fileName, m_book.error());
         return false;
     }
     log(IDS_LOG_SAVED, CString_X(fileName), m_book.count());
@@ -212,20 +229,71 @@ void CMainFrame::ShowRecentFiles()
 
 void CMainFrame::OnFileOpen()
 {
-    const QString name =
-        QFileDialog::getOpenFileName(GetSafeHwnd(), XeQString(loadText(IDS_OPEN)), m_book.fileName(),
-                                     XeQString(loadText(IDS_FILE_KINDS)), nullptr, QFileDialog::DontUseNativeDialog);
+    const QString name = askForBook(*this, m_book.fileName());
     if (!name.isEmpty() && MayClose())
         OpenBook(name);
 }
 
 void CMainFrame::OnFileSaveAs()
 {
-    const QString name =
-        QFileDialog::getSaveFileName(GetSafeHwnd(), XeQString(loadText(IDS_SAVE_AS)), m_book.fileName(),
-                                     XeQString(loadText(IDS_FILE_KINDS)), nullptr, QFileDialog::DontUseNativeDialog);
+    const QString name = askForNewBook(*this, m_book.fileName());
     if (!name.isEmpty())
         SaveBook(name);
+}
+
+// Adds the parts of other books to this one.
+void CMainFrame::OnFileImport()
+{
+    const int before = m_book.count();
+    const QStringList names = askForBooks(*this, QFileInfo(m_book.fileName()).absolutePath());
+    const auto isImported = [this](const QString& name) { return Import(name); };
+    if (std::count_if(names.begin(), names.end(), isImported) == 0)
+        return;
+    ShowParts();
+    if (m_book.count() > before)
+        SelectRow(before);
+    ShowStatus(formatText(loadText(IDS_IMPORTED), m_book.count() - before));
+}
+
+bool CMainFrame::Import(const QString& fileName)
+{
+    PartsBook other;
+    if (!other.load(fileName)) {
+        ReportUnread(fileName, other.error());
+        return false;
+    }
+    for (int row = 0; row < other.count(); ++row)
+        m_book.add(other.part(row));
+    ReportBadLines(other);
+    return true;
+}
+
+void CMainFrame::OnFilePrint()
+{
+    CPrintDialog_X dialog(FALSE, PD_ALLPAGES | PD_NOSELECTION | PD_NOPAGENUMS, this);
+    auto* const painter = dialog.DoModal() == IDOK ? static_cast<QPainter*>(dialog.GetPrinterDC()) : nullptr;
+    if (!painter)
+        return;
+    printBook(*painter, m_book, shortName(m_book));
+    DeleteDC_X(painter);
+    const CString_X target = dialog.GetPortName().IsEmpty() ? dialog.GetDeviceName() : dialog.GetPortName();
+    ShowStatus(IDS_PRINTED, CString_X(QFileInfo(XeQString(target)).fileName()));
+}
+
+// A copy of the book as it is shown, saved or not, with the day in its name.
+void CMainFrame::OnFileBackUp()
+{
+    const QString folder = askForFolder();
+    if (folder.isEmpty())
+        return;
+    const QFileInfo book(m_book.fileName());
+    const QString name =
+        QStringLiteral("%1/%2 %3.%4")
+            .arg(folder, book.completeBaseName(), QDate::currentDate().toString(Qt::ISODate), book.suffix());
+    if (m_book.copyTo(name))
+        ShowStatus(IDS_BACKED_UP, CString_X(folder));
+    else
+        ReportUnwritten(name, m_book.error());
 }
 
 void CMainFrame::OnFileRecent()
@@ -304,9 +372,15 @@ void CMainFrame::OnContextMenu(QWidget*, CPoint point)
         control<QAction>(*this, static_cast<unsigned>(command)).trigger();
 }
 
+void CMainFrame::ShowParts()
+{
+    showParts(Table(), m_book, settings::shortColor());
+    ShowChart();
+}
+
 void CMainFrame::ShowPart(int row)
 {
-    showPart(Table(), row, m_book.part(row));
+    showPart(Table(), row, m_book.part(row), settings::shortColor());
     SelectRow(row);
     ShowChart();
 }
@@ -361,10 +435,12 @@ LRESULT CMainFrame::OnFindPart(WPARAM matchCase, LPARAM text)
 
 // ----------------------------------------------------------------------------------------------- status and messages
 
+void CMainFrame::ShowStatus(unsigned format, const CString_X& text) { ShowStatus(formatText(loadText(format), text)); }
+
 // Shows a text until the timer takes it away.
-void CMainFrame::ShowStatus(unsigned format, const CString_X& text)
+void CMainFrame::ShowStatus(const CString_X& text)
 {
-    m_status->setText(XeQString(formatText(loadText(format), text)));
+    m_status->setText(XeQString(text));
     KillTimer(statusTimer);
     SetTimer(statusTimer, statusTime);
 }
@@ -386,6 +462,15 @@ void CMainFrame::OnViewMessages()
         m_messages.ShowWindow(SW_HIDE);
     else
         m_messages.Open(this);
+}
+
+void CMainFrame::OnViewShortColor()
+{
+    COLORREF color = settings::shortColor();
+    if (!askForColor(*this, color))
+        return;
+    settings::setShortColor(color);
+    ShowParts();
 }
 
 bool CMainFrame::TraceTo(const QString& fileName)

@@ -47,6 +47,9 @@ private Q_SLOTS:
     void OnFileOpen();
     void OnFileSave() { SaveBook(m_book.fileName()); }
     void OnFileSaveAs();
+    void OnFileImport();
+    void OnFilePrint();
+    void OnFileBackUp();
     void OnFileRecent();
     void OnAppExit();
     void OnPartNew();
@@ -56,6 +59,7 @@ private Q_SLOTS:
     void OnEditFind();
     void OnEditRepeat();
     void OnViewMessages();
+    void OnViewShortColor();
     void OnPartSelected();
     void OnUpdateCommands();
 
@@ -66,12 +70,17 @@ private:
     void ShowRecentFiles();
     void RestorePlace();
     bool MayClose();
-    void ReportBadLines();
+    void ReportBadLines(const PartsBook& book);
+    void ReportUnread(const QString& fileName, const CString_X& error);
+    void ReportUnwritten(const QString& fileName, const CString_X& error);
+    bool Import(const QString& fileName);
+    void ShowParts();
     void ShowPart(int row);
     void ShowChart();
     QTableWidget& Table() const;
     int SelectedRow() const;
     void SelectRow(int row);
+    void ShowStatus(const CString_X& text);
     void ShowStatus(unsigned format, const CString_X& text);
 
     QLabel* m_status = nullptr; // the status bar's

@@ -80,9 +80,14 @@ void PartsBook::take(const CsvRecord& record)
         m_badLines.push_back({record.line, problem});
 }
 
+bool PartsBook::copyTo(const QString& fileName)
+{
+    return writeWhole(fileName, isArchive(fileName) ? archive() : csv(), m_error);
+}
+
 bool PartsBook::saveAs(const QString& fileName)
 {
-    if (!writeWhole(fileName, isArchive(fileName) ? archive() : csv(), m_error))
+    if (!copyTo(fileName))
         return false;
     m_fileName = fileName;
     m_modified = false;

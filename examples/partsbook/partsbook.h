@@ -27,7 +27,9 @@ public:
     /// Writes the book to this file, whose name says in which form, and goes on with it. False if that fails: then file
     /// and book are as they were.
     bool saveAs(const QString& fileName);
-    /// Why the last load() or save() failed.
+    /// Writes the book to this file, and goes on with the one that it has. False if that fails.
+    bool copyTo(const QString& fileName);
+    /// Why the last load(), save() or copyTo() failed.
     const CString_X& error() const { return m_error; }
 
     const QString& fileName() const { return m_fileName; }

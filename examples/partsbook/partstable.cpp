@@ -20,14 +20,15 @@ const Column columns[]{
 };
 constexpr int rowHeight = 26;
 
-const QColor shortColour(0xc0, 0x39, 0x2b);
-const QColor unusedColour(0x9a, 0xa3, 0xaf);
+const QColor unusedColor(0x9a, 0xa3, 0xaf);
 
-QColor colourOf(const Part& part, const QPalette& palette)
+QColor toQColor(COLORREF color) { return {GetRValue(color), GetGValue(color), GetBValue(color)}; }
+
+QColor colorOf(const Part& part, const QPalette& palette, COLORREF shortColor)
 {
     if (!part.inUse)
-        return unusedColour;
-    return part.isShort() ? shortColour : palette.color(QPalette::Text);
+        return unusedColor;
+    return part.isShort() ? toQColor(shortColor) : palette.color(QPalette::Text);
 }
 
 } // namespace
@@ -43,20 +44,20 @@ void setUpPartsTable(QTableWidget& table)
     }
 }
 
-void showParts(QTableWidget& table, const PartsBook& book)
+void showParts(QTableWidget& table, const PartsBook& book, COLORREF shortColor)
 {
     table.setRowCount(book.count());
     for (int row = 0; row < book.count(); ++row)
-        showPart(table, row, book.part(row));
+        showPart(table, row, book.part(row), shortColor);
 }
 
-void showPart(QTableWidget& table, int row, const Part& part)
+void showPart(QTableWidget& table, int row, const Part& part, COLORREF shortColor)
 {
     int column = 0;
     for (const CString_X& field : fieldsOf(part)) {
         auto* const item = new QTableWidgetItem(XeQString(field));
         item->setTextAlignment(columns[column].alignment | Qt::AlignVCenter);
-        item->setForeground(colourOf(part, table.palette()));
+        item->setForeground(colorOf(part, table.palette(), shortColor));
         table.setItem(row, column++, item);
     }
 }

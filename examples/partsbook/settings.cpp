@@ -67,6 +67,7 @@ void Key::set(const wchar_t* name, int number) const
 }
 
 constexpr const wchar_t* windowKey = L"Software\\PartsBook\\Window";
+constexpr const wchar_t* viewKey = L"Software\\PartsBook\\View";
 constexpr const wchar_t* filesKey = L"Software\\PartsBook\\Files";
 
 CString_X fileName(int place) { return formatText(L"File%d", place); }
@@ -87,6 +88,14 @@ void settings::setWindowPlace(const QRect& place)
     key.set(L"Width", place.width());
     key.set(L"Height", place.height());
 }
+
+COLORREF settings::shortColor()
+{
+    constexpr COLORREF red = RGB(0xc0, 0x39, 0x2b);
+    return static_cast<COLORREF>(Key(viewKey).number(L"ShortColor", static_cast<int>(red)));
+}
+
+void settings::setShortColor(COLORREF color) { Key(viewKey).set(L"ShortColor", static_cast<int>(color)); }
 
 std::vector<CString_X> settings::recentFiles()
 {

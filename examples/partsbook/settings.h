@@ -2,6 +2,7 @@
 
 #include <QRect>
 #include <xeafxstr.h>
+#include <xecolor.h>
 
 #include <vector>
 
@@ -11,6 +12,10 @@ namespace settings {
 /// The place of the main window on the screen; an invalid rectangle if there is none yet.
 QRect windowPlace();
 void setWindowPlace(const QRect& place);
+
+/// The colour of the parts that are short.
+COLORREF shortColor();
+void setShortColor(COLORREF color);
 
 constexpr int mostRecentFiles = 4;
 

@@ -9,6 +9,8 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -76,6 +78,8 @@ private slots:
     void findAgain();
 
     void saves();
+    void savesUnderTheSuffixOfTheType_data();
+    void savesUnderTheSuffixOfTheType();
     void aFileThatCannotBeWritten();
     void statusGoesAway();
     void closesWithoutAQuestion();
@@ -369,6 +373,32 @@ void tst_PartsbookFrame::saves()
     QCOMPARE(status(), QString("Saved parts.csv 已保存"));
     QVERIFY(!window()->isWindowModified());
     QVERIFY(!command(ID_FILE_SAVE)->isEnabled());
+}
+
+void tst_PartsbookFrame::savesUnderTheSuffixOfTheType_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("CSV") << 0 << "copy.csv";
+    QTest::newRow("an archive") << 1 << "copy.parts";
+}
+
+void tst_PartsbookFrame::savesUnderTheSuffixOfTheType()
+{
+    QVERIFY(open(heading + screw));
+    QFETCH(const int, type);
+    const ModalDriver<QFileDialog> driver([type](QFileDialog* dialog) {
+        auto* const types = dialog->findChild<QComboBox*>("fileTypeCombo");
+        for (int i = 0; i < type; ++i)
+            QTest::keyClick(types, Qt::Key_Down);
+        dialog->findChild<QLineEdit*>("fileNameEdit")->setText("copy");
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    command(ID_FILE_SAVE_AS)->trigger();
+    QVERIFY(driver.hasActed());
+    QFETCH(const QString, name);
+    QVERIFY(QFile::exists(m_folder->filePath(name)));
+    QCOMPARE(window()->windowTitle(), "Parts Book 零件簿 - " + name + "[*]");
 }
 
 void tst_PartsbookFrame::aFileThatCannotBeWritten()
