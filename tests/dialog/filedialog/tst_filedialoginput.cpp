@@ -43,7 +43,7 @@ class tst_FileDialogInput : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QVERIFY(m_input.isUsable()); }
+    void initTestCase();
     void init();
     void cleanup();
 
@@ -77,6 +77,12 @@ private:
     std::unique_ptr<FileFolder> m_files;
 };
 
+void tst_FileDialogInput::initTestCase()
+{
+    QVERIFY(m_input.isUsable());
+    QApplication::setDoubleClickInterval(3000); // on a busy machine the second click comes late
+}
+
 void tst_FileDialogInput::init()
 {
     m_files = std::make_unique<FileFolder>(QStringList({"a.csv", "b.csv", "sub/", "sub/c.csv"}));
@@ -101,6 +107,9 @@ int tst_FileDialogInput::run(NotingDialog& dialog, const QStringList& entries, A
             shown.dialog.activateWindow();
             return shown.dialog.isActiveWindow();
         }));
+        QVERIFY(QTest::qWaitFor([&] {
+            return shown.dialog.mapToGlobal({0, 0}) == m_input.windowOrigin(shown.dialog.winId());
+        }));
         action(shown);
     });
 }
@@ -124,7 +133,9 @@ void tst_FileDialogInput::click(const QWidget& widget, QPoint place)
 
 void tst_FileDialogInput::click(const Shown& shown, const QString& name)
 {
-    click(*shown.list().viewport(), shown.list().visualRect(shown.entry(name)).center());
+    const auto place = [&] { return shown.list().visualRect(shown.entry(name)).center(); };
+    QVERIFY(QTest::qWaitFor([&] { return shown.list().indexAt(place()) == shown.entry(name); }));
+    click(*shown.list().viewport(), place());
 }
 
 void tst_FileDialogInput::doubleClick(const Shown& shown, const QString& name)
