@@ -1,6 +1,7 @@
 #include <XeMFCEmu.h>
 
 #include <QApplication>
+#include <QPrinter>
 
 #include <cstdio>
 
@@ -10,5 +11,8 @@ int main(int argc, char** argv)
     QWidget widget;
     CWnd_X window;
     window.SubclassWindow(&widget);
+    const QPrinter printer; // of a Qt module that the package brings along
+    if (printer.paintingActive() || CPrintDialog_X(FALSE).GetPrinterDC())
+        return 1;
     std::printf("%s %d\n", window.GetClassName(), CWnd_X::FromHandlePermanent(&widget) == &window);
 }
