@@ -366,7 +366,8 @@ class XE_EXPORT CPrintDialog_X : public CCommonDialog_X
     /// there is none.
     void OnPrintSetup();
 
-    /// Makes a QPrintDialog on a printer of its own with this Qt parent, and attaches it as an owned one.
+    /// Makes a QPrintDialog on a printer of its own with this Qt parent, and attaches it as an owned one. A host that
+    /// attaches another dialog sees to it that its printer outlives the painter.
     bool AttachDefault(QWidget* parent) override;
     /// As a window's; also has the dialog's acceptance call OnPrintBtnClicked().
     void OnMessageMap() override;
