@@ -7,6 +7,7 @@
 #include "xeafxarray.h"
 #include "xeafxbar.h"
 #include "xeafxcoll.h"
+#include "xeafxctrl.h"
 #include "xeafxdc.h"
 #include "xeafxddx.h"
 #include "xeafxdlg.h"

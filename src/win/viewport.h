@@ -27,8 +27,8 @@ public:
     /// Whether an event of the viewport is one of the area's, which it remembers.
     bool tells(const QEvent& event);
 
-    /// Whether an event of the area is the one that its viewport has had: nobody accepted it there, so Qt goes on to the
-    /// parent. It is forgotten.
+    /// Whether an event of the area is the one that its viewport has had: nobody accepted it there, so Qt goes on to
+    /// the parent. It is forgotten.
     bool hasTold(const QEvent& event);
 
 private:
