@@ -288,3 +288,205 @@ class XE_EXPORT CRichEditCtrl_X : public CWnd_X
     void GetWindowText(CString_X& text) const override;
     void SetWindowText(const wchar_t* text) override;
 };
+
+// --------------------------------------------------------------------------------------------------------- combo boxes
+
+/// A box with a list to choose from, with or without a field: a QComboBox, by Create() an XeCUIComboBox.
+///
+/// The signals of the widget are blocked while the members change it, all but Clear(): a slot of the host runs for what
+/// the user does. Nothing is sorted. Indices count from 0; without a widget the results are CB_ERR.
+class XE_EXPORT CComboBox_X : public CWnd_X
+{
+    Q_OBJECT
+    DECLARE_DYNCREATE_X(CComboBox_X)
+    DECLARE_IMP_CLASS_X(QComboBox)
+
+    CComboBox_X() : CWnd_X(Control()) {}
+
+    /// Makes a box without a field.
+    int Create(QWidget* parent) override { return CWnd_X::Create(parent); }
+    /// Makes a box in a place of the parent's. CBS_DROPDOWNLIST has no field, every other kind has one and drops down.
+    /// WS_VSCROLL is taken away; WS_HSCROLL is not and lays a scroll bar over the box. The height of the rectangle is
+    /// the height of the box, unlike the published one, which includes the list. `id` has no meaning. 0 if the
+    /// attachment fails, otherwise 1.
+    int Create(DWORD style, const tagRECT& rect, xe::detail::ParentWindow parent, UINT id = 0);
+
+    /// The number of items, and CB_ERR for an *empty* box, unlike the published function.
+    int GetCount() const;
+    int GetCurSel() const;
+    /// Makes an item current, with -1 none. The index that is current then.
+    int SetCurSel(int index);
+
+    /// Appends an item. What is current or typed stays so: the first item does not become current. The new item's
+    /// index.
+    int AddString(const wchar_t* text);
+    /// The same in front of an item; an index of -1 or behind the end appends.
+    int InsertString(int index, const wchar_t* text);
+    /// Removes an item. If it is the current one, a neighbour becomes current. The number of items left, 0 too; an
+    /// index without an item changes nothing.
+    int DeleteString(UINT index);
+    void ResetContent();
+    /// Removes all items, with signals: unlike the published function it is not about the selection in the field.
+    void Clear();
+
+    /// The first item from `start` on that begins with the text, or is equal to it, upper and lower case alike.
+    /// CB_ERR if there is none: unlike the published functions these do not go round, and `start` is looked at too.
+    int FindString(int start, const wchar_t* text) const;
+    int FindStringExact(int start, const wchar_t* text) const;
+    /// Makes the first item of all current that is equal to the text, upper and lower case alike, or, where both are
+    /// numbers, less than 1 away from it: "1.5" finds "2.25". Unlike in the published function `start` has no meaning
+    /// and the beginning of an item is not enough. The index, CB_ERR if there is none.
+    int SelectString(int start, const wchar_t* text);
+    /// Fills in the text of an item, an empty one for an index without. Its length.
+    int GetLBText(int index, CString_X& text) const;
+
+    /// The field; null in a box without.
+    QLineEdit* GetEditBox() const;
+    /// The ends of the selection in the field; without one both are the caret's position. Without a field nothing is
+    /// written. 1, or 0 without a field.
+    BOOL GetEditSel(int& start, int& end) const;
+    /// Selects in the field: nothing for a `start` of -1, all for an `end` of -1, otherwise *`end` characters* from
+    /// `start` on, unlike the published function. A `start` behind the text puts the caret at the end. 1, or 0 without
+    /// a field.
+    BOOL SetEditSel(int start, int end);
+    /// With index -1 gives the field of a box this height in pixels; any other index does nothing. 0; CB_ERR without a
+    /// field.
+    int SetItemHeight(int index, UINT height);
+    void ShowDropDown(int show = TRUE);
+    /// Gives the list this width in pixels, which is the result.
+    int SetDroppedWidth(UINT width);
+    int GetDroppedWidth() const;
+
+    /// Stores a number with an item, under Qt::UserRole. Its low 32 bits.
+    int SetItemData(int index, unsigned long long data);
+    /// That number; 0 if there is none.
+    DWORD_PTR GetItemData(int index) const;
+    /// Stores a pointer with an item, in the place of the number. 0.
+    int SetItemDataPtr(int index, void* data);
+    /// That pointer; null if there is none, also when there is a number.
+    void* GetItemDataPtr(int index) const;
+
+    bool AttachDefault(QWidget* parent) override;
+    /// The current text, or what is typed.
+    void GetWindowText(CString_X& text) const override;
+    /// Types a text into the field and makes the item current that is exactly equal to it. A box without a field takes
+    /// only such a text.
+    void SetWindowText(const wchar_t* text) override;
+};
+
+/// What CComboBoxEx_X::InsertItem() takes.
+struct tagCOMBOBOXEXITEMW_X
+{
+    UINT mask; ///< has no meaning: all fields count
+    INT_PTR iItem;
+    LPWSTR pszText;
+    int cchTextMax;
+    int iImage;
+};
+
+using COMBOBOXEXITEM = tagCOMBOBOXEXITEMW_X;
+
+/// A combo box whose items have pictures.
+class XE_EXPORT CComboBoxEx_X : public CComboBox_X
+{
+    Q_OBJECT
+    DECLARE_DYNCREATE_X(CComboBoxEx_X)
+
+    /// InsertString() of the record's item and text, with the picture of the list of this index, if there is one. The
+    /// new item's index; -1 for null.
+    int InsertItem(const tagCOMBOBOXEXITEMW_X* item);
+    /// Takes a list of pictures for the items to come, whose bitmaps stay the caller's. A copy of the old one.
+    CImageList_X SetImageList(const CImageList_X& list);
+
+    CImageList_X imageList;
+    /// Pictures that go before those of the list, by the same indices. They belong to whoever puts them in.
+    QList<CBitmap_X*> itemImages;
+};
+
+// ---------------------------------------------------------------------------------------------------------- list boxes
+
+/// A list of texts: a QListWidget.
+///
+/// The signals of the widget are blocked while the members change it. Nothing is sorted. Indices count from 0; without
+/// a widget the results are LB_ERR. Create() gives it no second scroll bars: it scrolls by its own.
+///
+/// Mouse, wheel and context menu come with points in the viewport, as the places of the items are: see CWnd_X.
+class XE_EXPORT CListBox_X : public CWnd_X
+{
+    Q_OBJECT
+    DECLARE_DYNCREATE_X(CListBox_X)
+    DECLARE_IMP_CLASS_X(QListWidget)
+
+    CListBox_X() : CWnd_X(Control()) {}
+
+    /// Makes a list in a place of the parent's, with LBS_MULTIPLESEL one of which many items can be selected. `id` has
+    /// no meaning. 0 if the attachment fails, otherwise 1.
+    int Create(DWORD style, const tagRECT& rect, xe::detail::ParentWindow parent, UINT id = 0);
+    int Create(QWidget* parent) override { return CWnd_X::Create(parent); }
+
+    /// The number of items, 0 for an empty list and without a widget.
+    int GetCount() const;
+    int GetCurSel() const;
+    /// Makes an item current, with -1 none. The index, LB_ERR if there is no such item.
+    int SetCurSel(int index);
+
+    /// Appends an item. Its index.
+    int AddString(const wchar_t* text);
+    /// The same in front of an item; an index of -1 or behind the end appends.
+    int InsertString(int index, const wchar_t* text);
+    /// Removes an item. The number of items left, LB_ERR if there is no such item.
+    int DeleteString(UINT index);
+    void ResetContent();
+
+    /// Fills in the text of an item, and leaves `text` alone if there is none. Its length; LB_ERR.
+    int GetText(int index, CString_X& text) const;
+    /// The number that the widget's item holds under Qt::UserRole, which the widget alone can set: there is no
+    /// SetItemData(). All ones if there is no such item.
+    DWORD_PTR GetItemData(int index) const;
+    /// Where an item is in the viewport. 0; LB_ERR, with `rect` untouched, if there is no such item, and for null.
+    int GetItemRect(int index, tagRECT* rect) const;
+    /// The item at a point of the viewport, LB_ERR if there is none. `outside` is not written, unlike in the published
+    /// function.
+    int ItemFromPoint(CPoint point, int& outside) const;
+
+    /// The number of selected items, LB_ERR where only one can be selected.
+    int GetSelCount() const;
+    /// Writes the indices of the selected items, at most `max`, in the order in which Qt keeps them. How many it has
+    /// written; LB_ERR where only one can be selected.
+    int GetSelItems(int max, int* rows) const;
+
+    /// Makes the first item current that is at `start` or behind it and equal to the text, upper and lower case apart,
+    /// unlike in the published function. Its index, LB_ERR if there is none.
+    int SelectString(int start, const wchar_t* text);
+    /// The first item *behind* `start` that begins with the text, upper and lower case alike. LB_ERR if there is none:
+    /// it does not go round, unlike the published function.
+    int FindString(int start, const wchar_t* text) const;
+
+    /// Do nothing; those with a result give 0.
+    void SetTabStops() {}
+    BOOL SetTabStops(const int&) { return FALSE; }
+    BOOL SetTabStops(int, int*) { return FALSE; }
+    /// GetListBoxInfo_X(): the number of items, unlike the published function.
+    DWORD GetListBoxInfo() const { return GetListBoxInfo_X(GetSafeHwnd()); }
+
+    bool AttachDefault(QWidget* parent) override;
+};
+
+/// A list box whose items have check boxes.
+class XE_EXPORT CCheckListBox_X : public CListBox_X
+{
+    Q_OBJECT
+    DECLARE_DYNCREATE_X(CCheckListBox_X)
+
+    /// CListBox_X::AddString() and InsertString(), with a check box that is not checked. The items that a wrapped
+    /// widget has already get none before SetCheck().
+    int AddString(const wchar_t* text);
+    int InsertString(int index, const wchar_t* text);
+
+    /// BST_CHECKED and BST_UNCHECKED, any other value is the third state. Nothing if there is no such item.
+    void SetCheck(int index, int check);
+    /// BST_UNCHECKED, BST_CHECKED or BST_INDETERMINATE; the last if there is no such item, and without a widget.
+    int GetCheck(int index) const;
+    /// Whether the user can select and check an item.
+    void Enable(int index, int enable = TRUE);
+};

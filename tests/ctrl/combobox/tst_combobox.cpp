@@ -1,0 +1,546 @@
+// Combo boxes: items, what is current, the field, and that the host's slots run for the user alone.
+
+#include "leavenothing.h"
+#include "messagetrace.h"
+#include "testclass.h"
+
+#include <XeMFCEmu.h>
+
+#include <XeCustomUI.h>
+
+#include <QAbstractItemView>
+#include <QSignalSpy>
+
+#include <climits>
+
+Q_DECLARE_METATYPE(CString_X)
+
+namespace {
+
+CString_X textOf(const CWnd_X& window)
+{
+    CString_X text(L"untouched");
+    window.GetWindowText(text);
+    return text;
+}
+
+QString itemsOf(const QComboBox& box)
+{
+    QStringList items;
+    for (int i = 0; i < box.count(); ++i)
+        items += box.itemText(i);
+    return items.join(QLatin1Char(' '));
+}
+
+// Counts what the box tells its clients.
+struct Signals
+{
+    explicit Signals(QComboBox& box)
+        : index(&box, QOverload<int>::of(&QComboBox::currentIndexChanged)),
+          text(&box, &QComboBox::currentTextChanged),
+          edited(&box, &QComboBox::editTextChanged)
+    {}
+
+    int count() const { return index.count() + text.count() + edited.count(); }
+
+    QSignalSpy index;
+    QSignalSpy text;
+    QSignalSpy edited;
+};
+
+// A wrapped box of these items.
+struct Stage
+{
+    explicit Stage(const QStringList& items = {}, bool editable = true)
+    {
+        box.setEditable(editable);
+        box.addItems(items);
+        combo.SubclassWindow(&box);
+    }
+
+    QComboBox box;
+    CComboBox_X combo;
+};
+
+const QStringList fruit{QStringLiteral("apple"), QStringLiteral("Pear"), QStringLiteral("plum"),
+                        QStringLiteral("pear")};
+
+} // namespace
+
+class tst_ComboBox : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(LeaveNothing::leftovers(), QString()); }
+
+    void created_data();
+    void created();
+    void createdWithoutStyle();
+    void scrollBarStyles();
+
+    void anEmptyBoxHasNoCount();
+    void addedItemsDoNotBecomeCurrent_data();
+    void addedItemsDoNotBecomeCurrent();
+    void whatIsTypedStays();
+    void inserting_data();
+    void inserting();
+    void insertingInFrontOfTheCurrentItem();
+    void addedItemsHaveNoData();
+    void deleting();
+    void clearing();
+    void itemTexts();
+
+    void finding_data();
+    void finding();
+    void selecting_data();
+    void selecting();
+    void programsAreSilentUsersAreHeard();
+
+    void windowText_data();
+    void windowText();
+    void editSelection_data();
+    void editSelection();
+    void readingTheEditSelection();
+    void itemHeight();
+    void dropDown();
+    void data();
+    void withoutAWidget();
+};
+
+// ------------------------------------------------------------------------------------------------------ creation
+
+void tst_ComboBox::created_data()
+{
+    QTest::addColumn<DWORD>("style");
+    QTest::addColumn<bool>("editable");
+    QTest::newRow("simple") << CBS_SIMPLE << true;
+    QTest::newRow("drop down") << CBS_DROPDOWN << true;
+    QTest::newRow("drop list") << CBS_DROPDOWNLIST << false;
+    QTest::newRow("no kind") << CBS_HASSTRINGS << true;
+    QTest::newRow("drop list among other bits") << (CBS_DROPDOWNLIST | CBS_SORT) << false;
+}
+
+void tst_ComboBox::created()
+{
+    QFETCH(DWORD, style);
+    QFETCH(bool, editable);
+    QWidget form;
+    CComboBox_X combo;
+    QCOMPARE(combo.Create(style, CRect(10, 20, 110, 50), &form, 7), 1);
+    auto* const box = qobject_cast<XeCUIComboBox*>(combo.GetSafeHwnd());
+    QVERIFY(box);
+    QCOMPARE(box->isEditable(), editable);
+    QCOMPARE(box->geometry(), QRect(10, 20, 100, 30));
+    QCOMPARE(combo.GetEditBox(), box->lineEdit());
+    QCOMPARE(combo.GetStyle(), style);
+}
+
+void tst_ComboBox::createdWithoutStyle()
+{
+    QWidget form;
+    CComboBox_X combo;
+    QCOMPARE(combo.Create(&form), 1);
+    QVERIFY(qobject_cast<XeCUIComboBox*>(combo.GetSafeHwnd()));
+    QVERIFY(!combo.GetEditBox());
+}
+
+void tst_ComboBox::scrollBarStyles()
+{
+    QWidget form;
+    CComboBox_X combo;
+    combo.Create(CBS_DROPDOWN | WS_VSCROLL | WS_HSCROLL, CRect(0, 0, 100, 30), &form);
+    QVERIFY(!combo.GetScrollBarCtrl(SB_VERT));
+    QVERIFY(combo.GetScrollBarCtrl(SB_HORZ));
+    QCOMPARE(combo.GetStyle(), CBS_DROPDOWN | WS_HSCROLL);
+}
+
+// --------------------------------------------------------------------------------------------------------- items
+
+void tst_ComboBox::anEmptyBoxHasNoCount()
+{
+    Stage stage;
+    QCOMPARE(stage.combo.GetCount(), CB_ERR);
+    stage.box.addItem(QString());
+    QCOMPARE(stage.combo.GetCount(), 1);
+}
+
+void tst_ComboBox::addedItemsDoNotBecomeCurrent_data()
+{
+    QTest::addColumn<bool>("editable");
+    QTest::newRow("with field") << true;
+    QTest::newRow("without field") << false;
+}
+
+void tst_ComboBox::addedItemsDoNotBecomeCurrent()
+{
+    QFETCH(bool, editable);
+    Stage stage({}, editable);
+    const Signals heard(stage.box);
+    QCOMPARE(stage.combo.AddString(L"零件 😀"), 0);
+    QCOMPARE(stage.combo.GetCurSel(), -1);
+    QCOMPARE(stage.combo.AddString(L"b"), 1);
+    QCOMPARE(stage.combo.AddString(nullptr), 2);
+    QCOMPARE(stage.combo.GetCurSel(), -1);
+    QCOMPARE(textOf(stage.combo), CString_X());
+    QCOMPARE(itemsOf(stage.box), QStringLiteral("零件 😀 b "));
+    QCOMPARE(stage.combo.SetCurSel(1), 1);
+    QCOMPARE(stage.combo.AddString(L"c"), 3);
+    QCOMPARE(stage.combo.GetCurSel(), 1);
+    QCOMPARE(heard.count(), 0);
+}
+
+void tst_ComboBox::whatIsTypedStays()
+{
+    Stage stage;
+    QTest::keyClicks(&stage.box, QStringLiteral("typed"));
+    stage.box.lineEdit()->setCursorPosition(2);
+    QSignalSpy changes(stage.box.lineEdit(), &QLineEdit::textChanged);
+    stage.combo.InsertString(0, L"first");
+    QCOMPARE(textOf(stage.combo), CString_X(L"typed"));
+    QCOMPARE(stage.box.lineEdit()->cursorPosition(), 2);
+    QCOMPARE(stage.combo.GetCurSel(), -1);
+    QCOMPARE(changes.count(), 0);
+}
+
+void tst_ComboBox::inserting_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<int>("place");
+    QTest::newRow("in front") << 0 << 0;
+    QTest::newRow("between") << 1 << 1;
+    QTest::newRow("behind") << 2 << 2;
+    QTest::newRow("-1 appends") << -1 << 2;
+    QTest::newRow("below -1 too") << INT_MIN << 2;
+    QTest::newRow("above the count appends") << 9 << 2;
+}
+
+void tst_ComboBox::inserting()
+{
+    QFETCH(int, index);
+    Stage stage({QStringLiteral("a"), QStringLiteral("b")});
+    QTEST(stage.combo.InsertString(index, L"new"), "place");
+    QTEST(stage.box.findText(QStringLiteral("new")), "place");
+}
+
+void tst_ComboBox::insertingInFrontOfTheCurrentItem()
+{
+    Stage stage({QStringLiteral("a"), QStringLiteral("b")});
+    stage.combo.SetCurSel(1);
+    stage.combo.InsertString(0, L"new");
+    QCOMPARE(stage.combo.GetCurSel(), 2);
+    QCOMPARE(textOf(stage.combo), CString_X(L"b"));
+}
+
+void tst_ComboBox::addedItemsHaveNoData()
+{
+    Stage stage;
+    stage.combo.AddString(L"a");
+    QVERIFY(!stage.box.itemData(0).isValid());
+    QVERIFY(stage.box.itemIcon(0).isNull());
+    QCOMPARE(stage.combo.GetItemData(0), DWORD_PTR(0));
+    QVERIFY(!stage.combo.GetItemDataPtr(0));
+}
+
+void tst_ComboBox::deleting()
+{
+    Stage stage({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
+    stage.combo.SetCurSel(1);
+    const Signals heard(stage.box);
+    QCOMPARE(stage.combo.DeleteString(3), 3);
+    QCOMPARE(stage.combo.DeleteString(UINT_MAX), 3);
+    QCOMPARE(stage.combo.DeleteString(1), 2);
+    QCOMPARE(itemsOf(stage.box), QStringLiteral("a c"));
+    QVERIFY(stage.combo.GetCurSel() >= 0); // a neighbour
+    QCOMPARE(stage.combo.DeleteString(0), 1);
+    QCOMPARE(stage.combo.DeleteString(0), 0);
+    QCOMPARE(stage.combo.DeleteString(0), 0);
+    QCOMPARE(heard.count(), 0);
+}
+
+void tst_ComboBox::clearing()
+{
+    Stage silent(fruit);
+    const Signals heardOfReset(silent.box);
+    silent.combo.ResetContent();
+    QCOMPARE(silent.box.count(), 0);
+    QCOMPARE(heardOfReset.count(), 0);
+    Stage loud(fruit);
+    const Signals heardOfClear(loud.box);
+    loud.combo.Clear();
+    QCOMPARE(loud.box.count(), 0);
+    QVERIFY(heardOfClear.count() > 0);
+}
+
+void tst_ComboBox::itemTexts()
+{
+    Stage stage({QStringLiteral("零件 😀")});
+    CString_X text(L"before");
+    QCOMPARE(stage.combo.GetLBText(0, text), 4);
+    QCOMPARE(text, CString_X(L"零件 😀"));
+    QCOMPARE(stage.combo.GetLBText(1, text), 0);
+    QCOMPARE(text, CString_X());
+}
+
+// ------------------------------------------------------------------------------------------------------- finding
+
+void tst_ComboBox::finding_data()
+{
+    QTest::addColumn<int>("start");
+    QTest::addColumn<CString_X>("text");
+    QTest::addColumn<int>("byBeginning");
+    QTest::addColumn<int>("whole");
+    const auto row = [](const char* name, int start, const wchar_t* text, int byBeginning, int whole) {
+        QTest::newRow(name) << start << CString_X(text) << byBeginning << whole;
+    };
+    row("from the beginning", 0, L"pear", 1, 1);
+    row("upper and lower case alike", 0, L"PEAR", 1, 1);
+    row("start below 0", -1, L"pear", 1, 1);
+    row("far below 0", INT_MIN, L"apple", 0, 0);
+    row("start counts itself", 1, L"pear", 1, 1);
+    row("behind it", 2, L"pear", 3, 3);
+    row("does not go round", 2, L"apple", -1, -1);
+    row("beginning", 0, L"p", 1, -1);
+    row("the middle is none", 0, L"lum", -1, -1);
+    row("longer than any", 0, L"pears", -1, -1);
+    row("empty text", 0, L"", 0, -1);
+    row("start behind all", 4, L"pear", -1, -1);
+    row("start at the limit of numbers", INT_MAX, L"pear", -1, -1);
+}
+
+void tst_ComboBox::finding()
+{
+    QFETCH(int, start);
+    QFETCH(CString_X, text);
+    const Stage stage(fruit);
+    QTEST(stage.combo.FindString(start, text), "byBeginning");
+    QTEST(stage.combo.FindStringExact(start, text), "whole");
+}
+
+void tst_ComboBox::selecting_data()
+{
+    QTest::addColumn<QString>("items");
+    QTest::addColumn<CString_X>("text");
+    QTest::addColumn<int>("index");
+    const auto row = [](const char* name, const char* items, const wchar_t* text, int index) {
+        QTest::newRow(name) << QString::fromLatin1(items) << CString_X(text) << index;
+    };
+    row("the text", "a b c", L"b", 1);
+    row("upper and lower case alike", "a b c", L"B", 1);
+    row("a beginning is not enough", "alpha beta", L"al", -1);
+    row("a number less than 1 away", "7 2.25 9", L"1.5", 1);
+    row("exactly 1 away", "2.5 7", L"1.5", -1);
+    row("a number in front of the exact one", "10 10.5 10.75", L"10.75", 0);
+    row("numbers and texts", "x 3 y", L"3.0", 1);
+    row("a text that is no number", "3", L"3 pieces", -1);
+    row("huge numbers", "1e300 -1e300", L"2e300", -1);
+    row("a huge number itself", "5 1e300", L"1e300", 1);
+    row("not a number", "nan 1", L"NaN", 0);
+    row("nan is near to nothing", "1 2", L"nan", -1);
+    row("infinite", "inf -inf", L"-inf", 1);
+    row("nothing", "a", L"", -1);
+}
+
+void tst_ComboBox::selecting()
+{
+    QFETCH(QString, items);
+    QFETCH(CString_X, text);
+    QFETCH(int, index);
+    for (const int start : {-1, 0, 99}) { // which has no meaning
+        Stage stage(items.split(QLatin1Char(' ')));
+        stage.combo.SetCurSel(-1);
+        const Signals heard(stage.box);
+        QCOMPARE(stage.combo.SelectString(start, text), index);
+        QCOMPARE(stage.combo.GetCurSel(), index);
+        QCOMPARE(heard.count(), 0);
+    }
+}
+
+void tst_ComboBox::programsAreSilentUsersAreHeard()
+{
+    Stage stage(fruit, false);
+    const Signals heard(stage.box);
+    QCOMPARE(stage.combo.SetCurSel(2), 2);
+    QCOMPARE(stage.combo.SetCurSel(9), -1);
+    QCOMPARE(stage.combo.SetCurSel(-1), -1);
+    stage.combo.SetWindowText(L"Pear");
+    stage.combo.SetItemData(0, 5);
+    QCOMPARE(heard.count(), 0);
+    stage.box.show();
+    QTest::keyClick(&stage.box, Qt::Key_Down);
+    QCOMPARE(stage.combo.GetCurSel(), 2);
+    QCOMPARE(heard.index.count(), 1);
+
+    stage.box.blockSignals(true); // by the host
+    stage.combo.AddString(L"x");
+    QVERIFY(stage.box.signalsBlocked());
+    stage.box.blockSignals(false);
+}
+
+// --------------------------------------------------------------------------------------------- text and the field
+
+void tst_ComboBox::windowText_data()
+{
+    QTest::addColumn<bool>("editable");
+    QTest::addColumn<CString_X>("text");
+    QTest::addColumn<CString_X>("shown");
+    QTest::addColumn<int>("current");
+    QTest::newRow("an item") << true << CString_X(L"plum") << CString_X(L"plum") << 2;
+    QTest::newRow("exactly equal to it") << true << CString_X(L"pear") << CString_X(L"pear") << 3;
+    QTest::newRow("another case is no item") << true << CString_X(L"PLUM") << CString_X(L"PLUM") << 0;
+    QTest::newRow("typed") << true << CString_X(L"kiwi") << CString_X(L"kiwi") << 0;
+    QTest::newRow("nothing") << true << CString_X() << CString_X() << 0;
+    QTest::newRow("drop list: an item") << false << CString_X(L"plum") << CString_X(L"plum") << 2;
+    QTest::newRow("drop list: no item") << false << CString_X(L"kiwi") << CString_X(L"apple") << 0;
+}
+
+void tst_ComboBox::windowText()
+{
+    QFETCH(bool, editable);
+    QFETCH(CString_X, text);
+    Stage stage(fruit, editable);
+    const Signals heard(stage.box);
+    SetWindowText_X(&stage.box, text);
+    QTEST(textOf(stage.combo), "shown");
+    QTEST(stage.combo.GetCurSel(), "current");
+    QCOMPARE(heard.count(), 0);
+    if (editable)
+        QCOMPARE(stage.box.lineEdit()->cursorPosition(), 0);
+}
+
+void tst_ComboBox::editSelection_data()
+{
+    QTest::addColumn<int>("start");
+    QTest::addColumn<int>("end");
+    QTest::addColumn<QString>("selected");
+    QTest::addColumn<int>("caret");
+    const auto row = [](const char* name, int start, int end, const char* selected, int caret) {
+        QTest::newRow(name) << start << end << QString::fromLatin1(selected) << caret;
+    };
+    row("the second number is a length", 2, 3, "cde", 5);
+    row("nothing", -1, 3, "", 0);
+    row("start -1 goes before end -1", -1, -1, "", 0);
+    row("all", 0, -1, "abcdefg", 7);
+    row("all from anywhere", 4, -1, "abcdefg", 7);
+    row("a length behind the text", 5, 9, "fg", 7);
+    row("a length at the limit of numbers", 5, INT_MAX, "fg", 7);
+    row("start behind the text", 8, 2, "", 7);
+    row("start below -1", -2, 2, "", 4);
+}
+
+void tst_ComboBox::editSelection()
+{
+    QFETCH(int, start);
+    QFETCH(int, end);
+    Stage stage;
+    stage.box.setEditText(QStringLiteral("abcdefg"));
+    stage.box.lineEdit()->setCursorPosition(4);
+    QCOMPARE(stage.combo.SetEditSel(start, end), TRUE);
+    QTEST(stage.box.lineEdit()->selectedText(), "selected");
+    QTEST(stage.box.lineEdit()->cursorPosition(), "caret");
+}
+
+void tst_ComboBox::readingTheEditSelection()
+{
+    int start = 7;
+    int end = 8;
+    Stage stage({QStringLiteral("abcdefg")});
+    QCOMPARE(stage.combo.SetEditSel(2, 3), TRUE);
+    QCOMPARE(stage.combo.GetEditSel(start, end), TRUE);
+    QCOMPARE(start, 2);
+    QCOMPARE(end, 5);
+    stage.box.lineEdit()->end(false);
+    stage.combo.GetEditSel(start, end);
+    QCOMPARE(start, 7);
+    QCOMPARE(end, 7);
+    Stage dropList({QStringLiteral("abcdefg")}, false);
+    start = 1;
+    QCOMPARE(dropList.combo.GetEditSel(start, end), FALSE);
+    QCOMPARE(start, 1);
+    QCOMPARE(dropList.combo.SetEditSel(0, -1), FALSE);
+}
+
+void tst_ComboBox::itemHeight()
+{
+    Stage stage(fruit);
+    QCOMPARE(stage.combo.SetItemHeight(-1, 33), 0);
+    QCOMPARE(stage.box.lineEdit()->minimumHeight(), 33);
+    QCOMPARE(stage.box.lineEdit()->maximumHeight(), 33);
+    QCOMPARE(stage.combo.SetItemHeight(0, 44), 0);
+    QCOMPARE(stage.box.lineEdit()->maximumHeight(), 33);
+    const Stage dropList(fruit, false);
+    QCOMPARE(const_cast<CComboBox_X&>(dropList.combo).SetItemHeight(-1, 33), CB_ERR);
+}
+
+void tst_ComboBox::dropDown()
+{
+    class Watched : public QComboBox
+    {
+    public:
+        void showPopup() override { popups += QStringLiteral("show"); }
+        void hidePopup() override { popups += QStringLiteral("hide"); }
+        QStringList popups;
+    };
+    Watched box;
+    CComboBox_X combo;
+    combo.SubclassWindow(&box);
+    QCOMPARE(combo.SetDroppedWidth(321), 321);
+    QCOMPARE(combo.GetDroppedWidth(), 321);
+    combo.ShowDropDown();
+    combo.ShowDropDown(FALSE);
+    QCOMPARE(box.popups, (QStringList{QStringLiteral("show"), QStringLiteral("hide")}));
+    combo.Detach(); // while the box has the rest of its class
+}
+
+void tst_ComboBox::data()
+{
+    Stage stage(fruit);
+    QCOMPARE(stage.combo.SetItemData(1, 0x123456789ABCDEF0ull), static_cast<int>(0x9ABCDEF0));
+    QCOMPARE(stage.combo.GetItemData(1), DWORD_PTR(0x123456789ABCDEF0));
+    QVERIFY(!stage.combo.GetItemDataPtr(1));
+    QCOMPARE(stage.box.itemData(1).userType(), static_cast<int>(QMetaType::ULongLong));
+    QCOMPARE(stage.combo.SetItemDataPtr(2, &stage), 0);
+    QCOMPARE(stage.combo.GetItemDataPtr(2), static_cast<void*>(&stage));
+    QCOMPARE(stage.box.itemData(2).userType(), static_cast<int>(QMetaType::VoidStar));
+    QCOMPARE(stage.combo.SetItemData(9, 5), 5);
+    QCOMPARE(stage.combo.GetItemData(9), DWORD_PTR(0));
+    QVERIFY(!stage.combo.GetItemDataPtr(9));
+}
+
+void tst_ComboBox::withoutAWidget()
+{
+    CComboBox_X combo;
+    int start = 1;
+    int end = 2;
+    CString_X text(L"emptied");
+    combo.Clear();
+    combo.ResetContent();
+    combo.ShowDropDown();
+    combo.SetWindowText(L"x");
+    const QVector<int> errors{combo.GetCount(),
+                              combo.GetCurSel(),
+                              combo.SetCurSel(0),
+                              combo.AddString(L"x"),
+                              combo.InsertString(0, L"x"),
+                              combo.DeleteString(0),
+                              combo.FindString(0, L""),
+                              combo.FindStringExact(0, L""),
+                              combo.SelectString(0, L""),
+                              combo.GetLBText(0, text),
+                              combo.SetItemHeight(-1, 5),
+                              combo.SetDroppedWidth(5),
+                              combo.GetDroppedWidth(),
+                              combo.SetItemData(0, 1),
+                              combo.SetItemDataPtr(0, nullptr)};
+    QCOMPARE(errors.count(CB_ERR), errors.size());
+    QCOMPARE(text, CString_X());
+    QCOMPARE(combo.GetItemData(0), ~DWORD_PTR(0));
+    QCOMPARE(combo.GetItemDataPtr(0), reinterpret_cast<void*>(-1));
+    QVERIFY(!combo.GetEditBox());
+    QCOMPARE(combo.GetEditSel(start, end) + combo.SetEditSel(0, -1), 0);
+    QCOMPARE(start + end, 3);
+    QCOMPARE(textOf(combo), CString_X(L"untouched"));
+}
+
+XE_TEST(tst_ComboBox)
+#include "tst_combobox.moc"
