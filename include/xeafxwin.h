@@ -609,7 +609,6 @@ protected:
     };
     explicit CWnd_X(Control);
 
-
     // OnAttach() in its two steps, for a class that has something to do between them.
 
     /// Builds the window: OnCreate(). False if that refuses the attachment.
