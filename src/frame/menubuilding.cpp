@@ -5,6 +5,8 @@
 
 #include <QApplication>
 
+#include <algorithm>
+
 namespace {
 
 // A number is a menu only if it is the address of a living one.
@@ -18,10 +20,11 @@ QMenu* livingMenu(UINT_PTR id)
 class DeletionUnlessUsed : public QObject
 {
 public:
-    explicit DeletionUnlessUsed(QAction& action) : QObject(&action), m_action(action)
+    static void of(QAction& action)
     {
-        action.installEventFilter(this);
-        action.deleteLater();
+        const auto isOne = [](const QObject* child) { return dynamic_cast<const DeletionUnlessUsed*>(child); };
+        if (std::none_of(action.children().begin(), action.children().end(), isOne))
+            new DeletionUnlessUsed(action);
     }
 
     bool eventFilter(QObject*, QEvent* event) override
@@ -33,6 +36,12 @@ public:
     }
 
 private:
+    explicit DeletionUnlessUsed(QAction& action) : QObject(&action), m_action(action)
+    {
+        action.installEventFilter(this);
+        action.deleteLater();
+    }
+
     QAction& m_action;
 };
 
@@ -204,7 +213,7 @@ int CMenu_X::DeleteMenu(UINT_PTR position, UINT flags)
         return 1;
     place.menu->removeAction(place.item);
     if (place.item->parent() == place.menu && !place.item->menu())
-        new DeletionUnlessUsed(*place.item);
+        DeletionUnlessUsed::of(*place.item);
     return 1;
 }
 

@@ -703,6 +703,8 @@ void tst_MenuBuilding::deletedItemThatIsInAMenuAgainStays()
     Letters other(0);
     const QPointer<QAction> item = menu.at(0);
     menu.DeleteMenu(1, MF_BYCOMMAND);
+    menu.GetSafeHmenu()->addAction(item);
+    menu.DeleteMenu(1, MF_BYCOMMAND); // a second time
     other.GetSafeHmenu()->addAction(item);
     deleteLaterObjects();
     QVERIFY(item);

@@ -294,6 +294,8 @@ void tst_PopupMenu::againFromAHandler()
 void tst_PopupMenu::triggeredFromElsewhere()
 {
     const WhenOpen user(*m_menu, [&] {
+        type({Down});
+        QTRY_COMPARE(m_menu->GetSafeHmenu()->activeAction(), item(0));
         item(0)->trigger();
         escape();
     });
