@@ -169,11 +169,11 @@ int both(CWnd_X& window, const DispatchFrame& frame, const AFX_MSGMAP_ENTRY_X& e
     if (secondHandler)
         ((named = named ? named : windowOf<Args>(p, l)), ...);
     const QPointer<QWidget> living(named);
-    const bool wasAttached = window.GetImpQObject();
+    const QObject* const attached = window.GetImpQObject();
     if (!single<Result, Args...>(window, frame, entry, p, l, result))
         return false;
-    const auto isDetached = [&] { return wasAttached && !window.GetImpQObject(); };
-    const bool nobodyToTell = !frame.isAlive() || (named && !living) || isDetached();
+    const auto hasLetGo = [&] { return attached && window.GetImpQObject() != attached; };
+    const bool nobodyToTell = !frame.isAlive() || (named && !living) || hasLetGo();
     if (!secondHandler || nobodyToTell)
         return true;
     LRESULT value = initialResult<Result>();

@@ -147,6 +147,7 @@ private slots:
     void firstHandlerDeletesTheWidget();
     void firstHandlerDeletesTheWidgetItIsToldOf();
     void firstHandlerDetaches();
+    void firstHandlerAttachesToAnotherWidget();
     void dispatchDeletesTheWrapper();
     void nestedHandlerDeletesTheWrapper();
     void handlerDetaches();
@@ -325,6 +326,17 @@ void tst_Lifetime::firstHandlerDetaches()
     window.action = [&] { window.Detach(); };
     window.SendMessage(WM_KILLFOCUS, WPARAM(&widget), 0);
     QCOMPARE(PairWindow::calls, QStringList()); // it is no longer this window's
+}
+
+void tst_Lifetime::firstHandlerAttachesToAnotherWidget()
+{
+    QWidget widget, other;
+    PairWindow window;
+    QVERIFY(window.SubclassWindow(&widget));
+    window.AddMsgMapEntry(WM_KILLFOCUS, AfxSig_v_W_v, PairWindow::firstHandler(), PairWindow::secondHandler());
+    window.action = [&] { window.SubclassWindow(&other); };
+    window.SendMessage(WM_KILLFOCUS, WPARAM(&widget), 0);
+    QCOMPARE(PairWindow::calls, QStringList()); // the message was not for the widget that it has now
 }
 
 void tst_Lifetime::dispatchDeletesTheWrapper()
