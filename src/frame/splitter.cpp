@@ -1,5 +1,9 @@
 #include "xeafxframe.h"
 
+#include "msg/eventtranslation.h"
+#include "win/dispatchframe.h"
+#include "win/screening.h"
+
 #include <QChildEvent>
 #include <QMouseEvent>
 #include <QPointer>
@@ -126,7 +130,9 @@ bool CSplitterWndEx_X::eventFilter(QObject* target, QEvent* event)
     return CSplitterWnd_X::eventFilter(target, event);
 }
 
-// The wrapper may be gone at the end. A divider of a splitter that it was attached to before moves freely.
+// The same way to the handler as an event of the splitter's, but for the question of the cursor: a divider has its own,
+// and the question would take longer than all the rest. The wrapper may be gone at the end. A divider of a splitter
+// that it was attached to before moves freely.
 bool CSplitterWndEx_X::keepsDivider(const QSplitterHandle& divider, QMouseEvent& move)
 {
     QObject* const splitter = GetImpQObject();
@@ -134,8 +140,16 @@ bool CSplitterWndEx_X::keepsDivider(const QSplitterHandle& divider, QMouseEvent&
         return false;
     QMouseEvent inSplitter(move.type(), move.localPos() + divider.pos(), move.windowPos(), move.screenPos(),
                            move.button(), move.buttons(), move.modifiers(), move.source());
-    if (!eventFilter(splitter, &inSplitter))
-        return false;
-    move.accept();
-    return true;
+    const xe::DispatchFrame frame(*this, splitter, &inSplitter);
+    xe::PointerPosition pointer;
+    xe::MessageParameters message = xe::translateMouse(*splitter, inSplitter, pointer);
+    bool keeps = xe::looksAtMessages(*this) && xe::screenMessage(*this, *splitter, message, pointer);
+    if (!keeps && frame.isAlive() && frame.hasTarget()) {
+        LRESULT result = 0;
+        keeps = OnWndMsg(message.message, message.wParam, message.lParam, &result) && inSplitter.isAccepted();
+    }
+    keeps = keeps || !frame.hasTarget();
+    if (keeps)
+        move.accept();
+    return keeps;
 }

@@ -1,6 +1,6 @@
-#include "core/overrides.h"
 #include "msg/eventtranslation.h"
 #include "win/dispatchframe.h"
+#include "win/screening.h"
 #include "win/signatures.h"
 #include "win/viewport.h"
 #include "xeafxwin.h"
@@ -10,21 +10,6 @@
 #include <QVarLengthArray>
 
 #include <algorithm>
-
-namespace {
-
-// Whether PreTranslateMessage() is overridden: only then does anybody see the whole record of a message. Asked anew
-// each time, since a class may attach in its constructor and only the class behind it have the override.
-bool looksAtMessages(const CWnd_X& window)
-{
-    static const void* const base = [] {
-        const CWnd_X plain;
-        return xe::virtualTarget(&plain, &CWnd_X::PreTranslateMessage);
-    }();
-    return !base || xe::virtualTarget(&window, &CWnd_X::PreTranslateMessage) != base;
-}
-
-} // namespace
 
 CWnd_X::MappedMessage* CWnd_X::MessageMap::lineOf(UINT message)
 {
@@ -135,7 +120,7 @@ bool CWnd_X::filterMessage(const xe::EventRow& row, QObject* target, QEvent* eve
     LRESULT result = 0;
     bool screened = false;
     bool isForUs = true;
-    if (looksAtMessages(*this)) {
+    if (xe::looksAtMessages(*this)) {
         screened = screenMessage(message, *target, pointer);
         isForUs = !screened && frame.isAlive() && frame.hasTarget();
     }
@@ -161,11 +146,7 @@ bool CWnd_X::filterMessage(const xe::EventRow& row, QObject* target, QEvent* eve
 
 bool CWnd_X::screenMessage(xe::MessageParameters& message, QObject& target, xe::PointerPosition& pointer)
 {
-    tagMSG record = {&target, message.message, message.wParam, message.lParam, 0, {0, 0}};
-    xe::stampMessage(record, pointer);
-    const bool screened = PreTranslateMessage(&record);
-    message = {record.message, record.wParam, record.lParam};
-    return screened;
+    return xe::screenMessage(*this, target, message, pointer);
 }
 
 inline int CWnd_X::callEntry(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)

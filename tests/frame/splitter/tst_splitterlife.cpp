@@ -114,6 +114,7 @@ private Q_SLOTS:
     void thousandSplittersLeaveNothing();
 
     void aDragIsSeenInTheSplittersCoordinates();
+    void theFirstLookMayStopADrag();
     void movesWithoutTheButtonAreNotSeen();
     void panesAreNotSeen();
     void dividersOfAnAdoptedSplitter();
@@ -196,6 +197,45 @@ void tst_SplitterLife::aDragIsSeenInTheSplittersCoordinates()
     QCOMPARE(parts.splitter->lastPoint, CPoint(x + 2, 3));
     QCOMPARE(divider->x(), x);
     parts.endAll();
+}
+
+void tst_SplitterLife::theFirstLookMayStopADrag()
+{
+    class Looking : public CSplitterWndEx_X
+    {
+    public:
+        int PreTranslateMessage(tagMSG* message) override
+        {
+            if (message->message == WM_MOUSEMOVE)
+                seen += QString::number(message->lParam, 16);
+            return stops;
+        }
+
+        QStringList seen;
+        bool stops = false;
+    };
+    QWidget top;
+    QSplitter splitter(&top);
+    splitter.resize(400, 100);
+    splitter.addWidget(new QWidget);
+    splitter.addWidget(new QWidget);
+    top.show();
+    Looking wrapper;
+    wrapper.SubclassWindow(&splitter);
+    QSplitterHandle* const divider = splitter.handle(1);
+    const int x = divider->x();
+    const auto drag = [&](int distance) {
+        QMouseEvent move(QEvent::MouseMove, QPointF(distance, 3), divider->mapToGlobal(QPoint(distance, 3)),
+                         Qt::NoButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(divider, &move);
+    };
+    wrapper.stops = true;
+    drag(40);
+    QCOMPARE(divider->x(), x);
+    wrapper.stops = false;
+    drag(40);
+    QCOMPARE(divider->x(), x + 40);
+    QCOMPARE(wrapper.seen, QStringList({QString::number(0x30000 + x + 40, 16), QString::number(0x30000 + x + 40, 16)}));
 }
 
 void tst_SplitterLife::movesWithoutTheButtonAreNotSeen()
