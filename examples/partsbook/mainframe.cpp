@@ -72,6 +72,8 @@ int CMainFrame::OnCreate(tagCREATESTRUCTW* createStruct)
     if (CWnd_X::OnCreate(createStruct))
         return -1;
     m_chart.SubclassWindow(&control<QWidget>(*this, IDC_CHART));
+    if (!m_splitter.Surround(&Table()))
+        return -1;
     ConnectCommands();
     ShowRecentFiles();
     RestorePlace();
@@ -98,6 +100,7 @@ void CMainFrame::ConnectCommands()
     Connect(ID_VIEW_SHORT_COLOR, SIGNAL(triggered()), this, SLOT(OnViewShortColor()), window);
     Connect(IDC_PARTS, SIGNAL(cellActivated(int, int)), this, SLOT(OnPartEdit()), window);
     Connect(IDC_PARTS, SIGNAL(currentCellChanged(int, int, int, int)), this, SLOT(OnPartSelected()), window);
+    Connect(IDC_KINDS, SIGNAL(currentRowChanged(int)), this, SLOT(OnKindSelected()), window);
     Connect(this, SIGNAL(updateCmdUi()), this, SLOT(OnUpdateCommands()));
 }
 
@@ -126,6 +129,7 @@ void CMainFrame::OnClose()
         return;
     }
     settings::setWindowPlace(GetSafeHwnd()->normalGeometry());
+    settings::setKindsWidth(m_splitter.Width());
     log(IDS_LOG_CLOSED);
     DestroyWindow();
 }
@@ -138,6 +142,7 @@ void CMainFrame::RestorePlace()
     const auto shows = [place](const QScreen* screen) { return screen->availableGeometry().contains(place.center()); };
     if (place.isValid() && std::any_of(screens.begin(), screens.end(), shows))
         GetSafeHwnd()->setGeometry(place);
+    m_splitter.SetWidth(settings::kindsWidth());
 }
 
 bool CMainFrame::MayClose()
@@ -381,14 +386,31 @@ void CMainFrame::ShowParts()
 void CMainFrame::ShowPart(int row)
 {
     showPart(Table(), row, m_book.part(row), settings::shortColor());
-    SelectRow(row);
     ShowChart();
+    SelectRow(row);
 }
 
 void CMainFrame::ShowChart()
 {
-    m_chart.Show(stockByKind(m_book));
+    const std::vector<KindStock> stock = stockByKind(m_book);
+    m_chart.Show(stock);
+    m_splitter.Kinds().Show(stock);
+    OnKindSelected();
     OnPartSelected();
+}
+
+// Rows of other kinds are hidden, and the list keeps a current row that can be seen.
+void CMainFrame::OnKindSelected()
+{
+    QTableWidget& table = Table();
+    int first = -1;
+    for (int row = m_book.count(); row-- > 0;) {
+        const bool included = m_splitter.Kinds().Includes(m_book.part(row).kind);
+        table.setRowHidden(row, !included);
+        first = included ? row : first;
+    }
+    if (SelectedRow() < 0 || table.isRowHidden(SelectedRow()))
+        SelectRow(first);
 }
 
 // While a row is being removed, the table may still name one that the book has no more.
@@ -408,7 +430,13 @@ QTableWidget& CMainFrame::Table() const { return control<QTableWidget>(*this, ID
 
 int CMainFrame::SelectedRow() const { return Table().currentRow(); }
 
-void CMainFrame::SelectRow(int row) { Table().setCurrentCell(row, 0); }
+// A part of another kind brings all kinds back.
+void CMainFrame::SelectRow(int row)
+{
+    if (row >= 0 && Table().isRowHidden(row))
+        m_splitter.Kinds().SelectAll();
+    Table().setCurrentCell(row, 0);
+}
 
 // ------------------------------------------------------------------------------------------------------- the search
 

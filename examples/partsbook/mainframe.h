@@ -1,6 +1,7 @@
 #pragma once
 
 #include "finddialog.h"
+#include "kindsplitter.h"
 #include "messageview.h"
 #include "partsbook.h"
 #include "stockchart.h"
@@ -61,6 +62,7 @@ private Q_SLOTS:
     void OnViewMessages();
     void OnViewShortColor();
     void OnPartSelected();
+    void OnKindSelected();
     void OnUpdateCommands();
 
 private:
@@ -86,6 +88,7 @@ private:
     QLabel* m_status = nullptr; // the status bar's
     PartsBook m_book;
     CStockChart m_chart;
+    CKindSplitter m_splitter;
     CFindDialog m_find;
     CMessageView m_messages;
 };

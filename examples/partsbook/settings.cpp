@@ -97,6 +97,10 @@ COLORREF settings::shortColor()
 
 void settings::setShortColor(COLORREF color) { Key(viewKey).set(L"ShortColor", static_cast<int>(color)); }
 
+int settings::kindsWidth() { return Key(windowKey).number(L"Kinds", 124); }
+
+void settings::setKindsWidth(int width) { Key(windowKey).set(L"Kinds", width); }
+
 std::vector<CString_X> settings::recentFiles()
 {
     const Key key(filesKey);

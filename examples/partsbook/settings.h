@@ -17,6 +17,10 @@ void setWindowPlace(const QRect& place);
 COLORREF shortColor();
 void setShortColor(COLORREF color);
 
+/// How wide the kinds are at the left of the list, in pixels.
+int kindsWidth();
+void setKindsWidth(int width);
+
 constexpr int mostRecentFiles = 4;
 
 /// The files that were opened or saved last, the latest first.
