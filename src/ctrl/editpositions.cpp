@@ -1,9 +1,9 @@
 // Positions in an edit: the selection, lines and points.
 
+#include "ctrl/lineselection.h"
 #include "xeafxctrl.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QLineEdit>
 #include <QTextBlock>
 #include <QTextEdit>
 #include <QTextLayout>
@@ -11,19 +11,6 @@
 // ----------------------------------------------------------------------------------------------------------- selection
 
 namespace {
-
-void selectInLine(QLineEdit& line, int start, int end)
-{
-    const int length = line.text().size();
-    if (start < -1)
-        return;
-    if (start == -1 || start > length)
-        line.end(false);
-    else if (start == 0 && end == -1)
-        line.selectAll();
-    else
-        line.setSelection(start, qMax(end, -1) - start);
-}
 
 // The document ends in a paragraph mark, which is not of the text.
 int lengthOf(const QTextEdit& edit) { return edit.document()->characterCount() - 1; }
@@ -51,7 +38,7 @@ void CEdit_X::SetSel(int start, int end, int)
     if (auto* const edit = Imp<QTextEdit>())
         selectWord(*edit, start);
     else if (auto* const line = Imp<QLineEdit>())
-        selectInLine(*line, start, end);
+        xe::selectInLine(*line, start, end);
 }
 
 void CEdit_X::GetSel(int& start, int& end) const
@@ -60,9 +47,7 @@ void CEdit_X::GetSel(int& start, int& end) const
         start = edit->textCursor().selectionStart();
         end = edit->textCursor().selectionEnd();
     } else if (const auto* const line = Imp<QLineEdit>()) {
-        const bool selected = line->hasSelectedText();
-        start = selected ? line->selectionStart() : line->cursorPosition();
-        end = selected ? line->selectionEnd() : line->cursorPosition();
+        xe::selectionOf(*line, start, end);
     } else {
         start = end = 0;
     }
