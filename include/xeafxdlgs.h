@@ -233,6 +233,8 @@ class XE_EXPORT CFileDialog_X : public CCommonDialog_X
     void OnOK() override;
     /// Has onDoubleClicked() take the place of Qt's reaction to an activated entry.
     void ConnectSlotsFrom(QObject* from, bool keep) override;
+    /// Sees that the files of a walk have changed.
+    bool event(QEvent* event) override;
     /// Called when the user, or the host, has chosen another entry of the box of file types. Here nothing.
     virtual void OnTypeChange();
 
@@ -252,7 +254,8 @@ public:
     CString_X m_strCurrentPath; ///< what a position points at
 
 private:
-    int m_walked = 0; // where m_strCurrentPath was in the list
+    QStringList m_files; // GetFileNames(), for a walk
+    int m_walked = 0;    // where m_strCurrentPath was in them
 };
 
 // -------------------------------------------------------------------------------------------------------------- colour

@@ -10,11 +10,12 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QTreeView>
-#include <QVarLengthArray>
 #include <QVariant>
 
+#include <algorithm>
 #include <array>
-#include <string_view>
+#include <functional>
+#include <utility>
 
 namespace {
 
@@ -77,14 +78,14 @@ void enterFolder(QFileDialog& dialog, const QString& path, const QString& name)
         edit->setText(isWanted ? name : QString());
 }
 
-// Without a copy on the heap: a walk asks it at each step.
+// Element by element, where that tells: a walk asks it at each step.
 bool isSame(const QString& path, const CString_X& wide)
 {
-    QVarLengthArray<wchar_t, 512> buffer(path.size());
-    const int length = path.toWCharArray(buffer.data());
-    const auto wanted = static_cast<std::size_t>(wide.GetLength());
-    return std::wstring_view(buffer.data(), static_cast<std::size_t>(length))
-           == std::wstring_view(wide.GetString(), wanted);
+    const auto* const elements = path.utf16();
+    const auto length = static_cast<std::size_t>(path.size());
+    if (wide.size() == length && std::equal(elements, elements + length, wide.begin(), std::equal_to<>()))
+        return true;
+    return CString_X(path) == wide; // with pairs of surrogates
 }
 
 // Where the path is in the list, which is most likely at `place`; -1 if it is not there.
@@ -152,15 +153,15 @@ CString_X CFileDialog_X::GetNextPathName(POSITION& position)
         position = nullptr;
         return {};
     }
-    CString_X path = m_strCurrentPath;
-    const QStringList files = GetFileNames();
-    const int next = indexOf(files, path, m_walked) + 1;
-    if (next == 0 || next == files.size()) {
+    if (m_files.isEmpty())
+        m_files = GetFileNames();
+    const int next = indexOf(m_files, m_strCurrentPath, m_walked) + 1;
+    if (next == 0 || next == m_files.size()) {
         position = nullptr;
-        return path;
+        return m_strCurrentPath;
     }
     m_walked = next;
-    m_strCurrentPath = files.at(next);
+    CString_X path = std::exchange(m_strCurrentPath, CString_X(m_files.at(next)));
     if (m_strCurrentPath.IsEmpty())
         position = nullptr;
     return path;
@@ -235,6 +236,13 @@ void CFileDialog_X::OnOK()
     // Qt may have entered a folder, or asked and got No.
     if (living && (!dialog || dialog->result() != QDialog::Accepted))
         before.restore(*this);
+}
+
+bool CFileDialog_X::event(QEvent* event)
+{
+    if (event->type() == QEvent::DynamicPropertyChange)
+        m_files.clear();
+    return CCommonDialog_X::event(event);
 }
 
 void CFileDialog_X::OnTypeChange() {}
