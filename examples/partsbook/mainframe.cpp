@@ -16,7 +16,6 @@
 #include <QDate>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QLabel>
 #include <QPainter>
 #include <QScreen>
 #include <xeafxdc.h>
@@ -59,12 +58,8 @@ bool CMainFrame::AttachDefault(QWidget* parent) { return Attach(new CTavoMainFra
 
 void CMainFrame::SetupUI()
 {
-    auto* const window = Imp<QMainWindow>();
-    Ui::CTavoMainFrame().setupUi(window);
+    Ui::CTavoMainFrame().setupUi(Imp<QMainWindow>());
     setUpPartsTable(Table());
-    m_status = new QLabel;
-    m_status->setContentsMargins(8, 0, 0, 0);
-    window->statusBar()->addWidget(m_status);
 }
 
 int CMainFrame::OnCreate(tagCREATESTRUCTW* createStruct)
@@ -74,6 +69,8 @@ int CMainFrame::OnCreate(tagCREATESTRUCTW* createStruct)
     m_chart.SubclassWindow(&control<QWidget>(*this, IDC_CHART));
     if (!m_splitter.Surround(&Table()))
         return -1;
+    m_toolBar.Open(*this);
+    m_statusBar.Open(*this);
     ConnectCommands();
     ShowRecentFiles();
     RestorePlace();
@@ -115,6 +112,7 @@ void CMainFrame::OnUpdateCommands()
     states.isModified = m_book.isModified();
     states.showsMessages = m_messages.IsWindowVisible();
     updateCommands(*this, states);
+    m_statusBar.ShowModified(states.isModified);
     // A title that is set again, though it is the same, makes work for the window manager, and then for this program.
     if (GetSafeHwnd()->isWindowModified() != m_book.isModified())
         GetSafeHwnd()->setWindowModified(m_book.isModified());
@@ -395,6 +393,7 @@ void CMainFrame::ShowChart()
     const std::vector<KindStock> stock = stockByKind(m_book);
     m_chart.Show(stock);
     m_splitter.Kinds().Show(stock);
+    m_statusBar.ShowCounts(m_book.count(), m_book.countShort());
     OnKindSelected();
     OnPartSelected();
 }
@@ -440,12 +439,12 @@ void CMainFrame::SelectRow(int row)
 
 // ------------------------------------------------------------------------------------------------------- the search
 
-void CMainFrame::OnEditFind() { m_find.Open(this); }
+void CMainFrame::OnEditFind() { m_findBar.Open(*this); }
 
 void CMainFrame::OnEditRepeat()
 {
-    if (m_find.GetSafeHwnd())
-        m_find.FindNext();
+    if (m_findBar.GetSafeHwnd())
+        m_findBar.FindNext();
     else
         OnEditFind();
 }
@@ -468,7 +467,7 @@ void CMainFrame::ShowStatus(unsigned format, const CString_X& text) { ShowStatus
 // Shows a text until the timer takes it away.
 void CMainFrame::ShowStatus(const CString_X& text)
 {
-    m_status->setText(XeQString(text));
+    m_statusBar.ShowMessage(text);
     KillTimer(statusTimer);
     SetTimer(statusTimer, statusTime);
 }
@@ -479,9 +478,7 @@ void CMainFrame::OnTimer(UINT_PTR id)
     if (id != statusTimer)
         return;
     KillTimer(statusTimer);
-    const int shortParts = m_book.countShort();
-    m_status->setText(
-        XeQString(formatText(loadText(IDS_SUMMARY), m_book.count(), shortParts, m_book.count(), shortParts)));
+    m_statusBar.ShowMessage(CString_X());
 }
 
 void CMainFrame::OnViewMessages()

@@ -1,14 +1,15 @@
 #pragma once
 
-#include "finddialog.h"
+#include "findbar.h"
 #include "kindsplitter.h"
 #include "messageview.h"
 #include "partsbook.h"
+#include "statusbar.h"
 #include "stockchart.h"
+#include "toolbar.h"
 
 #include <QMainWindow>
 
-class QLabel;
 class QTableWidget;
 
 /// The widget of the main window, by its class and its name the one that the library knows as such.
@@ -85,10 +86,11 @@ private:
     void ShowStatus(const CString_X& text);
     void ShowStatus(unsigned format, const CString_X& text);
 
-    QLabel* m_status = nullptr; // the status bar's
     PartsBook m_book;
     CStockChart m_chart;
     CKindSplitter m_splitter;
-    CFindDialog m_find;
+    CPartsToolBar m_toolBar;
+    CPartsStatusBar m_statusBar;
+    CFindBar m_findBar;
     CMessageView m_messages;
 };

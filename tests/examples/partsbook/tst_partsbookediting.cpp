@@ -31,6 +31,7 @@ private slots:
     void oneFieldAfterARefusal();
     void everyControl();
     void deletionOfThePartUnderTheMouse();
+    void deletionByTheToolBar();
     void deletionOfThePartWhoseBarIsClicked();
     void unsavedChangesAreSavedOnClosing();
     void badLinesStay();
@@ -42,8 +43,10 @@ private:
     void comesUp(const QString& title);
     void waitForEnd(int exitCode);
     void openSearch();
+    bool isSearchOpen() const;
     /// Where the chart has a bar of this colour, (0, 0) as long as there is none.
     QPoint barOf(unsigned long color) const;
+    QPoint toolButtonOf(unsigned long color) const;
     void openBearing();
     /// The file becomes what it was, but for the line of the bearing.
     void becomesOriginalBut(const QByteArray& line);
@@ -114,17 +117,23 @@ void tst_PartsbookEditing::openSearch()
 {
     comesUp("Parts Book");
     m_user.press("Control_L f");
-    comesUp("Find");
+    QTRY_VERIFY(isSearchOpen());
 }
 
-// By the search, beside which the main window can be used.
+// Whether the grey of the search bar has taken the place of the last rows.
+bool tst_PartsbookEditing::isSearchOpen() const
+{
+    const QPoint place = m_user.windowOrigin(m_window) + QPoint(700, m_user.sizeOf(m_window).height() - 60);
+    return (m_user.pixelAt(place) & 0xFFFFFF) == 0xEFEFEF;
+}
+
+// By the search bar, which gives the keyboard back to the table when it is closed.
 void tst_PartsbookEditing::openBearing()
 {
     openSearch();
     m_user.type("be-6204");
     m_user.press("Return");
     m_user.press("Escape");
-    comesUp("Parts Book");
     m_user.press("Return");
     comesUp("Edit Part");
 }
@@ -200,7 +209,7 @@ void tst_PartsbookEditing::deletionOfThePartUnderTheMouse()
     start();
     openSearch();
     m_user.press("Escape");
-    comesUp("Parts Book");
+    QTRY_VERIFY(!isSearchOpen());
     const QPoint place = m_user.windowOrigin(m_window) + QPoint(200, 400);
     const unsigned long before = m_user.pixelAt(place);
     m_user.movePointer(place);
@@ -231,6 +240,38 @@ QPoint tst_PartsbookEditing::barOf(unsigned long color) const
             return column + QPoint(0, y);
     }
     return {};
+}
+
+// A place in the picture of the rightmost button that has the colour.
+QPoint tst_PartsbookEditing::toolButtonOf(unsigned long color) const
+{
+    const QPoint origin = m_user.windowOrigin(m_window);
+    for (int x = 200; x > 0; x -= 2) {
+        for (int y = 20; y < 80; y += 2) {
+            if ((m_user.pixelAt(origin + QPoint(x, y)) & 0xFFFFFF) == color)
+                return origin + QPoint(x, y);
+        }
+    }
+    return {};
+}
+
+void tst_PartsbookEditing::deletionByTheToolBar()
+{
+    constexpr unsigned long redCross = 0xD0342C;
+    start();
+    comesUp("Parts Book");
+    QPoint button;
+    QTRY_VERIFY(!(button = toolButtonOf(redCross)).isNull());
+    m_user.movePointer(button);
+    m_user.clickButton(1);
+    comesUp("疑问");
+    m_user.press("space"); // the first button: yes
+    comesUp("Parts Book");
+    m_user.press("Control_L s");
+    QTRY_VERIFY(contentOf(m_parts) != m_original);
+    QByteArrayList lines = m_original.split('\n');
+    lines.removeAt(1); // the first part
+    QCOMPARE(contentOf(m_parts).split('\n'), lines);
 }
 
 void tst_PartsbookEditing::deletionOfThePartWhoseBarIsClicked()

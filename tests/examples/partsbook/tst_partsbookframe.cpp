@@ -10,6 +10,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDockWidget>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -19,6 +20,7 @@
 #include <QStatusBar>
 #include <QTableWidget>
 #include <QTemporaryDir>
+#include <QToolBar>
 #include <xeprocess.h>
 #include <xeresource.h>
 
@@ -74,8 +76,12 @@ private slots:
     void editPart();
     void deleteAfterYes();
     void noDeletionAfterNo();
-    void findBesideTheWindow();
+    void findAtTheBottom();
     void findAgain();
+
+    void toolBarHasACheckButtonForTheMessages();
+    void toolBarButtonsAreTheMenusCommands();
+    void statusTellsOfChanges();
 
     void saves();
     void savesUnderTheSuffixOfTheType_data();
@@ -91,7 +97,7 @@ private:
     QTableWidget* table() const { return window()->findChild<QTableWidget*>(); }
     QAction* command(unsigned id) const { return window()->findChild<QAction*>(ToStringId(id)); }
     QString cell(int row, int column) const { return table()->item(row, column)->text(); }
-    QString status() const { return window()->findChild<QStatusBar*>()->findChild<QLabel*>()->text(); }
+    QString status() const;
     QString path() const { return m_folder->filePath("parts.csv"); }
     QByteArray content() const;
     void write(const QByteArray& text);
@@ -130,6 +136,16 @@ void tst_PartsbookFrame::write(const QByteArray& text)
     QFile file(path());
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(text);
+}
+
+// The texts of the panes of the status bar: "Saved parts.csv|2 parts|1 short|".
+QString tst_PartsbookFrame::status() const
+{
+    QStringList texts;
+    const auto* const bar = qobject_cast<CStatusBar_X*>(CWnd_X::FromHandle(window()->findChild<QStatusBar*>()));
+    for (const QWidget* pane : bar->GetListQWidgets())
+        texts += static_cast<const QLabel*>(pane)->text();
+    return texts.join('|');
 }
 
 bool tst_PartsbookFrame::open(const QByteArray& text)
@@ -216,7 +232,7 @@ void tst_PartsbookFrame::showsTheParts()
     QCOMPARE(table()->currentRow(), 0);
     QCOMPARE(cell(0, 1), QString("Screw 螺钉"));
     QCOMPARE(cell(2, 9), QString("heavy"));
-    QCOMPARE(status(), QString("3 parts, 1 of them short    零件 3, 缺货 1"));
+    QCOMPARE(status(), QString("|3 parts 零件|1 short 缺货|"));
     QVERIFY(table()->item(0, 0)->foreground() != table()->item(1, 0)->foreground()); // short
     QVERIFY(table()->item(1, 0)->foreground() != table()->item(2, 0)->foreground()); // not in use
 }
@@ -292,7 +308,7 @@ void tst_PartsbookFrame::editPart()
     QVERIFY(driver.hasActed());
     updateCommands();
     QCOMPARE(cell(1, 5), QString("7"));
-    QCOMPARE(status(), QString("Changed BE-2 已修改"));
+    QCOMPARE(status(), QString("Changed BE-2 已修改|2 parts 零件|0 short 缺货|Modified 已修改"));
     QVERIFY(window()->isWindowModified());
 }
 
@@ -313,52 +329,107 @@ void tst_PartsbookFrame::noDeletionAfterNo()
     QVERIFY(!window()->isWindowModified());
 }
 
-void tst_PartsbookFrame::findBesideTheWindow()
+void tst_PartsbookFrame::findAtTheBottom()
 {
     QVERIFY(open(heading + screw + bearing + motor));
+    QVERIFY(!window()->findChild<QDockWidget*>());
     command(ID_EDIT_FIND)->trigger();
-    auto* const dialog = window()->findChild<QDialog*>();
-    QVERIFY(dialog && dialog->isVisible());
-    QVERIFY(!QApplication::activeModalWidget());
-    const auto find = [dialog](const char* text) {
-        dialog->findChild<QLineEdit*>()->setText(text);
-        dialog->findChild<QPushButton*>("OK")->click();
-        return dialog->findChild<QLabel*>("IDC_FIND_RESULT")->text();
+    auto* const bar = window()->findChild<QDockWidget*>();
+    QVERIFY(bar && bar->isVisible());
+    QTRY_VERIFY(bar->geometry().top() > table()->parentWidget()->geometry().bottom());
+    const auto find = [bar](const char* text) {
+        bar->findChild<QLineEdit*>()->setText(text);
+        bar->findChild<QPushButton*>("IDC_FIND_NEXT")->click();
+        return bar->findChild<QLabel*>("IDC_FIND_RESULT")->text();
     };
     QCOMPARE(find("mot"), QString());
     QCOMPARE(table()->currentRow(), 2);
-    QCOMPARE(status(), QString("Found EL-3 已找到"));
+    QCOMPARE(status(), QString("Found EL-3 已找到|3 parts 零件|1 short 缺货|"));
     QCOMPARE(find("轴"), QString());
     QCOMPARE(table()->currentRow(), 1);
     QCOMPARE(find("nothing"), QString("No match 未找到"));
     QCOMPARE(table()->currentRow(), 1);
-    dialog->findChild<QCheckBox*>()->setChecked(true);
+    bar->findChild<QCheckBox*>()->setChecked(true);
     QCOMPARE(find("mot"), QString("No match 未找到"));
     QCOMPARE(find(""), QString());
-    QVERIFY(dialog->isVisible());
-    dialog->findChild<QPushButton*>("Cancel")->click();
-    QVERIFY(!dialog->isVisible());
+    QVERIFY(bar->isVisible());
+    bar->findChild<QPushButton*>("IDC_FIND_CLOSE")->click();
+    QVERIFY(!bar->isVisible());
     command(ID_EDIT_FIND)->trigger();
-    QVERIFY(dialog->isVisible());
-    QCOMPARE(window()->findChildren<QDialog*>().size(), 1);
+    QVERIFY(bar->isVisible());
+    QCOMPARE(window()->findChildren<QDockWidget*>().size(), 1);
 }
 
 void tst_PartsbookFrame::findAgain()
 {
     QVERIFY(open(heading + screw + bearing + motor));
+    table()->setFocus();
     command(ID_EDIT_REPEAT)->trigger(); // opens the search, as there is nothing to look for yet
-    auto* const dialog = window()->findChild<QDialog*>();
-    QVERIFY(dialog && dialog->isVisible());
-    dialog->findChild<QLineEdit*>()->setText("r");
-    QTest::keyClick(dialog, Qt::Key_Return);
+    auto* const bar = window()->findChild<QDockWidget*>();
+    QVERIFY(bar && bar->isVisible());
+    auto* const text = bar->findChild<QLineEdit*>();
+    QCOMPARE(window()->focusWidget(), text);
+    QTest::keyClicks(text, "r");
+    QTest::keyClick(text, Qt::Key_Return);
     QCOMPARE(table()->currentRow(), 1);
-    QTest::keyClick(dialog, Qt::Key_Escape);
-    QVERIFY(!dialog->isVisible());
+    QTest::keyClick(text, Qt::Key_Escape);
+    QVERIFY(!bar->isVisible());
+    QCOMPARE(window()->focusWidget(), table());
     command(ID_EDIT_REPEAT)->trigger();
     QCOMPARE(table()->currentRow(), 2);
     command(ID_EDIT_REPEAT)->trigger();
     QCOMPARE(table()->currentRow(), 0);
-    QVERIFY(!dialog->isVisible());
+    QVERIFY(!bar->isVisible());
+}
+
+// --------------------------------------------------------------------------------------------------------------- bars
+
+void tst_PartsbookFrame::toolBarHasACheckButtonForTheMessages()
+{
+    QVERIFY(open(heading + screw));
+    auto* const bar = window()->findChild<QToolBar*>();
+    QCOMPARE(bar->actions().size(), 9);
+    for (const QAction* action : bar->actions())
+        QCOMPARE(action->icon().isNull(), action->isSeparator());
+    QAction* const messages = command(ID_VIEW_MESSAGES);
+    auto* const button = bar->widgetForAction(messages);
+    QTest::mouseClick(button, Qt::LeftButton);
+    updateCommands();
+    QVERIFY(messages->isChecked());
+    auto* const view = window()->findChild<CTavoView*>();
+    QVERIFY(view && view->isVisible());
+    view->close();
+    updateCommands();
+    QVERIFY(!messages->isChecked());
+    QTest::mouseClick(button, Qt::LeftButton);
+    QTest::mouseClick(button, Qt::LeftButton);
+    updateCommands();
+    QVERIFY(!view->isVisible());
+    QVERIFY(!messages->isChecked());
+}
+
+void tst_PartsbookFrame::toolBarButtonsAreTheMenusCommands()
+{
+    QVERIFY(open(heading + screw));
+    auto* const bar = window()->findChild<QToolBar*>();
+    QVERIFY(!bar->widgetForAction(command(ID_FILE_SAVE))->isEnabled());
+    deleteRow(0, "是");
+    QVERIFY(bar->widgetForAction(command(ID_FILE_SAVE))->isEnabled());
+    QVERIFY(!bar->widgetForAction(command(ID_PART_EDIT))->isEnabled());
+    QTest::mouseClick(bar->widgetForAction(command(ID_FILE_SAVE)), Qt::LeftButton);
+    updateCommands();
+    QCOMPARE(content(), heading);
+}
+
+void tst_PartsbookFrame::statusTellsOfChanges()
+{
+    QVERIFY(open(heading + screw + bearing));
+    QCOMPARE(status(), QString("|2 parts 零件|1 short 缺货|"));
+    deleteRow(1, "是");
+    QCOMPARE(status(), QString("Deleted BE-2 已删除|1 parts 零件|0 short 缺货|Modified 已修改"));
+    command(ID_FILE_SAVE)->trigger();
+    updateCommands();
+    QCOMPARE(status(), QString("Saved parts.csv 已保存|1 parts 零件|0 short 缺货|"));
 }
 
 // ------------------------------------------------------------------------------------------------- saving and closing
@@ -370,7 +441,7 @@ void tst_PartsbookFrame::saves()
     command(ID_FILE_SAVE)->trigger();
     updateCommands();
     QCOMPARE(content(), heading + bearing);
-    QCOMPARE(status(), QString("Saved parts.csv 已保存"));
+    QCOMPARE(status(), QString("Saved parts.csv 已保存|1 parts 零件|1 short 缺货|"));
     QVERIFY(!window()->isWindowModified());
     QVERIFY(!command(ID_FILE_SAVE)->isEnabled());
 }
@@ -418,12 +489,12 @@ void tst_PartsbookFrame::statusGoesAway()
 {
     QVERIFY(open(heading + screw + bearing));
     deleteRow(0, "是");
-    QCOMPARE(status(), QString("Deleted FA-1 已删除"));
+    QCOMPARE(status(), QString("Deleted FA-1 已删除|1 parts 零件|1 short 缺货|Modified 已修改"));
     QCOMPARE(GetGlobalEventHandler()->timers.size(), std::size_t(1));
     m_frame->SendMessage(WM_TIMER, 4711);
-    QCOMPARE(status(), QString("Deleted FA-1 已删除"));
+    QCOMPARE(status(), QString("Deleted FA-1 已删除|1 parts 零件|1 short 缺货|Modified 已修改"));
     m_frame->SendMessage(WM_TIMER, 1001);
-    QCOMPARE(status(), QString("1 parts, 1 of them short    零件 1, 缺货 1"));
+    QCOMPARE(status(), QString("|1 parts 零件|1 short 缺货|Modified 已修改"));
     QCOMPARE(GetGlobalEventHandler()->timers.size(), std::size_t(0));
 }
 

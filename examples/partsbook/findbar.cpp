@@ -1,0 +1,78 @@
+#include "findbar.h"
+#include "ui_findbar.h" // ahead of resource.h, whose macros have the names of its members
+
+#include "control.h"
+#include "text.h"
+
+#include <QMainWindow>
+#include <xeafxddx.h>
+
+IMPLEMENT_DYNAMIC_X(CFindBar, CDialogBar_X)
+
+BEGIN_MESSAGE_MAP_X(CFindBar, CDialogBar_X)
+    ON_WM_KEYDOWN_X()
+END_MESSAGE_MAP_X()
+
+void CFindBar::SetupUI()
+{
+    auto* const bar = Imp<QDockWidget>();
+    auto* const form = new QWidget;
+    Ui::CFindBar().setupUi(form);
+    bar->setWidget(form);
+    bar->setTitleBarWidget(new QWidget); // none
+    Connect(IDC_FIND_TEXT, SIGNAL(returnPressed()), this, SLOT(OnFindNext()), bar);
+    Connect(IDC_FIND_NEXT, SIGNAL(clicked()), this, SLOT(OnFindNext()), bar);
+    Connect(IDC_FIND_CLOSE, SIGNAL(clicked()), this, SLOT(OnFindClose()), bar);
+}
+
+void CFindBar::DoDataExchange(CDataExchange_X* exchange)
+{
+    CDialogBar_X::DoDataExchange(exchange);
+    DDX_Text(exchange, IDC_FIND_TEXT, m_text);
+    DDX_Check(exchange, IDC_MATCH_CASE, m_matchCase);
+}
+
+void CFindBar::Open(CWnd_X& frame)
+{
+    if (!GetSafeHwnd()) {
+        if (!Create(&frame, IDD_FIND, WS_CHILD | CBRS_BOTTOM, IDD_FIND))
+            return;
+        frame.Imp<QMainWindow>()->addDockWidget(Qt::BottomDockWidgetArea, Imp<QDockWidget>());
+    }
+    QWidget* const focus = frame.GetSafeHwnd()->focusWidget(); // also while another program is active
+    if (!IsChild(focus))
+        m_focusBefore = focus;
+    ShowWindow(SW_SHOW);
+    auto& text = control<QLineEdit>(*this, IDC_FIND_TEXT);
+    text.setFocus();
+    text.selectAll();
+}
+
+void CFindBar::OnFindNext()
+{
+    if (UpdateData(TRUE))
+        FindNext();
+}
+
+void CFindBar::FindNext()
+{
+    const auto matchCase = static_cast<WPARAM>(m_matchCase);
+    const auto text = reinterpret_cast<LPARAM>(&m_text);
+    const bool found = m_text.IsEmpty() || GetParent()->SendMessage(WM_FIND_PART, matchCase, text);
+    SetDlgItemText(IDC_FIND_RESULT, found ? L"" : loadText(IDS_NOT_FOUND).GetString());
+}
+
+void CFindBar::OnFindClose()
+{
+    ShowWindow(SW_HIDE);
+    if (m_focusBefore)
+        m_focusBefore->setFocus();
+}
+
+void CFindBar::OnKeyDown(UINT vk, UINT repeatCount, UINT modifiers)
+{
+    if (vk == VK_ESCAPE)
+        OnFindClose();
+    else
+        CDialogBar_X::OnKeyDown(vk, repeatCount, modifiers);
+}

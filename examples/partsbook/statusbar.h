@@ -1,0 +1,25 @@
+#pragma once
+
+#include <xeafxbar.h>
+
+/// The status bar of the main window: a message, the number of parts, how many of them are short, and whether the book
+/// has been changed.
+class CPartsStatusBar : public CStatusBar_X
+{
+    Q_OBJECT
+    DECLARE_DYNCREATE_X(CPartsStatusBar)
+
+    /// Makes the bar at the bottom of the main window.
+    void Open(CWnd_X& frame);
+    /// An empty text takes the message away.
+    void ShowMessage(const CString_X& text) { ShowText(Message, text); }
+    void ShowCounts(int parts, int shortParts);
+    void ShowModified(bool modified);
+
+private:
+    enum Pane { Message, Count, Short, Modified, paneCount };
+
+    void ShowText(Pane pane, const CString_X& text);
+
+    CString_X m_texts[paneCount];
+};
