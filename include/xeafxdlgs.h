@@ -3,8 +3,8 @@
 ///
 /// They are Qt's own dialogs, never those of the desktop, so they look and answer alike everywhere. The texts that the
 /// library sets are Chinese, whatever the locale; Qt's own questions (may the file be replaced, a file is not there)
-/// stay in the application's Qt language. A dialog's accessors answer for the last run that was accepted: before it, and
-/// after runs that were all cancelled, they give an empty text or 0.
+/// stay in the application's Qt language. A dialog's accessors answer for the last run that was accepted: before it,
+/// and after runs that were all cancelled, they give an empty text or 0.
 #pragma once
 
 #include "xeafxdlg.h"
@@ -159,8 +159,8 @@ protected:
 /// A filter is text of pairs, each a label and its patterns, with "|" behind each. Unlike with the published class the
 /// patterns are those in the brackets at the end of the label, divided by ";" or blanks, and what stands between the
 /// labels is dropped; a label that does not end in ")" is dropped too. "*.*" shows every file. When the user chooses
-/// another type in a save dialog, the suffix of the name becomes that of the type's first pattern, unless the name is of
-/// that type already or the pattern has no suffix to give.
+/// another type in a save dialog, the suffix of the name becomes that of the type's first pattern, unless the name is
+/// of that type already or the pattern has no suffix to give.
 ///
 /// Flags other than OFN_ALLOWMULTISELECT have no effect: a save dialog always asks before a file is replaced, and an
 /// open dialog for one file may give the name of one that does not exist. A save dialog gives one name, with the flag
@@ -172,7 +172,7 @@ class XE_EXPORT CFileDialog_X : public CCommonDialog_X
     DECLARE_IMP_CLASS_X(QFileDialog)
 
     /// To open a file if `open` is not 0, else to save one; all texts are empty. `flags` are not used.
-    CFileDialog_X(QWidget* parent, Qt::WindowFlags flags, int open);
+    CFileDialog_X(QWidget* parent, QFlags<Qt::WindowType> flags, int open);
     /// With a window title, the folder to begin in (or a file, which is proposed in its folder), and a filter. An empty
     /// title or folder leaves Qt's own: its default title, and the folder visited last.
     CFileDialog_X(QWidget* parent, const CString_X& caption, const CString_X& directory, const CString_X& filter,
@@ -184,7 +184,8 @@ class XE_EXPORT CFileDialog_X : public CCommonDialog_X
                            QWidget* parent = nullptr);
     /// The three forms with the parent's wrapper.
     template <class Window, xe::detail::IfWindow<Window> = 0>
-    CFileDialog_X(const Window* parent, Qt::WindowFlags flags, int open) : CFileDialog_X(widgetOf(parent), flags, open)
+    CFileDialog_X(const Window* parent, QFlags<Qt::WindowType> flags, int open)
+        : CFileDialog_X(widgetOf(parent), flags, open)
     {}
     template <class Window, xe::detail::IfWindow<Window> = 0>
     CFileDialog_X(const Window* parent, const CString_X& caption, const CString_X& directory, const CString_X& filter,
@@ -311,8 +312,8 @@ class XE_EXPORT CColorDialog_X : public CCommonDialog_X
 /// }
 /// @endcode
 ///
-/// Where no printer is set up, the user can print to a PDF file. Unlike with the published class the flags do not change
-/// the dialog, the record is not written back, and the painter is no device context: it goes into no CDC_X.
+/// Where no printer is set up, the user can print to a PDF file. Unlike with the published class the flags do not
+/// change the dialog, the record is not written back, and the painter is no device context: it goes into no CDC_X.
 ///
 /// The Print button asks Qt about a file that exists already and does not come by OnOK(), unlike the Cancel button,
 /// which comes by OnCancel(). OnPrintBtnClicked() is where a host can hook in.
@@ -324,13 +325,13 @@ class XE_EXPORT CPrintDialog_X : public CCommonDialog_X
 
     /// With a record of its own: `Flags` are `flags` and PD_RETURNDC, PD_ENABLEPRINTHOOK and PD_ENABLESETUPHOOK, for a
     /// set-up PD_PRINTSETUP in place of PD_RETURNDC, and in both cases not PD_RETURNIC.
-    explicit CPrintDialog_X(int printSetupOnly,
+    explicit CPrintDialog_X(int bPrintSetupOnly,
                             unsigned flags = PD_ALLPAGES | PD_USEDEVMODECOPIES | PD_NOPAGENUMS | PD_HIDEPRINTTOFILE
                                              | PD_NOSELECTION,
                             QWidget* parent = nullptr);
     template <class Window, xe::detail::IfWindow<Window> = 0>
-    CPrintDialog_X(int printSetupOnly, unsigned flags, const Window* parent)
-        : CPrintDialog_X(printSetupOnly, flags, widgetOf(parent))
+    CPrintDialog_X(int bPrintSetupOnly, unsigned flags, const Window* parent)
+        : CPrintDialog_X(bPrintSetupOnly, flags, widgetOf(parent))
     {}
     /// With the record of another, which it does not change and which must live as long as this object. No parent.
     explicit CPrintDialog_X(tagPDW& record);
@@ -356,9 +357,9 @@ class XE_EXPORT CPrintDialog_X : public CCommonDialog_X
     /// The first and last page, from 1; 0 before acceptance, and unless PrintRange().
     int GetFromPage() const;
     int GetToPage() const;
-    /// The QPainter on the printer, in which the job has begun. It is the caller's, who ends the job by deleting it, say
-    /// with DeleteDC_X(). Null before acceptance, when the painter is gone or could not begin, and with PD_PRINTSETUP
-    /// in `Flags`, where a painter would begin a job that nobody wants.
+    /// The QPainter on the printer, in which the job has begun. It is the caller's, who ends the job by deleting it,
+    /// say with DeleteDC_X(). Null before acceptance, when the painter is gone or could not begin, and with
+    /// PD_PRINTSETUP in `Flags`, where a painter would begin a job that nobody wants.
     HDC GetPrinterDC() const;
     /// Null: the painter comes from the dialog.
     HDC CreatePrinterDC() { return nullptr; }

@@ -4,8 +4,8 @@
 
 #include <QStringList>
 
-// The questions for files, folders and colours that the commands of the main window ask. Each gives an empty answer when
-// the user cancels it.
+// The questions for files, folders and colours that the commands of the main window ask. Each gives an empty answer
+// when the user cancels it.
 
 /// The file of a book to open; `present` is proposed.
 QString askForBook(const CWnd_X& parent, const QString& present);

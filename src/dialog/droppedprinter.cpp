@@ -7,8 +7,8 @@
 
 namespace {
 
-// A QPainter that goes tells nobody, so the printer is looked at whenever the program is idle. One that is painted on for
-// ever is never deleted: its painter would be left with an address that is gone.
+// A QPainter that goes tells nobody, so the printer is looked at whenever the program is idle. One that is painted on
+// for ever is never deleted: its painter would be left with an address that is gone.
 class DroppedPrinter : public QObject
 {
 public:

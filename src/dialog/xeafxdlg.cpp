@@ -85,15 +85,18 @@ void CDialog_X::EndDialog(int result)
 
 BOOL CDialog_X::OnInitDialog()
 {
+    const QPointer<CDialog_X> living(this);
     if (UpdateData(FALSE))
         return TRUE;
-    EndDialog(-1);
+    if (living)
+        EndDialog(-1);
     return FALSE;
 }
 
 void CDialog_X::OnOK()
 {
-    if (UpdateData(TRUE))
+    const QPointer<CDialog_X> living(this); // the exchange may be its end
+    if (UpdateData(TRUE) && living)
         EndDialog(IDOK);
 }
 

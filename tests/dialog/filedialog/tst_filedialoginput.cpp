@@ -144,7 +144,7 @@ void tst_FileDialogInput::doubleClick(const Shown& shown, const QString& name)
     m_input.clickButton(1);
 }
 
-// ---------------------------------------------------------------------------------------------------------------- files
+// --------------------------------------------------------------------------------------------------------------- files
 
 void tst_FileDialogInput::nameAndReturn()
 {

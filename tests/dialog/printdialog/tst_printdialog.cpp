@@ -417,7 +417,7 @@ void tst_PrintDialog::printerOfTheHosts()
     QCOMPARE(pages(file()), QStringLiteral("1 pages"));
 }
 
-// ----------------------------------------------------------------------------------------------------------- operations
+// --------------------------------------------------------------------------------------------------------- operations
 
 void tst_PrintDialog::cancelComesByOnCancel()
 {
