@@ -93,8 +93,8 @@ BOOL CSpinButtonCtrl_X::SetAccel(int count, const _GUDACCEL* accelerators)
 
 QLineEdit* CSpinButtonCtrl_X::SetBuddy(QLineEdit* buddy)
 {
-    if (!buddy || buddy == fieldOf(*this))
-        return buddy;
+    if (!buddy)
+        return nullptr;
     if (auto* const whole = Imp<XeCUISpinBox>())
         whole->setLineEdit(buddy);
     else if (auto* const decimal = Imp<XeCUIDoubleSpinBox>())

@@ -101,6 +101,7 @@ private Q_SLOTS:
     void aColumnGetsItsWidth_data();
     void aColumnGetsItsWidth();
     void negativeWidthsAreZero();
+    void noOtherColumnCollapses();
     void aHiddenPaneKeepsItsWidth();
     void aCollapsedPaneStaysSo();
 
@@ -444,6 +445,23 @@ void tst_Splitter::negativeWidthsAreZero()
     QCOMPARE(stage.views[0].GetSafeHwnd()->maximumWidth(), 100);
     stage.splitter.SetColumnInfo(1, -100, 0);
     QCOMPARE(stage.views[1].GetSafeHwnd()->maximumWidth(), 0);
+}
+
+// There is no room for them, and there will be.
+void tst_Splitter::noOtherColumnCollapses()
+{
+    Stage<> stage(0, false);
+    stage.splitter.CreateStatic(&stage.frame, 1, 3);
+    for (int i = 0; i < 3; ++i) {
+        stage.splitter.CreateView(0, i, &stage.views[i]);
+        stage.views[i].GetSafeHwnd()->setMinimumWidth(20);
+    }
+    stage.splitter.MoveWindow(0, 0, 1, 200);
+    stage.splitter.SetColumnInfo(0, 120, 20);
+    stage.splitter.MoveWindow(0, 0, 600, 200);
+    stage.show();
+    QCOMPARE(stage.widths().first(), 120);
+    QCOMPARE(stage.imp()->sizes(), stage.widths());
 }
 
 void tst_Splitter::aHiddenPaneKeepsItsWidth()
