@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QStandardItemModel>
 
 #include <optional>
 
@@ -125,18 +126,55 @@ int CComboBox_X::GetLBText(int index, CString_X& text) const
 
 namespace {
 
+// The model that a box has of itself, whose items are faster to read than its indices; null for any other.
+const QStandardItemModel* ownModel(const QComboBox& box)
+{
+    const QAbstractItemModel* const model = box.model();
+    const bool isOwn = model->metaObject() == &QStandardItemModel::staticMetaObject && !box.rootModelIndex().isValid();
+    return isOwn ? static_cast<const QStandardItemModel*>(model) : nullptr;
+}
+
 template <class Fits>
 int firstItem(const QComboBox* box, int start, Fits fits)
 {
     const int count = box ? box->count() : 0;
+    const QStandardItemModel* const model = count ? ownModel(*box) : nullptr;
+    const int column = count ? box->modelColumn() : 0;
     for (int i = qMax(start, 0); i < count; ++i) {
-        if (fits(box->itemText(i)))
+        const QStandardItem* const item = model ? model->item(i, column) : nullptr;
+        if (fits(item ? item->text() : box->itemText(i)))
             return i;
     }
     return CB_ERR;
 }
 
-bool equals(const QString& a, const QString& b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
+constexpr bool isAscii(QChar c) { return c.unicode() < 0x80; }
+
+constexpr ushort lowerAscii(QChar c)
+{
+    const ushort unit = c.unicode();
+    return unit >= 'A' && unit <= 'Z' ? unit | 0x20 : unit;
+}
+
+// QString::startsWith(), which folds each character by a table, only where a character needs that.
+bool beginsWith(const QString& item, const QString& start)
+{
+    if (item.size() < start.size())
+        return false;
+    for (int i = 0; i < start.size(); ++i) {
+        const QChar a = item[i];
+        const QChar b = start[i];
+        if (a == b)
+            continue;
+        if (!isAscii(a) || !isAscii(b))
+            return item.startsWith(start, Qt::CaseInsensitive);
+        if (lowerAscii(a) != lowerAscii(b))
+            return false;
+    }
+    return true;
+}
+
+bool equals(const QString& a, const QString& b) { return a.size() == b.size() && beginsWith(a, b); }
 
 std::optional<double> numberIn(const QString& text)
 {
@@ -162,8 +200,7 @@ int CComboBox_X::SetCurSel(int index)
 int CComboBox_X::FindString(int start, const wchar_t* text) const
 {
     const XeQString wanted(text);
-    return firstItem(Imp<QComboBox>(), start,
-                     [&](const QString& item) { return item.startsWith(wanted, Qt::CaseInsensitive); });
+    return firstItem(Imp<QComboBox>(), start, [&](const QString& item) { return beginsWith(item, wanted); });
 }
 
 int CComboBox_X::FindStringExact(int start, const wchar_t* text) const

@@ -10,6 +10,8 @@
 
 #include <QAbstractItemView>
 #include <QSignalSpy>
+#include <QSortFilterProxyModel>
+#include <QStandardItemModel>
 
 #include <climits>
 
@@ -93,6 +95,8 @@ private Q_SLOTS:
 
     void finding_data();
     void finding();
+    void findingFoldsAsQtDoes();
+    void findingInAnotherModel();
     void selecting_data();
     void selecting();
     void programsAreSilentUsersAreHeard();
@@ -315,6 +319,44 @@ void tst_ComboBox::finding()
     const Stage stage(fruit);
     QTEST(stage.combo.FindString(start, text), "byBeginning");
     QTEST(stage.combo.FindStringExact(start, text), "whole");
+}
+
+// Letters whose other case is one of ASCII, letters beyond the first plane, and one text longer than the other.
+void tst_ComboBox::findingFoldsAsQtDoes()
+{
+    const QStringList texts{QStringLiteral("ÄPFEL"), QStringLiteral("äpfel"), QStringLiteral("\u212A1"), // Kelvin
+                            QStringLiteral("k1"),    QStringLiteral("ſ"),     QStringLiteral("S"),
+                            QStringLiteral("𐐀x"),    QStringLiteral("𐐨X"),    QStringLiteral("ΣΊΣ"),
+                            QStringLiteral("σίς"),   QStringLiteral("[{@`"),  QStringLiteral("{[`@"),
+                            QStringLiteral("ß"),     QStringLiteral("SS"),    QString()};
+    for (const QString& item : texts) {
+        const Stage stage({item});
+        for (const QString& text : texts) {
+            QCOMPARE(stage.combo.FindString(0, CString_X(text)), item.startsWith(text, Qt::CaseInsensitive) ? 0 : -1);
+            QCOMPARE(stage.combo.FindStringExact(0, CString_X(text)),
+                     item.compare(text, Qt::CaseInsensitive) == 0 ? 0 : -1);
+        }
+    }
+}
+
+// A model of the host's, or a column of it.
+void tst_ComboBox::findingInAnotherModel()
+{
+    QStandardItemModel model(2, 2);
+    model.setItem(0, 1, new QStandardItem(QStringLiteral("apple")));
+    model.setItem(1, 1, new QStandardItem(QStringLiteral("pear")));
+    QSortFilterProxyModel sorted;
+    sorted.setSourceModel(&model);
+    sorted.sort(1, Qt::DescendingOrder);
+    Stage stage;
+    stage.box.setModel(&model);
+    stage.box.setModelColumn(1);
+    QCOMPARE(stage.combo.FindString(0, L"PE"), 1);
+    stage.box.setModel(&sorted);
+    stage.box.setModelColumn(1);
+    QCOMPARE(stage.combo.FindString(0, L"PE"), 0);
+    model.takeItem(0, 1);
+    QCOMPARE(stage.combo.FindString(0, L"apple"), -1);
 }
 
 void tst_ComboBox::selecting_data()
