@@ -4,6 +4,7 @@
 #include "core/objectlinks.h"
 #include "xeresource.h"
 
+#include <algorithm>
 #include <utility>
 
 CRuntimeClass_X CObject_X::s_classInfo(&CObject_X::staticMetaObject, CObject_X::GetImpMetaObject(),
@@ -107,15 +108,40 @@ bool CObject_X::FindSlotMethod(const QString& name, QMetaMethod& method) const
     return false;
 }
 
+namespace {
+
+// What FindSlotMethod() walks, once for all connections: a list or a combo box has a dozen of Qt's own.
+QVector<QMetaMethod> slotsOf(const QMetaObject& meta)
+{
+    QVector<QMetaMethod> methods;
+    for (int i = 0; i < meta.methodCount(); ++i) {
+        const QMetaMethod method = meta.method(i);
+        if (method.methodType() == QMetaMethod::Slot)
+            methods.append(method);
+    }
+    return methods;
+}
+
+QMetaMethod slotNamed(const QByteArray& name, const QVector<QMetaMethod>& methods)
+{
+    const auto found = std::find_if(methods.cbegin(), methods.cend(),
+                                    [&name](const QMetaMethod& method) { return method.name() == name; });
+    return found == methods.cend() ? QMetaMethod() : *found;
+}
+
+} // namespace
+
 void CObject_X::ConnectSlotsFrom(QObject* from, bool keep)
 {
     if (!from)
         return;
     const QVector<xe::IncomingConnection> connections = xe::incomingConnections(from);
+    if (connections.isEmpty())
+        return;
+    const QVector<QMetaMethod> ownSlots = slotsOf(*metaObject());
     for (const xe::IncomingConnection& old : connections) {
-        QMetaMethod slot;
-        if (!FindSlotMethod(QString::fromUtf8(old.method.name()), slot)
-            || !QMetaObject::checkConnectArgs(old.signal, slot))
+        const QMetaMethod slot = slotNamed(old.method.name(), ownSlots);
+        if (!slot.isValid() || !QMetaObject::checkConnectArgs(old.signal, slot))
             continue;
         const auto type = static_cast<Qt::ConnectionType>(old.type | Qt::UniqueConnection);
         if (connect(old.sender, old.signal, this, slot, type) && !keep)
