@@ -12,6 +12,7 @@ bool CKindList::AttachDefault(QWidget* parent)
     auto* const list = new QListWidget(parent);
     list->setObjectName(ToStringId(IDC_KINDS));
     list->setFrameShape(QFrame::NoFrame);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // a long name is cut short
     return Attach(list, parent, false);
 }
 
