@@ -293,7 +293,7 @@ public:
     CObject_X* m_pmapSocketHandle = nullptr;          ///< owned
     CObject_X* m_pmapDeadSockets = nullptr;           ///< owned
     CPtrList_X* m_plistSocketNotifications = nullptr; ///< owned, with its elements, blocks of LocalAlloc_X
-    CToolTipCtrl_X* m_pToolTip = nullptr;             ///< not owned
+    CToolTipCtrl_X* m_pToolTip = nullptr;             ///< ended by its DestroyToolTipCtrl(); all windows share it
     void* m_pLastInfo = nullptr;                      ///< owned, a block of LocalAlloc_X
     int m_nLastHit = -1;
     int m_nLastStatus = -1;

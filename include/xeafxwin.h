@@ -320,6 +320,11 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     /// Ends the timer with this id, whichever window's it is. 0 if there is none.
     BOOL KillTimer(UINT_PTR id) { return GetSafeHwnd() ? KillTimer_X(GetSafeHwnd(), id) : FALSE; }
 
+    /// 1. FALSE hides the tool tip that is on the screen; nothing else: the tips are a CToolTipCtrl_X's.
+    BOOL EnableToolTips(BOOL enable = TRUE);
+    /// Hides the tool tip that is on the screen, once a CToolTipCtrl_X has been created. `keys` is ignored.
+    static void CancelToolTips(BOOL keys = FALSE);
+
     // ----------------------------------------------------------------------------------------------------- scroll bars
     // Children of the widget, along its right and its bottom edge. `bar` is SB_HORZ or SB_VERT, of the functions that
     // show and hide also SB_BOTH. Positions, ranges and pages are in units of the host's.
@@ -384,6 +389,9 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     /// A handler that deletes the wrapper has its result counted as if the wrapper lived; when PreTranslateMessage()
     /// did it with the result 0, Qt gets the event. A handler that deletes the widget stops the event, which
     /// stays accepted, and its result counts: Qt must go on neither with the widget nor from it to its parents.
+    ///
+    /// Of another object than its own widget, a tool of its CToolTipCtrl_X, the window only sees the messages, in
+    /// PreTranslateMessage(): its handlers are not called, and a result that is not 0 stops the event.
     bool eventFilter(QObject* target, QEvent* event) override;
     /// Brings the window to life: OnCreate(), then the slots of the wrapper take over connections of the widget's slots
     /// of the same names (ConnectSlotsFrom()), then OnMessageMap(). In all combo boxes below, the lists show their
@@ -663,6 +671,7 @@ private:
     bool filterMessage(const xe::EventRow& row, QObject* target, QEvent* event);
     bool filterWithoutMessage(QObject* target, QEvent* event);
     bool filterViewport(const xe::EventRow* row, QEvent* event);
+    bool filterTool(const xe::EventRow& row, QObject* tool, QEvent* event);
     bool screenMessage(xe::MessageParameters& message, QObject& target, xe::PointerPosition& pointer);
     int callEntry(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     int handleUnusual(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);

@@ -124,7 +124,7 @@ bool CDialog_X::eventFilter(QObject* target, QEvent* event)
     const QPointer<CDialog_X> living(this);
     const bool stopped = CWnd_X::eventFilter(target, event);
     const QWidget* const widget = living ? GetSafeHwnd() : nullptr;
-    if (!stopped && widget && !widget->isWindow() && event && event->type() == QEvent::KeyPress)
+    if (!stopped && widget && widget == target && !widget->isWindow() && event && event->type() == QEvent::KeyPress)
         event->setAccepted(false);
     return stopped;
 }

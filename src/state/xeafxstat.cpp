@@ -1,9 +1,12 @@
 #include "xeafxstat.h"
 
+#include "state/sharedtooltip.h"
 #include "xeafxhandle.h"
 #include "xeafxlist.h"
 #include "xeexcept.h"
 #include "xememory.h"
+
+#include <utility>
 
 // ------------------------------------------------------------------------------------------------------------ objects
 
@@ -43,7 +46,8 @@ void freeElements(CPtrList_X* list)
 
 AFX_MODULE_THREAD_STATE_X::~AFX_MODULE_THREAD_STATE_X()
 {
-    m_pToolTip = nullptr;
+    if (CToolTipCtrl_X* const tip = std::exchange(m_pToolTip, nullptr))
+        xe::destroyToolTip(*tip);
     LocalFree_X(m_pLastInfo);
     m_pLastInfo = nullptr;
     for (CHandleMap_X** map : {&m_pmapHWND, &m_pmapHMENU, &m_pmapHDC, &m_pmapHGDIOBJ, &m_pmapHIMAGELIST})

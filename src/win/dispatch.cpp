@@ -76,12 +76,13 @@ bool CWnd_X::eventFilter(QObject* target, QEvent* event)
     if (!event)
         return false;
     const xe::EventRow* const row = target ? xe::eventRow(event->type()) : nullptr;
-    if (m_viewport) {
-        if (target == m_viewport->widget())
-            return filterViewport(row, event);
-        if (row && m_viewport->hasTold(*event))
-            return false;
-    }
+    if (m_viewport && target == m_viewport->widget())
+        return filterViewport(row, event);
+    QObject* const window = GetImpQObject();
+    if (target && window && target != window)
+        return row && filterTool(*row, target, event);
+    if (row && m_viewport && m_viewport->hasTold(*event))
+        return false;
     return row ? filterMessage(*row, target, event) : filterWithoutMessage(target, event);
 }
 
@@ -95,6 +96,22 @@ bool CWnd_X::filterViewport(const xe::EventRow* row, QEvent* event)
         return true;
     event->setAccepted(acceptedBefore); // else what the area takes would go on to its parents
     return false;
+}
+
+// What another object gets is for PreTranslateMessage() alone, which relays it to the tool tips.
+bool CWnd_X::filterTool(const xe::EventRow& row, QObject* tool, QEvent* event)
+{
+    QObject* const window = xe::Viewport::windowOf(*tool);
+    if (!xe::looksAtMessages(*this) || (window != tool && !xe::Viewport::isOfWindow(*event)))
+        return false;
+    const xe::DispatchFrame frame(*this, tool, event);
+    xe::PointerPosition pointer;
+    xe::MessageParameters message = row.translate(*tool, *event, pointer);
+    const bool acceptedBefore = event->isAccepted();
+    event->setAccepted(true);
+    const bool isStopped = screenMessage(message, *window, pointer) || !frame.hasTarget();
+    event->setAccepted(isStopped || acceptedBefore);
+    return isStopped;
 }
 
 bool CWnd_X::filterWithoutMessage(QObject* target, QEvent* event)

@@ -15,6 +15,12 @@ std::unique_ptr<Viewport> Viewport::of(QWidget& widget, QObject& wrapper)
     return area ? std::make_unique<Viewport>(*area->viewport(), wrapper) : nullptr;
 }
 
+QObject* Viewport::windowOf(QObject& object)
+{
+    auto* const area = qobject_cast<QAbstractScrollArea*>(object.parent());
+    return area && area->viewport() == &object ? area : &object;
+}
+
 Viewport::Viewport(QWidget& viewport, QObject& wrapper) : m_widget(&viewport), m_wrapper(wrapper)
 {
     viewport.installEventFilter(&wrapper);

@@ -18,6 +18,11 @@ public:
     /// Null for a widget that is no scroll area.
     static std::unique_ptr<Viewport> of(QWidget& widget, QObject& wrapper);
 
+    /// The scroll area whose viewport an object is; any other object itself.
+    static QObject* windowOf(QObject& object);
+    /// Whether an event of a viewport is of a kind that is its area's.
+    static bool isOfWindow(const QEvent& event) { return traceOf(event).type != QEvent::None; }
+
     Viewport(QWidget& viewport, QObject& wrapper);
     ~Viewport();
     Q_DISABLE_COPY_MOVE(Viewport)
