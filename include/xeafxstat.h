@@ -22,7 +22,8 @@ class CToolTipCtrl_X;
 
 namespace xe {
 struct ThreadLocalObjects;
-}
+void destroyToolTip(CToolTipCtrl_X& control); // by its DestroyToolTipCtrl(), beside which it is defined
+} // namespace xe
 
 /// The base of what the state and the slots of a thread hold: objects in memory of LocalAlloc_X, cleared before they
 /// are constructed, and deleted through the virtual destructor.

@@ -3,7 +3,6 @@
 #include "ctrl/tiptools.h"
 #include "geometry/colorref.h"
 #include "geometry/rectangle.h"
-#include "state/sharedtooltip.h"
 #include "xeafxstat.h"
 
 #include <QAbstractScrollArea>

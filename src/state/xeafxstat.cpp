@@ -1,6 +1,5 @@
 #include "xeafxstat.h"
 
-#include "state/sharedtooltip.h"
 #include "xeafxhandle.h"
 #include "xeafxlist.h"
 #include "xeexcept.h"
