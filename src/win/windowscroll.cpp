@@ -1,4 +1,5 @@
 #include "win/columns.h"
+#include "win/going.h"
 #include "win/menubar.h"
 #include "xeafxwin.h"
 #include "xesysinfo.h"
@@ -27,7 +28,7 @@ void CWnd_X::ShowScrollBar(UINT bar, BOOL show)
     if (!widget || xe::makesColumns(*widget))
         return;
     const auto showOrHide = [=](QPointer<QScrollBar>& scrollBar, Qt::Orientation orientation, const QRect& place) {
-        if (!scrollBar && show)
+        if (!scrollBar && show && !xe::isGoing(*widget))
             scrollBar = new QScrollBar(orientation, widget);
         if (!scrollBar)
             return;

@@ -3,6 +3,7 @@
 #include "core/nullobject.h"
 #include "win/columns.h"
 #include "win/dispatchframe.h"
+#include "win/going.h"
 #include "win/menubar.h"
 #include "win/viewport.h"
 #include "xehost.h"
@@ -153,7 +154,7 @@ int CWnd_X::OnCreate(tagCREATESTRUCTW* createStruct)
 {
     SetupUI();
     QWidget* const widget = GetSafeHwnd();
-    if (!widget || xe::makesColumns(*widget))
+    if (!widget || xe::makesColumns(*widget) || xe::isGoing(*widget))
         return 0;
     const DWORD style = createStruct ? static_cast<DWORD>(createStruct->style) : 0;
     if (style & WS_HSCROLL)
@@ -168,7 +169,7 @@ int CWnd_X::OnCreate(tagCREATESTRUCTW* createStruct)
 QMenuBar* CWnd_X::menuBar()
 {
     QWidget* const widget = GetSafeHwnd();
-    if (!m_menuBar && m_isControl && widget)
+    if (!m_menuBar && m_isControl && widget && !xe::isGoing(*widget))
         m_menuBar = xe::makeMenuBar(*widget);
     return xe::menuBarOf(widget, m_menuBar);
 }

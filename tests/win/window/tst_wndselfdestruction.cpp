@@ -46,6 +46,33 @@ private:
     const UINT m_message;
 };
 
+// Moves to a child of its widget, and makes a wrapper for the widget, when it loses the active state.
+class LastGuest : public CWnd_X
+{
+public:
+    void OnMessageMap() override
+    {
+        using ThisClass = LastGuest;
+        CWnd_X::OnMessageMap();
+        ON_WM_ACTIVATE_X()
+    }
+    void OnActivate(UINT state, QWidget*, BOOL)
+    {
+        QWidget* const widget = GetSafeHwnd();
+        if (state != WA_INACTIVE || widget == host)
+            return;
+        Detach();
+        calls += guest.SubclassWindow(widget) ? QStringLiteral("attached ") : QString();
+        guest.ShowScrollBar(SB_BOTH, TRUE);
+        calls += SubclassWindow(host) ? QStringLiteral("attached ") : QString();
+    }
+    void OnActivate_X(UINT, CWnd_X*, BOOL) {}
+
+    QWidget* host = nullptr;
+    CWnd_X guest;
+    QString calls;
+};
+
 } // namespace
 
 class tst_WndSelfDestruction : public QObject
@@ -59,6 +86,7 @@ private Q_SLOTS:
     void aSecondFormOfADetachedWindow();
     void createSurvivesItsHandlers_data();
     void createSurvivesItsHandlers();
+    void aWrapperForAWidgetOnItsWayOut();
 };
 
 void tst_WndSelfDestruction::aPopupThatIsDeletedWhileActive()
@@ -112,6 +140,21 @@ void tst_WndSelfDestruction::createSurvivesItsHandlers()
     QCOMPARE(withPlace ? window->Create(style, place, &frame) : window->Create(style, &frame), 1);
     delete window; // where the message did not come
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+// As the second form of a handler gets one for the widget that it is told of.
+void tst_WndSelfDestruction::aWrapperForAWidgetOnItsWayOut()
+{
+    auto* const widget = new QWidget;
+    auto* const child = new QWidget(widget);
+    LastGuest window;
+    window.host = child;
+    QVERIFY(window.SubclassWindow(widget));
+    widget->show();
+    QApplication::setActiveWindow(widget);
+    delete widget;
+    QCOMPARE(window.calls, QStringLiteral("attached attached "));
+    QVERIFY(!window.guest.GetSafeHwnd());
 }
 
 XE_TEST(tst_WndSelfDestruction)
