@@ -13,10 +13,12 @@
 
 #include <random>
 
+Q_WIDGETS_EXPORT QWidgetData* qt_qwidget_data(QWidget* widget); // a friend of QWidget
+
 namespace {
 
 /// Where a step is made: between events, in a handler, or in one in which Qt goes on with the widget afterwards, and
-/// nobody may delete or move it elsewhere (paint, resize, move, show, activation, focus).
+/// nobody may delete it, give it another parent or run an event loop (paint, resize, move, show, activation, focus).
 enum class Place { Outside, Handler, TightHandler };
 
 class Window;
@@ -42,6 +44,8 @@ private:
     Window* window();
     QWidget* widget();
     HWND widgetOfAny();
+    QWidget* parentOrNone();
+    bool mayShow() const;
     CRect rect() { return {below(50), below(50), 60 + below(200), 60 + below(200)}; }
 
     void createWindow();
@@ -203,11 +207,29 @@ QWidget* Walk::widget()
     return m_widgets.isEmpty() ? nullptr : m_widgets.at(below(m_widgets.size()));
 }
 
+// Whether Qt destroys the widget, or one that it is in.
+bool isGoing(QWidget* widget)
+{
+    while (widget && !qt_qwidget_data(widget)->in_destructor)
+        widget = widget->parentWidget();
+    return widget;
+}
+
+// What may get a child or a wrapper.
+QWidget* Walk::parentOrNone()
+{
+    QWidget* const parent = below(2) ? widgetOfAny() : nullptr;
+    return isGoing(parent) ? nullptr : parent;
+}
+
 HWND Walk::widgetOfAny()
 {
     Window* const any = below(2) ? window() : nullptr;
     return any && any->GetSafeHwnd() ? any->GetSafeHwnd() : widget();
 }
+
+// To show a window runs an event loop, which deletes what waits for it.
+bool Walk::mayShow() const { return m_place != Place::TightHandler; }
 
 void Walk::createWindow()
 {
@@ -215,8 +237,9 @@ void Walk::createWindow()
         return;
     auto* const made = new Window;
     m_windows += made;
-    const DWORD style = (below(2) ? WS_VISIBLE : 0) | (below(4) ? 0 : WS_VSCROLL) | (below(4) ? 0 : WS_HSCROLL);
-    QWidget* const parent = below(2) ? widgetOfAny() : nullptr;
+    const DWORD style =
+        (mayShow() && below(2) ? WS_VISIBLE : 0) | (below(4) ? 0 : WS_VSCROLL) | (below(4) ? 0 : WS_HSCROLL);
+    QWidget* const parent = parentOrNone();
     if (below(2))
         made->Create(style, rect(), parent);
     else
@@ -227,7 +250,7 @@ void Walk::createWidget()
 {
     if (m_widgets.size() > 12)
         return;
-    QWidget* const parent = below(2) ? widgetOfAny() : nullptr;
+    QWidget* const parent = parentOrNone();
     switch (below(4)) {
     case 0:
         m_widgets += new CTavoView(parent);
@@ -247,7 +270,7 @@ void Walk::createWidget()
 void Walk::subclass()
 {
     QWidget* const target = widget();
-    if (CWnd_X::FromHandlePermanent(target))
+    if (CWnd_X::FromHandlePermanent(target) || isGoing(target))
         return;
     auto* const made = new Window;
     m_windows += made;
@@ -258,7 +281,7 @@ void Walk::attach()
 {
     QWidget* const target = widget();
     Window* const any = window();
-    if (any && !CWnd_X::FromHandlePermanent(target))
+    if (any && !CWnd_X::FromHandlePermanent(target) && !isGoing(target))
         any->Attach(target, target ? target->parent() : nullptr, true);
 }
 
@@ -283,7 +306,7 @@ void Walk::changeState()
     const QPointer<QWidget> any = widgetOfAny();
     switch (below(5)) {
     case 0:
-        ShowWindow_X(any, below(2) ? SW_SHOW : SW_HIDE);
+        ShowWindow_X(any, mayShow() && below(2) ? SW_SHOW : SW_HIDE);
         break;
     case 1:
         MoveWindow_X(any, below(50), below(50), 50 + below(100), 50 + below(100), TRUE);
@@ -299,7 +322,7 @@ void Walk::changeState()
     }
 }
 
-void Walk::setParent() { SetParent_X(widgetOfAny(), below(2) ? widgetOfAny() : nullptr); }
+void Walk::setParent() { SetParent_X(widgetOfAny(), parentOrNone()); }
 
 void Walk::focus()
 {
@@ -412,13 +435,13 @@ void Walk::step(Place place)
 {
     constexpr Step steps[] = {&Walk::detach, &Walk::destroyWindow, &Walk::deleteWrapper, &Walk::send, &Walk::send,
                               &Walk::post, &Walk::sendEvent, &Walk::sendEvent, &Walk::postEvent, &Walk::timer,
-                              &Walk::hook, &Walk::messageFunction, &Walk::deleteWidgetLater,
+                              &Walk::hook, &Walk::messageFunction, &Walk::deleteWidgetLater, &Walk::createWidget,
+                              &Walk::createWindow, &Walk::createWindow, &Walk::subclass, &Walk::attach,
+                              &Walk::temporary, &Walk::clearTemporary, &Walk::focus, &Walk::scroll, &Walk::changeState,
+                              &Walk::changeState,
                               // Not where Qt goes on with the widget, which may be on its way out.
-                              &Walk::createWidget, &Walk::createWindow, &Walk::createWindow, &Walk::subclass,
-                              &Walk::attach, &Walk::temporary, &Walk::focus, &Walk::scroll, &Walk::changeState,
-                              &Walk::changeState, &Walk::setParent, &Walk::deleteWidget, &Walk::clearTemporary,
-                              &Walk::processEvents};
-    constexpr int loose = 14; // at the end
+                              &Walk::setParent, &Walk::deleteWidget, &Walk::processEvents};
+    constexpr int loose = 3; // at the end
     const int count = static_cast<int>(std::size(steps)) - (place == Place::TightHandler ? loose : 0);
     (this->*steps[below(count)])();
 }
