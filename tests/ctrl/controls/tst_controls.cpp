@@ -1,5 +1,5 @@
-// What the classes of controls have in common: which wrapper a widget gets, what wrapping leaves alone, and that dialogs
-// full of controls leave nothing.
+// What the classes of controls have in common: which wrapper a widget gets, what wrapping leaves alone, and that
+// dialogs full of controls leave nothing.
 
 #include "leavenothing.h"
 #include "testclass.h"
