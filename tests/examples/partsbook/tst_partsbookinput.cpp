@@ -326,6 +326,7 @@ void tst_PartsbookInput::traceThatCannotBeWritten()
     QVERIFY(program.waitForFinished(5000));
     QCOMPARE(program.readAllStandardError(), "partsbook: cannot write " + m_folder->path().toUtf8() + '\n');
     QCOMPARE(program.exitCode(), 1);
+    QTRY_VERIFY(m_user.hasFocus(m_window)); // the other window no longer lies above
 }
 
 void tst_PartsbookInput::closingTheMainWindowEndsTheProgram()
