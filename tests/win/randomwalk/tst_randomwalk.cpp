@@ -46,6 +46,7 @@ private:
     HWND widgetOfAny();
     QWidget* parentOrNone();
     bool mayShow() const;
+    auto tighten();
     CRect rect() { return {below(50), below(50), 60 + below(200), 60 + below(200)}; }
 
     void createWindow();
@@ -231,6 +232,13 @@ HWND Walk::widgetOfAny()
 // To show a window runs an event loop, which deletes what waits for it.
 bool Walk::mayShow() const { return m_place != Place::TightHandler; }
 
+// Until the end of the scope. While Qt shows, hides or deletes widgets, it tells of the pointer as well in between.
+auto Walk::tighten()
+{
+    const Place outer = std::exchange(m_place, Place::TightHandler);
+    return qScopeGuard([this, outer] { m_place = outer; });
+}
+
 void Walk::createWindow()
 {
     if (m_windows.size() > 12)
@@ -240,6 +248,7 @@ void Walk::createWindow()
     const DWORD style =
         (mayShow() && below(2) ? WS_VISIBLE : 0) | (below(4) ? 0 : WS_VSCROLL) | (below(4) ? 0 : WS_HSCROLL);
     QWidget* const parent = parentOrNone();
+    const auto tight = tighten();
     if (below(2))
         made->Create(style, rect(), parent);
     else
@@ -293,6 +302,7 @@ void Walk::detach()
 
 void Walk::destroyWindow()
 {
+    const auto tight = tighten();
     if (Window* const any = window())
         any->DestroyWindow();
     else
@@ -304,9 +314,11 @@ void Walk::deleteWrapper() { delete window(); }
 void Walk::changeState()
 {
     const QPointer<QWidget> any = widgetOfAny();
+    const int command = mayShow() && below(2) ? SW_SHOW : SW_HIDE;
+    const auto tight = tighten();
     switch (below(5)) {
     case 0:
-        ShowWindow_X(any, mayShow() && below(2) ? SW_SHOW : SW_HIDE);
+        ShowWindow_X(any, command);
         break;
     case 1:
         MoveWindow_X(any, below(50), below(50), 50 + below(100), 50 + below(100), TRUE);
@@ -322,10 +334,15 @@ void Walk::changeState()
     }
 }
 
-void Walk::setParent() { SetParent_X(widgetOfAny(), parentOrNone()); }
+void Walk::setParent()
+{
+    const auto tight = tighten();
+    SetParent_X(widgetOfAny(), parentOrNone());
+}
 
 void Walk::focus()
 {
+    const auto tight = tighten();
     Window* const any = window();
     if (any && below(2))
         any->SetFocus();
@@ -421,7 +438,11 @@ void Walk::clearTemporary() { ClearTempObjectPool(); }
 
 void Walk::processEvents() { QCoreApplication::processEvents(QEventLoop::AllEvents, 5); }
 
-void Walk::deleteWidget() { delete widgetOfAny(); }
+void Walk::deleteWidget()
+{
+    const auto tight = tighten();
+    delete widgetOfAny();
+}
 
 void Walk::deleteWidgetLater()
 {
