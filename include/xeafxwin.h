@@ -360,8 +360,8 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     /// are called; the message-map macros write the right one, and XeHandler takes the type off a handler.
     ///
     /// A null handler is not called, the second one is all the same, and the message counts as handled, with the result
-    /// that its signature fixes, else 0. The second handler is not called when the first has deleted the wrapper, or
-    /// the widget that the message names.
+    /// that its signature fixes, else 0. The second handler is not called when the first has deleted the wrapper,
+    /// detached or attached it anew, or deleted the widget that the message names.
     void AddMsgMapEntry(UINT message, unsigned long signature, AFX_PMSG_X handler, AFX_PMSG_X secondHandler = nullptr);
 
     /// Sets or clears the accept flag of the event now being handled: false passes it on to Qt. Nothing outside a
