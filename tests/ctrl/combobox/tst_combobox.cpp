@@ -355,7 +355,7 @@ void tst_ComboBox::findingInAnotherModel()
     stage.box.setModel(&sorted);
     stage.box.setModelColumn(1);
     QCOMPARE(stage.combo.FindString(0, L"PE"), 0);
-    model.takeItem(0, 1);
+    delete model.takeItem(0, 1);
     QCOMPARE(stage.combo.FindString(0, L"apple"), -1);
 }
 

@@ -70,7 +70,7 @@ struct Parts
         case Top:
             return delete top;
         case SplitterWidget:
-            return delete splitter->GetSafeHwnd();
+            return delete (splitter ? splitter->GetSafeHwnd() : nullptr);
         case Splitter:
             return delete splitter;
         case Frame:

@@ -64,9 +64,11 @@ public:
     void OnLButtonDown(UINT flags, CPoint point)
     {
         ++presses;
-        if (onPress)
-            onPress();
-        if (passesOn)
+        const QPointer<Control> living(this);
+        const auto act = onPress; // which may be the end of this
+        if (act)
+            act();
+        if (living && passesOn)
             CWnd_X::OnLButtonDown(flags, point);
     }
     BOOL OnMouseWheel(UINT, short, CPoint) { return !passesOn; }
