@@ -9,18 +9,23 @@ namespace {
 
 const CString_X heading = L"Parts Book";
 const CString_X endMark = L"end of parts";
-constexpr int version = 1;
+constexpr int version = 2; // from 2 on with the last two fields of a part
 
 CArchive_X& operator<<(CArchive_X& archive, const Part& part)
 {
     archive << part.number << part.name << part.kind << part.supplier << part.source;
-    return archive << part.stock << part.minimum << part.price << part.inUse << part.remark;
+    return archive << part.stock << part.minimum << part.price << part.inUse << part.remark << part.delivered
+                   << part.picture;
 }
 
-CArchive_X& operator>>(CArchive_X& archive, Part& part)
+Part readPart(CArchive_X& archive, int storedVersion)
 {
+    Part part;
     archive >> part.number >> part.name >> part.kind >> part.supplier >> part.source;
-    return archive >> part.stock >> part.minimum >> part.price >> part.inUse >> part.remark;
+    archive >> part.stock >> part.minimum >> part.price >> part.inUse >> part.remark;
+    if (storedVersion >= 2)
+        archive >> part.delivered >> part.picture;
+    return part;
 }
 
 template <class Value>
@@ -34,7 +39,8 @@ Value read(CArchive_X& archive)
 // A part goes by the rules of a line in a CSV file.
 CString_X problemWith(const Part& part)
 {
-    const bool hasWords = part.source >= Part::Bought && part.source <= Part::FromCustomer;
+    const bool hasWords = part.source >= Part::Bought && part.source <= Part::FromCustomer
+                          && part.inUse >= Part::OutOfUse && part.inUse <= Part::EndingUse;
     Part ignored;
     return hasWords ? readPart(fieldsOf(part), ignored) : loadText(IDS_DAMAGED);
 }
@@ -65,11 +71,12 @@ CString_X readArchive(QByteArray bytes, std::vector<Part>& parts)
     CArchive_X archive(&file, CArchive_X::load);
     if (read<CString_X>(archive) != heading)
         return loadText(IDS_NO_BOOK);
-    if (read<int>(archive) != version)
+    const int storedVersion = read<int>(archive);
+    if (storedVersion < 1 || storedVersion > version)
         return loadText(IDS_OTHER_VERSION);
     std::vector<Part> taken;
     for (auto count = archive.ReadCount(); count > 0; --count) {
-        taken.push_back(read<Part>(archive));
+        taken.push_back(readPart(archive, storedVersion));
         const CString_X problem = problemWith(taken.back());
         if (!problem.IsEmpty())
             return formatText(loadText(IDS_BAD_PART), static_cast<int>(taken.size()), problem);

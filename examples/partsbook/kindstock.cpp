@@ -11,7 +11,7 @@ std::vector<KindStock> stockByKind(const PartsBook& book)
         if (at == kinds.end())
             at = kinds.insert(at, KindStock{part.kind, row});
         (part.inUse ? at->inUse : at->unused) += part.stock;
-        at->minimum += part.inUse ? part.minimum : 0;
+        at->minimum += part.inUse == Part::InUse ? part.minimum : 0;
     }
     return kinds;
 }

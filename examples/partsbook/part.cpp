@@ -2,6 +2,8 @@
 
 #include "text.h"
 
+#include <QDate>
+
 #include <tuple>
 
 namespace {
@@ -16,28 +18,31 @@ const Words& sourceWords()
 
 const Words& useWords()
 {
-    static const Words words{L"no", L"yes"};
+    static const Words words{L"no", L"yes", L"ending"};
     return words;
 }
+
+constexpr CsvFields::size_type fewestFields = 10;
 
 CString_X numberText(int number) { return formatText(L"%d", number); }
 
 auto tied(const Part& part)
 {
     return std::tie(part.number, part.name, part.kind, part.supplier, part.source, part.stock, part.minimum, part.price,
-                    part.inUse, part.remark);
+                    part.inUse, part.remark, part.delivered, part.picture);
 }
 
 // Takes one field after the other, and remembers the first that is wrong.
 class FieldReader
 {
 public:
-    explicit FieldReader(const CsvFields& fields) : m_fields(fields) {}
+    explicit FieldReader(const CsvFields& fields) : m_fields(fields) { m_fields.resize(partColumns().size()); }
 
     void readText(CString_X& value, int limit);
     void readNumber(int& value, int limit);
     void readPrice(double& value, double limit);
     void readWord(int& value, const Words& words);
+    void readDay(CString_X& value);
     const CString_X& complaint() const { return m_complaint; }
 
 private:
@@ -45,7 +50,7 @@ private:
     template <class... Arguments>
     void check(bool good, unsigned id, const Arguments&... arguments);
 
-    const CsvFields& m_fields;
+    CsvFields m_fields;
     CsvFields::size_type m_next = 0;
     CString_X m_complaint;
 };
@@ -87,14 +92,20 @@ void FieldReader::readWord(int& value, const Words& words)
     check(false, IDS_NO_WORD, field);
 }
 
+void FieldReader::readDay(CString_X& value)
+{
+    value = take();
+    check(value.IsEmpty() || QDate::fromString(XeQString(value), Qt::ISODate).isValid(), IDS_NO_DAY, value);
+}
+
 } // namespace
 
 bool operator==(const Part& a, const Part& b) { return tied(a) == tied(b); }
 
 const CsvFields& partColumns()
 {
-    static const CsvFields columns{L"number", L"name",    L"kind",  L"supplier", L"source",
-                                   L"stock",  L"minimum", L"price", L"in use",   L"remark"};
+    static const CsvFields columns{L"number",  L"name",  L"kind",   L"supplier", L"source",    L"stock",
+                                   L"minimum", L"price", L"in use", L"remark",   L"delivered", L"picture"};
     return columns;
 }
 
@@ -106,22 +117,27 @@ CString_X priceText(double price)
 
 CsvFields fieldsOf(const Part& part)
 {
-    return {part.number,
-            part.name,
-            part.kind,
-            part.supplier,
-            sourceWords().at(static_cast<std::size_t>(part.source)),
-            numberText(part.stock),
-            numberText(part.minimum),
-            priceText(part.price),
-            useWords().at(part.inUse ? 1 : 0),
-            part.remark};
+    CsvFields fields{part.number,
+                     part.name,
+                     part.kind,
+                     part.supplier,
+                     sourceWords().at(static_cast<std::size_t>(part.source)),
+                     numberText(part.stock),
+                     numberText(part.minimum),
+                     priceText(part.price),
+                     useWords().at(static_cast<std::size_t>(part.inUse)),
+                     part.remark,
+                     part.delivered,
+                     part.picture};
+    while (fields.size() > fewestFields && fields.back().IsEmpty())
+        fields.pop_back();
+    return fields;
 }
 
 CString_X readPart(const CsvFields& fields, Part& part)
 {
-    if (fields.size() != partColumns().size())
-        return formatText(loadText(IDS_FIELD_COUNT), static_cast<int>(fields.size()),
+    if (fields.size() < fewestFields || fields.size() > partColumns().size())
+        return formatText(loadText(IDS_FIELD_COUNT), static_cast<int>(fields.size()), static_cast<int>(fewestFields),
                           static_cast<int>(partColumns().size()));
     FieldReader reader(fields);
     reader.readText(part.number, partlimit::number);
@@ -134,6 +150,8 @@ CString_X readPart(const CsvFields& fields, Part& part)
     reader.readPrice(part.price, partlimit::price);
     reader.readWord(part.inUse, useWords());
     reader.readText(part.remark, partlimit::remark);
+    reader.readDay(part.delivered);
+    reader.readText(part.picture, partlimit::picture);
     return part.number.IsEmpty() ? loadText(IDS_NO_PART_NUMBER) : reader.complaint();
 }
 

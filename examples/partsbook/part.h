@@ -6,6 +6,7 @@
 struct Part
 {
     enum Source { Bought, Made, FromCustomer };
+    enum Use { OutOfUse, InUse, EndingUse }; ///< as the states of a check box; the last: no more is ordered
 
     CString_X number;
     CString_X name;
@@ -15,10 +16,12 @@ struct Part
     int stock = 0;
     int minimum = 0; ///< the stock at which more is to be ordered
     double price = 0;
-    BOOL inUse = TRUE;
+    int inUse = InUse;
     CString_X remark;
+    CString_X delivered; ///< the day of the last delivery, yyyy-MM-dd; empty before the first
+    CString_X picture;   ///< the name of a file; empty for the picture of the kind
 
-    bool isShort() const { return inUse && stock < minimum; }
+    bool isShort() const { return inUse == InUse && stock < minimum; }
 };
 
 bool operator==(const Part& a, const Part& b);
@@ -31,6 +34,7 @@ constexpr int name = 40;
 constexpr int kind = 20;
 constexpr int supplier = 40;
 constexpr int remark = 60;
+constexpr int picture = 200;
 constexpr int stock = 99999;
 constexpr int minimum = 500;
 constexpr double price = 9999.99;
@@ -40,7 +44,8 @@ constexpr double price = 9999.99;
 /// The names of the fields of a part, as the first line of a file has them.
 const CsvFields& partColumns();
 
-/// The fields of a part, in the order of partColumns().
+/// The fields of a part, in the order of partColumns(). Those behind the remark, which files of earlier versions do not
+/// have, are left out from the end where they are empty.
 CsvFields fieldsOf(const Part& part);
 
 /// Two decimals, or more where the price has more.

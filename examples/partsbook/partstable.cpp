@@ -53,12 +53,12 @@ void showParts(QTableWidget& table, const PartsBook& book, COLORREF shortColor)
 
 void showPart(QTableWidget& table, int row, const Part& part, COLORREF shortColor)
 {
-    int column = 0;
-    for (const CString_X& field : fieldsOf(part)) {
-        auto* const item = new QTableWidgetItem(XeQString(field));
+    const CsvFields fields = fieldsOf(part);
+    for (int column = 0; column < table.columnCount(); ++column) {
+        auto* const item = new QTableWidgetItem(XeQString(fields.at(static_cast<std::size_t>(column))));
         item->setTextAlignment(columns[column].alignment | Qt::AlignVCenter);
         item->setForeground(colorOf(part, table.palette(), shortColor));
-        table.setItem(row, column++, item);
+        table.setItem(row, column, item);
     }
 }
 

@@ -17,6 +17,7 @@
 #define IDS_NO_NUMBER 116
 #define IDS_NO_PRICE 117
 #define IDS_NO_WORD 118
+#define IDS_NO_DAY 119
 
 #define IDS_BAD_LINES 120
 #define IDS_BAD_LINE 121

@@ -24,6 +24,8 @@ Part screw()
     part.price = 0.0625;
     part.inUse = FALSE;
     part.remark = L"with, comma and \"quotes\"";
+    part.delivered = L"2026-03-31";
+    part.picture = L"pictures/screw.png";
     return part;
 }
 
@@ -38,13 +40,13 @@ Part motor()
     return part;
 }
 
-// The heading, version 1, no parts, the mark at the end.
+// The heading, version 2, no parts, the mark at the end.
 QByteArray emptyArchive()
 {
     QByteArray bytes("\xFF\xFE\xFF\x0A", 4);
     for (const char ch : QByteArray("Parts Book"))
         bytes += QByteArray(1, ch) + QByteArray(3, '\0');
-    bytes += QByteArray("\x01\0\0\0\0\0", 6);
+    bytes += QByteArray("\x02\0\0\0\0\0", 6);
     bytes += QByteArray("\xFF\xFE\xFF\x0C", 4);
     for (const char ch : QByteArray("end of parts"))
         bytes += QByteArray(1, ch) + QByteArray(3, '\0');
@@ -68,6 +70,7 @@ private slots:
 
     void bytes();
     void thereAndBack();
+    void anArchiveOfTheFirstVersion();
     void damagedArchives_data();
     void damagedArchives();
     void everyCutIsNoticed();
@@ -105,6 +108,20 @@ void tst_PartsbookArchive::thereAndBack()
     QVERIFY(parts.empty());
 }
 
+// It ends a part with the remark.
+void tst_PartsbookArchive::anArchiveOfTheFirstVersion()
+{
+    QByteArray bytes = archiveOf({motor()});
+    const QByteArray twoEmptyTexts("\xFF\xFE\xFF\0\xFF\xFE\xFF\0", 8);
+    const int remark = bytes.indexOf(twoEmptyTexts); // an empty one as well
+    QVERIFY(remark > 0);
+    bytes.remove(remark, twoEmptyTexts.size());
+    bytes[44] = 1;
+    std::vector<Part> parts;
+    QVERIFY(readArchive(bytes, parts).IsEmpty());
+    QVERIFY(parts == std::vector<Part>{motor()});
+}
+
 void tst_PartsbookArchive::damagedArchives_data()
 {
     QTest::addColumn<QByteArray>("bytes");
@@ -115,8 +132,12 @@ void tst_PartsbookArchive::damagedArchives_data()
     other.source = 7;
     Part priceless = motor();
     priceless.price = std::nan("");
-    QByteArray version2 = emptyArchive();
-    version2[44] = 2;
+    Part useless = motor();
+    useless.inUse = 3;
+    QByteArray version0 = emptyArchive();
+    version0[44] = 0;
+    QByteArray version3 = emptyArchive();
+    version3[44] = 3;
     QByteArray moreParts = emptyArchive();
     moreParts.replace(48, 2, "\xFF\xFF\xFF\xFF\xFF\xFF");
     QByteArray longName = archiveOf({motor()});
@@ -124,12 +145,14 @@ void tst_PartsbookArchive::damagedArchives_data()
     QTest::newRow("empty") << QByteArray() << "it is no book of parts";
     QTest::newRow("a CSV file") << QByteArray("number,name\n") << "it is no book of parts";
     QTest::newRow("zeros") << QByteArray(1000, '\0') << "it is no book of parts";
-    QTest::newRow("another version") << version2 << "it is of another version of this program";
+    QTest::newRow("a version before the first") << version0 << "it is of another version of this program";
+    QTest::newRow("a later version") << version3 << "it is of another version of this program";
     QTest::newRow("more parts than there are") << moreParts << "part 2 of it is damaged (the part has no number)";
     QTest::newRow("a text of more than there is") << longName << "part 1 of it is damaged (the part has no number)";
     QTest::newRow("a number that no part can have")
         << archiveOf({screw(), wrong}) << "part 2 of it is damaged (stock: no whole number from 0 to 99999)";
     QTest::newRow("a source that is none") << archiveOf({other}) << "part 1 of it is damaged (it is damaged)";
+    QTest::newRow("a use that is none") << archiveOf({useless}) << "part 1 of it is damaged (it is damaged)";
     QTest::newRow("a price that is no number")
         << archiveOf({priceless}) << "part 1 of it is damaged (price: no number from 0 to 9999.99)";
 }

@@ -160,9 +160,9 @@ void tst_PartsbookFile::badLinesAreTold()
     const auto& bad = m_book.badLines();
     QCOMPARE(bad.size(), std::size_t(4));
     QCOMPARE(bad[0].line, 3);
-    QCOMPARE(bad[0].problem, CString_X(L"2 fields in place of 10"));
+    QCOMPARE(bad[0].problem, CString_X(L"2 fields in place of 10 to 12"));
     QCOMPARE(bad[1].line, 4);
-    QCOMPARE(bad[1].problem, CString_X(L"2 fields in place of 10"));
+    QCOMPARE(bad[1].problem, CString_X(L"2 fields in place of 10 to 12"));
     QCOMPARE(bad[2].line, 6);
     QCOMPARE(bad[2].problem, CString_X(L"stock: no whole number from 0 to 99999"));
     QCOMPARE(bad[3].line, 8);

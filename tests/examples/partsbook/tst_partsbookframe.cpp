@@ -247,7 +247,7 @@ void tst_PartsbookFrame::badLinesAreReported()
     const QStringList told = answer.text().split('\n');
     QCOMPARE(told.size(), 2 + 12 + 1);
     QCOMPARE(told.first(), QString("15 lines of parts.csv could not be read. They stay in the file as they are."));
-    QCOMPARE(told.at(2), QString("Line 3: 2 fields in place of 10."));
+    QCOMPARE(told.at(2), QString("Line 3: 2 fields in place of 10 to 12."));
     QCOMPARE(told.last(), QString("... and 3 more."));
     QCOMPARE(table()->rowCount(), 1);
 }

@@ -31,6 +31,8 @@ private slots:
     void numberOfFields();
     void theFirstWrongFieldIsTold();
     void writesWhatItReads();
+    void lastFieldsMayBeMissing_data();
+    void lastFieldsMayBeMissing();
     void prices_data();
     void prices();
     void shortOfStock();
@@ -50,7 +52,7 @@ void tst_PartsbookPart::readsAllFields()
     QCOMPARE(part.stock, 126);
     QCOMPARE(part.minimum, 60);
     QCOMPARE(part.price, 3.65);
-    QCOMPARE(part.inUse, TRUE);
+    QCOMPARE(part.inUse, static_cast<int>(Part::InUse));
     QCOMPARE(part.remark, CString_X(L"shelf 2"));
 }
 
@@ -62,7 +64,10 @@ void tst_PartsbookPart::wordsInAnyCase()
     Part part;
     QCOMPARE(readPart(fieldsFrom(texts), part), CString_X());
     QCOMPARE(part.source, static_cast<int>(Part::FromCustomer));
-    QCOMPARE(part.inUse, FALSE);
+    QCOMPARE(part.inUse, static_cast<int>(Part::OutOfUse));
+    texts[8] = "Ending";
+    QCOMPARE(readPart(fieldsFrom(texts), part), CString_X());
+    QCOMPARE(part.inUse, static_cast<int>(Part::EndingUse));
 }
 
 void tst_PartsbookPart::acceptsTheLimits()
@@ -108,22 +113,25 @@ void tst_PartsbookPart::refuses_data()
     row("unknown use", 8, "perhaps", "in use: \"perhaps\" is none of the words for it");
     row("percent signs", 8, "%s%n", "in use: \"%s%n\" is none of the words for it");
     row("long remark", 9, QString(61, 'x'), "remark: more than 60 characters");
+    row("a day that is none", 10, "2026-02-29", "delivered: \"2026-02-29\" is no day, such as 2026-03-31");
+    row("a day in another form", 10, "3/31/2026", "delivered: \"3/31/2026\" is no day, such as 2026-03-31");
+    row("a long name of a picture", 11, QString(201, 'x'), "picture: more than 200 characters");
 }
 
 void tst_PartsbookPart::refuses()
 {
     QFETCH(const int, field);
     QFETCH(const QString, text);
-    QStringList texts = good;
+    QStringList texts = good + QStringList{"", ""};
     texts[field] = text;
     QTEST(complaintAbout(texts), "complaint");
 }
 
 void tst_PartsbookPart::numberOfFields()
 {
-    QCOMPARE(complaintAbout(good.mid(1)), QString("9 fields in place of 10"));
-    QCOMPARE(complaintAbout(good + QStringList("")), QString("11 fields in place of 10"));
-    QCOMPARE(complaintAbout({}), QString("0 fields in place of 10"));
+    QCOMPARE(complaintAbout(good.mid(1)), QString("9 fields in place of 10 to 12"));
+    QCOMPARE(complaintAbout(good + QStringList{"", "", ""}), QString("13 fields in place of 10 to 12"));
+    QCOMPARE(complaintAbout({}), QString("0 fields in place of 10 to 12"));
 }
 
 void tst_PartsbookPart::theFirstWrongFieldIsTold()
@@ -142,6 +150,29 @@ void tst_PartsbookPart::writesWhatItReads()
     Part same;
     QCOMPARE(readPart(fieldsOf(part), same), CString_X());
     QVERIFY(same == part);
+}
+
+// Files of earlier versions end with the remark.
+void tst_PartsbookPart::lastFieldsMayBeMissing_data()
+{
+    QTest::addColumn<QStringList>("read");
+    QTest::addColumn<QStringList>("written");
+    QTest::newRow("none") << QStringList{} << QStringList{};
+    QTest::newRow("empty ones") << QStringList{"", ""} << QStringList{};
+    QTest::newRow("a day") << QStringList{"2026-03-31"} << QStringList{"2026-03-31"};
+    QTest::newRow("a picture alone") << QStringList{"", "a.png"} << QStringList{"", "a.png"};
+    QTest::newRow("both") << QStringList{"2024-02-29", "a.png"} << QStringList{"2024-02-29", "a.png"};
+}
+
+void tst_PartsbookPart::lastFieldsMayBeMissing()
+{
+    QFETCH(const QStringList, read);
+    QFETCH(const QStringList, written);
+    Part part;
+    QCOMPARE(readPart(fieldsFrom(good + read), part), CString_X());
+    QCOMPARE(XeQString(part.delivered), read.value(0));
+    QCOMPARE(XeQString(part.picture), read.value(1));
+    QVERIFY(fieldsOf(part) == fieldsFrom(good + written));
 }
 
 void tst_PartsbookPart::prices_data()
@@ -171,8 +202,10 @@ void tst_PartsbookPart::shortOfStock()
     QVERIFY(!part.isShort());
     part.stock = 9;
     QVERIFY(part.isShort());
-    part.inUse = FALSE;
-    QVERIFY(!part.isShort());
+    for (const int use : {Part::OutOfUse, Part::EndingUse}) {
+        part.inUse = use;
+        QVERIFY(!part.isShort());
+    }
 }
 
 void tst_PartsbookPart::search_data()
