@@ -2,6 +2,7 @@
 /// Every public header of the library.
 #pragma once
 
+#include "XeTitleTip.h"
 #include "xeafx.h"
 #include "xeafxarc.h"
 #include "xeafxarray.h"
