@@ -2,6 +2,9 @@
 /// Every public header of the library.
 #pragma once
 
+#include "XeGridCell.h"
+#include "XeGridCellBase.h"
+#include "XeGridCtrl.h"
 #include "XeTitleTip.h"
 #include "xeafx.h"
 #include "xeafxarc.h"

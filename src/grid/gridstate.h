@@ -1,0 +1,44 @@
+// What a grid keeps beside the fields of its interface.
+#pragma once
+
+#include "XeGridCtrl.h"
+#include "grid/gridlines.h"
+
+#include <unordered_set>
+
+namespace xe {
+
+struct GridState
+{
+    explicit GridState(const CGridCtrl_X& grid) : rows(grid.m_arRowHeights), columns(grid.m_arColWidths) {}
+
+    /// A cell has come into the selection or has left it.
+    void noteSelected(CGridCtrl_X& grid, int row, int col, bool isSelected);
+
+    GridLines rows;
+    GridLines columns;
+    bool isMovingBar = false; // the grid itself sets the position of a bar
+    bool isDestroyed = false; // the destructor runs: nobody is told of anything
+
+    // Selected cells whose row or column the keys of the selection map do not hold.
+    std::unordered_set<unsigned long long> farSelected;
+
+    // The merged blocks: what SetCellCombine() and SetFixedCellCombine() make, and nobody has undone.
+    std::vector<CCellRange_X> blocks;
+};
+
+/// Whether the keys of the selection maps hold a place.
+constexpr bool fitsSelectionKey(int row, int col) { return row <= 0xFFFF && col <= 0xFFFF; }
+constexpr unsigned selectionKey(int row, int col)
+{
+    return static_cast<unsigned>(row) | static_cast<unsigned>(col) << 16;
+}
+/// The key of a place that those do not hold.
+constexpr unsigned long long farKey(int row, int col)
+{
+    return static_cast<unsigned long long>(static_cast<unsigned>(row)) << 32 | static_cast<unsigned>(col);
+}
+constexpr int farRow(unsigned long long key) { return static_cast<int>(key >> 32); }
+constexpr int farColumn(unsigned long long key) { return static_cast<int>(key & 0xFFFFFFFF); }
+
+} // namespace xe
