@@ -23,6 +23,7 @@ constexpr Update updates[]{
          command.Enable(states.hasPart);
          command.SetCheck(states.isPartInUse);
      }},
+    {ID_NAME_EDIT, [](CCmdUI_X& command, const CommandStates& states) { command.Enable(states.hasName); }},
     {ID_VIEW_MESSAGES, [](CCmdUI_X& command, const CommandStates& states) { command.SetCheck(states.showsMessages); }},
 };
 

@@ -7,6 +7,7 @@ struct CommandStates
 {
     bool hasPart = false; ///< one is selected
     bool isPartInUse = false;
+    bool hasName = false; ///< a kind or a supplier is the current entry of the tree
     bool isModified = false;
     bool showsMessages = false;
 };

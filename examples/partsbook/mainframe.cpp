@@ -50,6 +50,7 @@ BEGIN_MESSAGE_MAP_X(CMainFrame, CWnd_X)
     ON_WM_TIMER_X()
     ON_MESSAGE_X(WM_FIND_PART, OnFindPart)
     ON_MESSAGE_X(WM_SELECT_ROW, OnSelectRow)
+    ON_MESSAGE_X(WM_RENAMED, OnRenamed)
 END_MESSAGE_MAP_X()
 
 // ------------------------------------------------------------------------------------------------------- the window
@@ -69,6 +70,7 @@ int CMainFrame::OnCreate(tagCREATESTRUCTW* createStruct)
     m_chart.SubclassWindow(&control<QWidget>(*this, IDC_CHART));
     if (!m_splitter.Surround(&Table()))
         return -1;
+    m_splitter.Tree().SetPictures(m_pictures);
     m_toolBar.Open(*this);
     m_statusBar.Open(*this);
     ConnectCommands();
@@ -91,13 +93,15 @@ void CMainFrame::ConnectCommands()
     Connect(ID_PART_EDIT, SIGNAL(triggered()), this, SLOT(OnPartEdit()), window);
     Connect(ID_PART_DELETE, SIGNAL(triggered()), this, SLOT(OnPartDelete()), window);
     Connect(ID_PART_IN_USE, SIGNAL(triggered()), this, SLOT(OnPartInUse()), window);
+    Connect(ID_NAME_EDIT, SIGNAL(triggered()), this, SLOT(OnNameEdit()), window);
     Connect(ID_EDIT_FIND, SIGNAL(triggered()), this, SLOT(OnEditFind()), window);
     Connect(ID_EDIT_REPEAT, SIGNAL(triggered()), this, SLOT(OnEditRepeat()), window);
     Connect(ID_VIEW_MESSAGES, SIGNAL(triggered()), this, SLOT(OnViewMessages()), window);
     Connect(ID_VIEW_SHORT_COLOR, SIGNAL(triggered()), this, SLOT(OnViewShortColor()), window);
     Connect(IDC_PARTS, SIGNAL(cellActivated(int, int)), this, SLOT(OnPartEdit()), window);
     Connect(IDC_PARTS, SIGNAL(currentCellChanged(int, int, int, int)), this, SLOT(OnPartSelected()), window);
-    Connect(IDC_KINDS, SIGNAL(currentRowChanged(int)), this, SLOT(OnKindSelected()), window);
+    Connect(IDC_TREE, SIGNAL(currentItemChanged(QTreeWidgetItem*, QTreeWidgetItem*)), this, SLOT(OnNameSelected()),
+            window);
     Connect(this, SIGNAL(updateCmdUi()), this, SLOT(OnUpdateCommands()));
 }
 
@@ -109,6 +113,7 @@ void CMainFrame::OnUpdateCommands()
     CommandStates states;
     states.hasPart = SelectedRow() >= 0;
     states.isPartInUse = states.hasPart && m_book.part(SelectedRow()).inUse;
+    states.hasName = m_splitter.Tree().CanRename();
     states.isModified = m_book.isModified();
     states.showsMessages = m_messages.IsWindowVisible();
     updateCommands(*this, states);
@@ -127,7 +132,7 @@ void CMainFrame::OnClose()
         return;
     }
     settings::setWindowPlace(GetSafeHwnd()->normalGeometry());
-    settings::setKindsWidth(m_splitter.Width());
+    settings::setTreeWidth(m_splitter.Width());
     log(IDS_LOG_CLOSED);
     DestroyWindow();
 }
@@ -140,7 +145,7 @@ void CMainFrame::RestorePlace()
     const auto shows = [place](const QScreen* screen) { return screen->availableGeometry().contains(place.center()); };
     if (place.isValid() && std::any_of(screens.begin(), screens.end(), shows))
         GetSafeHwnd()->setGeometry(place);
-    m_splitter.SetWidth(settings::kindsWidth());
+    m_splitter.SetWidth(settings::treeWidth());
 }
 
 bool CMainFrame::MayClose()
@@ -360,6 +365,17 @@ void CMainFrame::OnPartInUse()
     ShowStatus(IDS_CHANGED, part.number);
 }
 
+void CMainFrame::OnNameEdit() { m_splitter.Tree().Rename(); }
+
+LRESULT CMainFrame::OnRenamed(WPARAM, LPARAM lParam)
+{
+    const Renaming renaming = *reinterpret_cast<const Renaming*>(lParam);
+    m_book.rename(renaming.field, renaming.from, renaming.to);
+    ShowParts();
+    ShowStatus(IDS_CHANGED, renaming.to);
+    return 0;
+}
+
 // The menu of the list; elsewhere the main window shows its own.
 void CMainFrame::OnContextMenu(QWidget*, CPoint point)
 {
@@ -392,19 +408,19 @@ void CMainFrame::ShowChart()
 {
     const std::vector<KindStock> stock = stockByKind(m_book);
     m_chart.Show(stock);
-    m_splitter.Kinds().Show(stock);
+    m_splitter.Tree().Show(m_book);
     m_statusBar.ShowCounts(m_book.count(), m_book.countShort());
-    OnKindSelected();
+    OnNameSelected();
     OnPartSelected();
 }
 
-// Rows of other kinds are hidden, and the list keeps a current row that can be seen.
-void CMainFrame::OnKindSelected()
+// Rows of other kinds or suppliers are hidden, and the list keeps a current row that can be seen.
+void CMainFrame::OnNameSelected()
 {
     QTableWidget& table = Table();
     int first = -1;
     for (int row = m_book.count(); row-- > 0;) {
-        const bool included = m_splitter.Kinds().Includes(m_book.part(row).kind);
+        const bool included = m_splitter.Tree().Includes(m_book.part(row));
         table.setRowHidden(row, !included);
         first = included ? row : first;
     }
@@ -429,11 +445,11 @@ QTableWidget& CMainFrame::Table() const { return control<QTableWidget>(*this, ID
 
 int CMainFrame::SelectedRow() const { return Table().currentRow(); }
 
-// A part of another kind brings all kinds back.
+// A part of another kind or supplier brings all parts back.
 void CMainFrame::SelectRow(int row)
 {
     if (row >= 0 && Table().isRowHidden(row))
-        m_splitter.Kinds().SelectAll();
+        m_splitter.Tree().SelectAll();
     Table().setCurrentCell(row, 0);
 }
 

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "findbar.h"
-#include "kindsplitter.h"
 #include "messageview.h"
 #include "partsbook.h"
 #include "statusbar.h"
 #include "stockchart.h"
 #include "toolbar.h"
+#include "treesplitter.h"
 
 #include <QMainWindow>
 
@@ -41,6 +41,7 @@ class CMainFrame : public CWnd_X
     void OnTimer(UINT_PTR id);
     LRESULT OnFindPart(WPARAM matchCase, LPARAM text);
     LRESULT OnSelectRow(WPARAM row, LPARAM);
+    LRESULT OnRenamed(WPARAM, LPARAM renaming);
 
     DECLARE_MESSAGE_MAP_X()
     void SetupUI() override;
@@ -58,12 +59,13 @@ private Q_SLOTS:
     void OnPartEdit();
     void OnPartDelete();
     void OnPartInUse();
+    void OnNameEdit();
     void OnEditFind();
     void OnEditRepeat();
     void OnViewMessages();
     void OnViewShortColor();
     void OnPartSelected();
-    void OnKindSelected();
+    void OnNameSelected();
     void OnUpdateCommands();
 
 private:
@@ -87,8 +89,9 @@ private:
     void ShowStatus(unsigned format, const CString_X& text);
 
     PartsBook m_book;
+    CPartPictures m_pictures;
     CStockChart m_chart;
-    CKindSplitter m_splitter;
+    CTreeSplitter m_splitter;
     CPartsToolBar m_toolBar;
     CPartsStatusBar m_statusBar;
     CFindBar m_findBar;

@@ -4,6 +4,8 @@
 #include "bookfile.h"
 #include "text.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <utility>
 
@@ -144,6 +146,17 @@ void PartsBook::remove(int row)
     m_modified = true;
 }
 
+void PartsBook::rename(CString_X Part::*field, const CString_X& from, const CString_X& to)
+{
+    for (int row = 0; row < count(); ++row) {
+        if (part(row).*field != from)
+            continue;
+        Part renamed = part(row);
+        renamed.*field = to;
+        change(row, renamed);
+    }
+}
+
 int PartsBook::find(const CString_X& text, bool matchCase, int row) const
 {
     for (int i = 1; i <= count(); ++i) {
@@ -158,4 +171,18 @@ int PartsBook::countShort() const
 {
     return static_cast<int>(
         std::count_if(m_entries.begin(), m_entries.end(), [](const Entry& one) { return one.part.isShort(); }));
+}
+
+std::vector<CString_X> PartsBook::namesOf(CString_X Part::*field) const
+{
+    std::vector<CString_X> names;
+    QSet<QString> known{QString()}; // so that the empty one is none
+    for (const Entry& one : m_entries) {
+        const CString_X& name = one.part.*field;
+        const int before = known.size();
+        known.insert(XeQString(name));
+        if (known.size() > before)
+            names.push_back(name);
+    }
+    return names;
 }

@@ -42,10 +42,14 @@ public:
     void change(int row, const Part& part);
     void add(const Part& part);
     void remove(int row);
+    /// Gives all parts of a kind or a supplier another one.
+    void rename(CString_X Part::*field, const CString_X& from, const CString_X& to);
 
     /// The row of the next part with this text behind `row`, then from the first one on; -1 if there is none.
     int find(const CString_X& text, bool matchCase, int row) const;
     int countShort() const;
+    /// The kinds or the suppliers of all parts, each once, in the order of their first parts. An empty one is left out.
+    std::vector<CString_X> namesOf(CString_X Part::*field) const;
 
 private:
     struct Entry

@@ -97,9 +97,9 @@ COLORREF settings::shortColor()
 
 void settings::setShortColor(COLORREF color) { Key(viewKey).set(L"ShortColor", static_cast<int>(color)); }
 
-int settings::kindsWidth() { return Key(windowKey).number(L"Kinds", 124); }
+int settings::treeWidth() { return Key(windowKey).number(L"Tree", 168); }
 
-void settings::setKindsWidth(int width) { Key(windowKey).set(L"Kinds", width); }
+void settings::setTreeWidth(int width) { Key(windowKey).set(L"Tree", width); }
 
 std::vector<CString_X> settings::recentFiles()
 {

@@ -17,9 +17,9 @@ void setWindowPlace(const QRect& place);
 COLORREF shortColor();
 void setShortColor(COLORREF color);
 
-/// How wide the kinds are at the left of the list, in pixels.
-int kindsWidth();
-void setKindsWidth(int width);
+/// How wide the tree is at the left of the list, in pixels.
+int treeWidth();
+void setTreeWidth(int width);
 
 constexpr int mostRecentFiles = 4;
 

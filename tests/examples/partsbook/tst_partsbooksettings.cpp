@@ -64,7 +64,7 @@ void tst_PartsbookSettings::nothingYet()
 {
     QVERIFY(!settings::windowPlace().isValid());
     QVERIFY(settings::recentFiles().empty());
-    QCOMPARE(settings::kindsWidth(), 124);
+    QCOMPARE(settings::treeWidth(), 168);
 }
 
 void tst_PartsbookSettings::placeOfTheWindow()
@@ -72,8 +72,8 @@ void tst_PartsbookSettings::placeOfTheWindow()
     const QRect place(-5, 20, 300, 400);
     settings::setWindowPlace(place);
     QCOMPARE(settings::windowPlace(), place);
-    settings::setKindsWidth(210);
-    QCOMPARE(settings::kindsWidth(), 210);
+    settings::setTreeWidth(210);
+    QCOMPARE(settings::treeWidth(), 210);
 }
 
 void tst_PartsbookSettings::placeOfAnEarlierRun()

@@ -1,4 +1,4 @@
-#include "kindsplitter.h"
+#include "treesplitter.h"
 
 #include <QLayout>
 
@@ -11,19 +11,19 @@ constexpr int widest = 400;
 
 } // namespace
 
-IMPLEMENT_DYNAMIC_X(CKindSplitter, CSplitterWndEx_X)
+IMPLEMENT_DYNAMIC_X(CTreeSplitter, CSplitterWndEx_X)
 
-BEGIN_MESSAGE_MAP_X(CKindSplitter, CSplitterWndEx_X)
+BEGIN_MESSAGE_MAP_X(CTreeSplitter, CSplitterWndEx_X)
     ON_WM_MOUSEMOVE_X()
 END_MESSAGE_MAP_X()
 
-CKindSplitter::CKindSplitter()
+CTreeSplitter::CTreeSplitter()
 {
     SetXMIn(narrowest);
     SetXMax(widest);
 }
 
-bool CKindSplitter::Surround(QWidget* parts)
+bool CTreeSplitter::Surround(QWidget* parts)
 {
     QWidget* const place = parts->parentWidget();
     if (!CreateStatic(FromHandle(place), 1, 2))
@@ -32,12 +32,12 @@ bool CKindSplitter::Surround(QWidget* parts)
     auto* const splitter = Imp<QSplitter>();
     splitter->setHandleWidth(4);
     splitter->setChildrenCollapsible(false);
-    const bool done = CreateView(0, 0, &m_kinds) && CreateView(0, 1, FromHandle(parts));
-    splitter->setStretchFactor(1, 1); // the kinds keep their width when the window gets another
+    const bool done = CreateView(0, 0, &m_tree) && CreateView(0, 1, FromHandle(parts));
+    splitter->setStretchFactor(1, 1); // the tree keeps its width when the window gets another
     return done;
 }
 
-int CKindSplitter::Width() const
+int CTreeSplitter::Width() const
 {
     int width = 0;
     int minimum = 0;
@@ -45,7 +45,7 @@ int CKindSplitter::Width() const
     return width;
 }
 
-void CKindSplitter::SetWidth(int width)
+void CTreeSplitter::SetWidth(int width)
 {
     width = std::clamp(width, m_nXMin, m_nXMax);
     auto* const splitter = Imp<QSplitter>();
@@ -53,7 +53,7 @@ void CKindSplitter::SetWidth(int width)
 }
 
 // The divider is being dragged. Past a limit it stays there.
-void CKindSplitter::OnMouseMove(UINT flags, CPoint point)
+void CTreeSplitter::OnMouseMove(UINT flags, CPoint point)
 {
     if (point.x >= m_nXMin && point.x <= m_nXMax)
         CSplitterWndEx_X::OnMouseMove(flags, point);

@@ -1,0 +1,356 @@
+// The tree at the left of the list: which parts it shows, how kinds and suppliers are renamed in it, and the divider
+// between the two, under a user's hands.
+
+#include "leavenothing.h"
+#include "mainframe.h"
+#include "modaldriver.h"
+#include "resource.h"
+#include "testclass.h"
+#include "virtualinput.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTemporaryDir>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
+#include <xeresource.h>
+
+namespace {
+
+const QByteArray heading = "number,name,kind,supplier,source,stock,minimum,price,in use,remark\n";
+const QByteArray screw = "FA-1,Screw 螺钉,Fastener,华丰,bought,10,5,0.06,yes,\n";
+const QByteArray bearing = "BE-2,Bearing,Bearing,瓦轴,made,3,6,12.50,yes,\n";
+const QByteArray nut = "FA-3,Nut,Fastener,华丰,bought,20,15,0.06,yes,\n";
+const QByteArray motor = "EL-4,Motor,Electrical,Kessler,customer,2,0,0.00,yes,heavy\n";
+
+constexpr unsigned long keyReturn = 0xFF0D;
+constexpr unsigned long keyEscape = 0xFF1B;
+constexpr unsigned long keyF2 = 0xFFBF;
+
+} // namespace
+
+class tst_PartsbookTree : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QVERIFY(m_input.isUsable()); }
+    void init() { open(); }
+    void cleanup();
+
+    void showsTheParts();
+    void hasPictures();
+    void aClickShowsTheParts();
+    void anotherPartBringsAllBack();
+    void theTreeFollowsTheBook();
+
+    void aKindIsRenamed();
+    void theNameOfAnotherJoinsTheTwo();
+    void namesThatAreRefused_data();
+    void namesThatAreRefused();
+    void headingsAreNotRenamed();
+
+    void theDividerIsDragged();
+    void theDividerStopsAtItsLimits();
+    void theTreeKeepsItsWidth();
+
+private:
+    void open();
+    QWidget* window() const { return m_frame->GetSafeHwnd(); }
+    QTableWidget* table() const { return window()->findChild<QTableWidget*>("IDC_PARTS"); }
+    QTreeWidget* tree() const { return window()->findChild<QTreeWidget*>("IDC_TREE"); }
+    QTreeWidgetItem* item(const QString& text) const
+    {
+        return tree()->findItems(text, Qt::MatchExactly | Qt::MatchRecursive).value(0);
+    }
+    QSplitter* splitter() const { return window()->findChild<QSplitter*>(); }
+    QString treeText() const;
+    QString rowsText() const;
+    QPoint onScreen(const QWidget* widget, QPoint place) const;
+    void click(QPoint place);
+    void click(const QString& name);
+    void type(const QString& text);
+    QByteArray saved();
+    void drag(int distance);
+    void close();
+
+    VirtualInput m_input;
+    QTemporaryDir m_folder;
+    QScopedPointer<CMainFrame> m_frame;
+};
+
+void tst_PartsbookTree::open()
+{
+    QFile file(m_folder.filePath("parts.csv"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(heading + screw + bearing + nut + motor);
+    file.close();
+    m_frame.reset(new CMainFrame);
+    QCOMPARE(m_frame->Create(nullptr), 1);
+    m_frame->ShowWindow(SW_SHOW);
+    QVERIFY(m_frame->OpenBook(file.fileName()));
+    QVERIFY(QTest::qWaitForWindowExposed(window()));
+    const auto isActive = [this] {
+        window()->activateWindow();
+        return window()->isActiveWindow();
+    };
+    QVERIFY(QTest::qWaitFor(isActive));
+    QTRY_COMPARE(window()->mapToGlobal({0, 0}), m_input.windowOrigin(window()->winId()));
+}
+
+void tst_PartsbookTree::cleanup()
+{
+    m_input.releaseAll();
+    if (m_frame->GetSafeHwnd())
+        m_frame->DestroyWindow();
+    m_frame.reset();
+    QCOMPARE(LeaveNothing::leftovers(), QString());
+}
+
+void tst_PartsbookTree::close()
+{
+    window()->close();
+    QVERIFY(!m_frame->GetSafeHwnd());
+    m_frame.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+// The entries that have no others below them, the current one with a star.
+QString tst_PartsbookTree::treeText() const
+{
+    QStringList texts;
+    for (QTreeWidgetItemIterator it(tree()); *it; ++it) {
+        if ((*it)->childCount() == 0)
+            texts += (*it == tree()->currentItem() ? "*" : "") + (*it)->text(0);
+    }
+    return texts.join(", ");
+}
+
+// The parts that are shown, the current one with a star.
+QString tst_PartsbookTree::rowsText() const
+{
+    QStringList texts;
+    for (int row = 0; row < table()->rowCount(); ++row) {
+        if (!table()->isRowHidden(row))
+            texts += (row == table()->currentRow() ? "*" : "") + table()->item(row, 0)->text();
+    }
+    return texts.join(", ");
+}
+
+QPoint tst_PartsbookTree::onScreen(const QWidget* widget, QPoint place) const
+{
+    return m_input.windowOrigin(window()->winId()) + widget->mapTo(window(), place);
+}
+
+void tst_PartsbookTree::click(QPoint place)
+{
+    m_input.movePointer(place);
+    m_input.clickButton(1);
+}
+
+void tst_PartsbookTree::click(const QString& name)
+{
+    click(onScreen(tree()->viewport(), tree()->visualItemRect(item(name)).center()));
+    QTRY_COMPARE(tree()->currentItem(), item(name));
+}
+
+// What the keyboard has without Shift.
+void tst_PartsbookTree::type(const QString& text)
+{
+    for (const QChar ch : text)
+        m_input.typeKey(ch.unicode());
+}
+
+QByteArray tst_PartsbookTree::saved()
+{
+    window()->findChild<QAction*>(ToStringId(ID_FILE_SAVE))->trigger();
+    QFile file(m_folder.filePath("parts.csv"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
+}
+
+// In steps, as a hand does it.
+void tst_PartsbookTree::drag(int distance)
+{
+    QSplitterHandle* const divider = splitter()->handle(1);
+    const QPoint grip = onScreen(divider, {2, 200});
+    m_input.movePointer(grip);
+    m_input.pressButton(1);
+    for (int step = 1; step <= 4; ++step) {
+        m_input.movePointer(grip + QPoint(distance * step / 4, 0));
+        QTest::qWait(10); // else the server tells of the last place alone
+    }
+    m_input.releaseButton(1);
+}
+
+// ------------------------------------------------------------------------------------------------------- the tree
+
+void tst_PartsbookTree::showsTheParts()
+{
+    QCOMPARE(treeText(), QString("*All parts 全部, Fastener, Bearing, Electrical, 华丰, 瓦轴, Kessler"));
+    QCOMPARE(rowsText(), QString("*FA-1, BE-2, FA-3, EL-4"));
+    QCOMPARE(item("Fastener")->parent(), item("Kinds 种类"));
+    QCOMPARE(item("Kessler")->parent(), item("Suppliers 供应商"));
+    QCOMPARE(splitter()->count(), 2);
+    QCOMPARE(splitter()->indexOf(tree()), 0);
+    QCOMPARE(splitter()->indexOf(table()), 1);
+}
+
+// Each kind has a picture of its own, suppliers have the same one.
+void tst_PartsbookTree::hasPictures()
+{
+    const auto picture = [this](const QString& name) { return item(name)->icon(0).pixmap(96).toImage(); };
+    QVERIFY(!picture("All parts 全部").isNull());
+    QVERIFY(!picture("Fastener").isNull());
+    QVERIFY(picture("Fastener") != picture("Bearing"));
+    QVERIFY(picture("Fastener") != picture("Kessler"));
+    QCOMPARE(picture("Kessler"), picture("华丰"));
+}
+
+void tst_PartsbookTree::aClickShowsTheParts()
+{
+    click("Fastener");
+    QCOMPARE(rowsText(), QString("*FA-1, FA-3"));
+    click("瓦轴");
+    QCOMPARE(rowsText(), QString("*BE-2"));
+    click("Suppliers 供应商");
+    QCOMPARE(rowsText(), QString("FA-1, *BE-2, FA-3, EL-4"));
+    click("Bearing");
+    click("All parts 全部");
+    QCOMPARE(rowsText(), QString("FA-1, *BE-2, FA-3, EL-4"));
+}
+
+void tst_PartsbookTree::anotherPartBringsAllBack()
+{
+    click("Fastener");
+    m_frame->SendMessage(WM_SELECT_ROW, 3); // as a click on a bar of the chart does
+    QCOMPARE(tree()->currentItem(), item("All parts 全部"));
+    QCOMPARE(rowsText(), QString("FA-1, BE-2, FA-3, *EL-4"));
+    click("Electrical");
+    m_frame->SendMessage(WM_SELECT_ROW, 3);
+    QCOMPARE(rowsText(), QString("*EL-4"));
+}
+
+void tst_PartsbookTree::theTreeFollowsTheBook()
+{
+    click("Bearing");
+    const ModalDriver<QDialog> driver([](QDialog* dialog) {
+        dialog->findChild<QLineEdit*>("IDC_STOCK")->setText("7");
+        dialog->findChild<QPushButton*>("OK")->click();
+    });
+    window()->findChild<QAction*>(ToStringId(ID_PART_EDIT))->trigger();
+    QVERIFY(driver.hasActed());
+    QCOMPARE(treeText(), QString("All parts 全部, Fastener, *Bearing, Electrical, 华丰, 瓦轴, Kessler"));
+    QCOMPARE(rowsText(), QString("*BE-2"));
+
+    const ModalDriver<QDialog> yes([](QDialog* box) {
+        for (QPushButton* button : box->findChildren<QPushButton*>()) {
+            if (button->text().remove('&') == "是")
+                button->click();
+        }
+    });
+    window()->findChild<QAction*>(ToStringId(ID_PART_DELETE))->trigger();
+    QCOMPARE(treeText(), QString("*All parts 全部, Fastener, Electrical, 华丰, Kessler"));
+    QCOMPARE(rowsText(), QString("*FA-1, FA-3, EL-4"));
+}
+
+// ------------------------------------------------------------------------------------------------------- renaming
+
+void tst_PartsbookTree::aKindIsRenamed()
+{
+    click("Fastener");
+    m_input.typeKey(keyF2);
+    QTRY_VERIFY(tree()->findChild<QLineEdit*>());
+    type("bolts");
+    m_input.typeKey(keyReturn);
+    QTRY_COMPARE(treeText(), QString("All parts 全部, *bolts, Bearing, Electrical, 华丰, 瓦轴, Kessler"));
+    QCOMPARE(rowsText(), QString("*FA-1, FA-3"));
+    QCOMPARE(saved(), heading + QByteArray(screw).replace("Fastener", "bolts") + bearing
+                          + QByteArray(nut).replace("Fastener", "bolts") + motor);
+}
+
+void tst_PartsbookTree::theNameOfAnotherJoinsTheTwo()
+{
+    click("瓦轴");
+    m_input.typeKey(keyF2);
+    QTRY_VERIFY(tree()->findChild<QLineEdit*>());
+    tree()->findChild<QLineEdit*>()->setText("Kessler");
+    m_input.typeKey(keyReturn);
+    QTRY_COMPARE(treeText(), QString("All parts 全部, Fastener, Bearing, Electrical, 华丰, *Kessler"));
+    QCOMPARE(rowsText(), QString("*BE-2, EL-4"));
+    QCOMPARE(saved(), heading + screw + QByteArray(bearing).replace("瓦轴", "Kessler") + nut + motor);
+}
+
+void tst_PartsbookTree::namesThatAreRefused_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<unsigned long>("key");
+    QTest::newRow("an empty one") << QString() << keyReturn;
+    QTest::newRow("one that is too long") << QString(21, 'x') << keyReturn;
+    QTest::newRow("any, by Escape") << "bolts" << keyEscape;
+}
+
+void tst_PartsbookTree::namesThatAreRefused()
+{
+    QFETCH(const QString, name);
+    QFETCH(const unsigned long, key);
+    click("Fastener");
+    m_input.typeKey(keyF2);
+    QTRY_VERIFY(tree()->findChild<QLineEdit*>());
+    tree()->findChild<QLineEdit*>()->setText(name);
+    m_input.typeKey(key);
+    QTRY_VERIFY(!tree()->findChild<QLineEdit*>());
+    QCOMPARE(treeText(), QString("All parts 全部, *Fastener, Bearing, Electrical, 华丰, 瓦轴, Kessler"));
+    QVERIFY(!window()->isWindowModified());
+}
+
+void tst_PartsbookTree::headingsAreNotRenamed()
+{
+    const QAction* const rename = window()->findChild<QAction*>(ToStringId(ID_NAME_EDIT));
+    for (const char* name : {"Kinds 种类", "All parts 全部"}) {
+        click(name);
+        m_frame->OnEnterIdle();
+        QVERIFY2(!rename->isEnabled(), name);
+    }
+    click("Kessler");
+    m_frame->OnEnterIdle();
+    QVERIFY(rename->isEnabled());
+}
+
+// ---------------------------------------------------------------------------------------------------- the divider
+
+void tst_PartsbookTree::theDividerIsDragged()
+{
+    const int width = tree()->width();
+    drag(60);
+    QTRY_COMPARE(tree()->width(), width + 60);
+    QCOMPARE(table()->mapTo(splitter(), QPoint()).x(), width + 60 + splitter()->handleWidth());
+    drag(-40);
+    QTRY_COMPARE(tree()->width(), width + 20);
+}
+
+void tst_PartsbookTree::theDividerStopsAtItsLimits()
+{
+    drag(-tree()->width());
+    QTRY_COMPARE(tree()->width(), 80);
+    drag(600);
+    QTRY_COMPARE(tree()->width(), 400);
+}
+
+void tst_PartsbookTree::theTreeKeepsItsWidth()
+{
+    drag(600);
+    QTRY_COMPARE(tree()->width(), 400);
+    drag(-150);
+    QTRY_COMPARE(tree()->width(), 250);
+    window()->resize(window()->size() - QSize(100, 50));
+    QCoreApplication::processEvents();
+    QCOMPARE(tree()->width(), 250);
+    close();
+    open();
+    QCOMPARE(tree()->width(), 250);
+}
+
+XE_TEST(tst_PartsbookTree)
+#include "tst_partsbooktree.moc"
