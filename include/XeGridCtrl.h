@@ -470,11 +470,43 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
 private:
     friend struct xe::GridState;
 
-    // Parts of the public members, each in the file of those that need it.
+    // Parts of the public members, each in the file of those that need it. False: the grid has gone meanwhile, or
+    // there was no memory.
     void attachTip();
     void connectBar(int bar);
     void takeBarAction(int bar, int action);
+    xe::GridLines& linesOf(int bar) const;
+    void resetBars();
+    void scroll(int bar, UINT code);
+    void setBarRange(int bar, int page, int maximum);
+    int scrollTarget(int bar, UINT code, int position) const;
+    bool scrollToLine(int bar, int line);
+    void setSize(int bar, int line, int size);
+    void expandToFit(int bar);
+    int widestExtent(int column, int firstRow) const;
+    int highestExtent(int row) const;
     void endOpenEditor();
+
+    bool beforeChange();
+    bool clearFocus();
+    void afterChange();
+    bool addRows(int n);
+    bool addColumns(int n);
+    bool fillRow(int row);
+    bool fillPlace(int row, int col);
+    void removeRows(int n);
+    void removeColumns(int n);
+    void destroyRow(int row);
+    void releaseFixedRow(int row);
+    void releaseFixedColumn(int col);
+
+    void dropSelection();
+    void moveIds(int CCellID_X::*line, int at, int by);
+    void tellCoords(int firstRow, int firstCol);
+    bool insertEmptyRow(int row);
+    bool insertEmptyColumn(int col);
+    void removeRow(int row);
+    void removeColumn(int col);
 
     std::unique_ptr<xe::GridState> m_state; ///< what is no field of the interface
 };

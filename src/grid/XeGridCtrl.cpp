@@ -5,6 +5,9 @@
 
 #include <QImage>
 
+#include <algorithm>
+#include <iterator>
+
 IMPLEMENT_DYNCREATE_X(CGridCtrl_X, CWnd_X)
 
 BEGIN_MESSAGE_MAP_X(CGridCtrl_X, CWnd_X)
@@ -70,6 +73,12 @@ int CGridCtrl_X::Create(CWnd_X*, QWidget* widget, unsigned int)
 {
     if (!SubclassWindow(widget))
         return 0;
+    m_arRowHeights.SetSize(m_nRows);
+    m_arColWidths.SetSize(m_nCols);
+    std::fill_n(m_arRowHeights.GetData(), m_nRows, static_cast<unsigned>(m_nDefCellHeight));
+    std::fill_n(m_arColWidths.GetData(), m_nCols, static_cast<unsigned>(m_nDefCellWidth));
+    m_state->rows.reset();
+    m_state->columns.reset();
     return 1;
 }
 

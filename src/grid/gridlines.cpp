@@ -35,6 +35,15 @@ int GridLines::lineAt(long long pixel) const
     return static_cast<int>(std::upper_bound(m_sums.begin(), m_sums.end(), pixel) - m_sums.begin());
 }
 
+int GridLines::lineReaching(long long sum) const
+{
+    if (sum <= 0)
+        return 0;
+    if (m_sums.empty() || m_sums.back() < sum)
+        sumBefore(count());
+    return static_cast<int>(std::lower_bound(m_sums.begin(), m_sums.end(), sum) - m_sums.begin()) + 1;
+}
+
 void GridLines::resized(int line, unsigned before, unsigned after)
 {
     if (m_total >= 0)

@@ -19,13 +19,17 @@ public:
     explicit GridLines(const CUIntArray_X& sizes) : m_sizes(sizes) {}
 
     int count() const { return static_cast<int>(m_sizes.GetSize()); }
-    int size(int line) const { return static_cast<int>(m_sizes.GetData()[line]); }
+    /// 0 for a line that is not there.
+    int size(int line) const { return line >= 0 && line < count() ? static_cast<int>(m_sizes.GetData()[line]) : 0; }
 
     int total() const;
     /// The sum of the lines before one; the total for the number of lines.
     int before(int line) const;
     /// The line that the pixel lies in; the number of lines behind the last.
     int lineAt(long long pixel) const;
+
+    /// The first line before which the sum is at least this; one behind the number of lines if there is none.
+    int lineReaching(long long sum) const;
 
     /// What the array's owner tells: one line has another size, has come, has gone, or anything.
     void resized(int line, unsigned before, unsigned after);

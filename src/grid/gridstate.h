@@ -4,7 +4,9 @@
 #include "XeGridCtrl.h"
 #include "grid/gridlines.h"
 
+#include <functional>
 #include <unordered_set>
+#include <vector>
 
 namespace xe {
 
@@ -12,8 +14,19 @@ struct GridState
 {
     explicit GridState(const CGridCtrl_X& grid) : rows(grid.m_arRowHeights), columns(grid.m_arColWidths) {}
 
+    enum Lines { Rows, Columns };
+
     /// A cell has come into the selection or has left it.
     void noteSelected(CGridCtrl_X& grid, int row, int col, bool isSelected);
+    /// Takes all cells out of the selections, also while selecting is not allowed.
+    void deselectAll(CGridCtrl_X& grid);
+    /// Takes those out that are no longer there.
+    void forgetGone(CGridCtrl_X& grid);
+
+    /// Takes apart the blocks that are meant.
+    void undoBlocks(CGridCtrl_X& grid, const std::function<bool(const CCellRange_X&)>& isMeant);
+    /// A line has come (1) or gone (-1) at `at`, in no block.
+    void moveBlocks(const CGridCtrl_X& grid, Lines lines, int at, int by);
 
     GridLines rows;
     GridLines columns;
@@ -23,7 +36,7 @@ struct GridState
     // Selected cells whose row or column the keys of the selection map do not hold.
     std::unordered_set<unsigned long long> farSelected;
 
-    // The merged blocks: what SetCellCombine() and SetFixedCellCombine() make, and nobody has undone.
+    // The merged blocks: SetCellCombine() and SetFixedCellCombine() add them, UndoCellCombine() takes them out.
     std::vector<CCellRange_X> blocks;
 };
 

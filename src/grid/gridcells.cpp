@@ -1,0 +1,98 @@
+// How cells are made, replaced and destroyed.
+
+#include "XeGridCtrl.h"
+
+#include "grid/gridstate.h"
+
+#include <QPointer>
+
+namespace {
+
+bool isCellClass(const CRuntimeClass_X* type) { return type && type->IsDerivedFrom(RUNTIME_CLASS_X(CGridCellBase_X)); }
+
+CGridCellBase_X* makeCell(const CRuntimeClass_X* type)
+{
+    if (type == RUNTIME_CLASS_X(CGridCell_X))
+        return new CGridCell_X;
+    return isCellClass(type) ? static_cast<CGridCellBase_X*>(type->CreateObject()) : nullptr;
+}
+
+void copyMerging(CGridCellBase_X& to, const CGridCellBase_X& from)
+{
+    to.m_bMergeRight = from.m_bMergeRight;
+    to.m_bMergeBottom = from.m_bMergeBottom;
+    to.m_bMergeSlave = from.m_bMergeSlave;
+    to.m_nMergeStyle = from.m_nMergeStyle;
+    to.m_nMergeRows = from.m_nMergeRows;
+    to.m_nMergeCols = from.m_nMergeCols;
+    to.m_nMasterRow = from.m_nMasterRow;
+    to.m_nMasterCol = from.m_nMasterCol;
+}
+
+} // namespace
+
+CGridCellBase_X* CGridCtrl_X::CreateCell(int row, int col)
+{
+    CGridCellBase_X* const cell = makeCell(m_pRtcDefault);
+    if (!cell)
+        return nullptr;
+    cell->SetGrid(this);
+    cell->SetFont(reinterpret_cast<const CFont_X*>(&m_Font));
+    cell->SetCoords(row, col);
+    if (const CGridCellBase_X* const above = row >= 1 ? cellAt(row - 1, col) : nullptr)
+        cell->SetFormat(above->GetFormat());
+    if (IsCellFixed(row, col))
+        cell->SetState(cell->GetState() | CGridCellBase_X::Fixed);
+    return cell;
+}
+
+void CGridCtrl_X::DestroyCell(int row, int col)
+{
+    CGridCellBase_X* const cell = cellAt(row, col);
+    if (!cell)
+        return;
+    SetItemState(row, col, 0);
+    (*m_RowData[static_cast<std::size_t>(row)])[static_cast<std::size_t>(col)] = nullptr;
+    delete cell;
+}
+
+bool CGridCtrl_X::fillPlace(int row, int col)
+{
+    const QPointer<CGridCtrl_X> living(this);
+    CGridCellBase_X* const cell = CreateCell(row, col);
+    if (!living) {
+        delete cell;
+        return false;
+    }
+    GridRow* const cells =
+        static_cast<std::size_t>(row) < m_RowData.size() ? m_RowData[static_cast<std::size_t>(row)] : nullptr;
+    if (cells && static_cast<std::size_t>(col) < cells->size())
+        (*cells)[static_cast<std::size_t>(col)] = cell;
+    else
+        delete cell;
+    return true;
+}
+
+int CGridCtrl_X::SetCellType(int row, int col, CRuntimeClass_X* type)
+{
+    if (!isCellClass(type) || !cellAt(row, col) || !beforeChange())
+        return 0;
+    CGridCellBase_X* const old = cellAt(row, col);
+    CGridCellBase_X* const cell = old ? makeCell(type) : nullptr;
+    if (!cell)
+        return 0;
+    *cell = *old;
+    copyMerging(*cell, *old);
+    cell->SetCoords(row, col);
+    (*m_RowData[static_cast<std::size_t>(row)])[static_cast<std::size_t>(col)] = cell;
+    delete old;
+    return 1;
+}
+
+int CGridCtrl_X::SetDefaultCellType(CRuntimeClass_X* type)
+{
+    if (!isCellClass(type))
+        return 0;
+    m_pRtcDefault = type;
+    return 1;
+}
