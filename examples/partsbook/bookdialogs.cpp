@@ -2,6 +2,7 @@
 
 #include "text.h"
 
+#include <QDir>
 #include <xeafxdlgs.h>
 
 namespace {
@@ -51,6 +52,18 @@ QStringList askForBooks(const CWnd_X& parent, const QString& folder)
     for (POSITION position = dialog.GetStartPosition(); position;)
         files += XeQString(dialog.GetNextPathName(position));
     return files;
+}
+
+QString askForPicture(const CWnd_X& parent, const QString& folder)
+{
+    CFileDialog_X dialog(&parent, loadText(IDS_CHOOSE_PICTURE), nullptr, loadText(IDS_PICTURE_KINDS), OFN_HIDEREADONLY,
+                         TRUE);
+    dialog.SetInitialDir(folder);
+    if (dialog.DoModal() != IDOK)
+        return {};
+    const QString file = XeQString(dialog.GetPathName());
+    const QString seen = QDir(folder).relativeFilePath(file);
+    return seen.startsWith(QLatin1String("..")) ? file : seen;
 }
 
 QString askForFolder()

@@ -13,6 +13,8 @@ QString askForBook(const CWnd_X& parent, const QString& present);
 QString askForNewBook(const CWnd_X& parent, const QString& present);
 /// The files of books to import, beginning in this folder.
 QStringList askForBooks(const CWnd_X& parent, const QString& folder);
+/// The file of a part's picture. One in this folder, or below it, is told as seen from there.
+QString askForPicture(const CWnd_X& parent, const QString& folder);
 /// A folder for a copy of the book.
 QString askForFolder();
 /// A colour in place of this one. False when the user cancels.

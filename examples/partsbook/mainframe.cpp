@@ -315,7 +315,7 @@ void CMainFrame::OnFileRecent()
 
 void CMainFrame::OnPartNew()
 {
-    CPartDialog dialog(loadText(IDS_NEW_PART), suppliersOf(m_book), this);
+    CPartDialog dialog(loadText(IDS_NEW_PART), m_book, m_pictures, this);
     if (dialog.DoModal() != IDOK)
         return;
     m_book.add(dialog.m_part);
@@ -329,7 +329,7 @@ void CMainFrame::OnPartEdit()
     const int row = SelectedRow();
     if (row < 0)
         return;
-    CPartDialog dialog(loadText(IDS_EDIT_PART), suppliersOf(m_book), this);
+    CPartDialog dialog(loadText(IDS_EDIT_PART), m_book, m_pictures, this);
     dialog.m_part = m_book.part(row);
     if (dialog.DoModal() != IDOK || dialog.m_part == m_book.part(row))
         return;

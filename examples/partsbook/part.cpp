@@ -94,8 +94,10 @@ void FieldReader::readWord(int& value, const Words& words)
 
 void FieldReader::readDay(CString_X& value)
 {
-    value = take();
-    check(value.IsEmpty() || QDate::fromString(XeQString(value), Qt::ISODate).isValid(), IDS_NO_DAY, value);
+    const CString_X& field = take();
+    const QDate day = QDate::fromString(XeQString(field), Qt::ISODate);
+    value = day.toString(Qt::ISODate);
+    check(value == field && (field.IsEmpty() || day.year() >= partlimit::firstYear), IDS_NO_DAY, field);
 }
 
 } // namespace

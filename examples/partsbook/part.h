@@ -38,6 +38,7 @@ constexpr int picture = 200;
 constexpr int stock = 99999;
 constexpr int minimum = 500;
 constexpr double price = 9999.99;
+constexpr int firstYear = 1900;
 
 } // namespace partlimit
 

@@ -61,14 +61,3 @@ void showPart(QTableWidget& table, int row, const Part& part, COLORREF shortColo
         table.setItem(row, column, item);
     }
 }
-
-QStringList suppliersOf(const PartsBook& book)
-{
-    QStringList suppliers;
-    for (int row = 0; row < book.count(); ++row)
-        suppliers += XeQString(book.part(row).supplier);
-    suppliers.removeAll(QString());
-    suppliers.sort(Qt::CaseInsensitive);
-    suppliers.removeDuplicates();
-    return suppliers;
-}

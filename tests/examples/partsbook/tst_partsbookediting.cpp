@@ -153,8 +153,10 @@ void tst_PartsbookEditing::oneFieldAfterARefusal()
 {
     start();
     openBearing();
+    m_user.press("Alt_L y"); // the page of the supply
     m_user.press("Alt_L s");
     m_user.type("100000");
+    m_user.press("Alt_L i"); // away from it
     m_user.press("Return");
     comesUp("警告");
     m_user.press("Return");
@@ -181,26 +183,37 @@ void tst_PartsbookEditing::everyControl()
     m_user.typeKey(0x1000000 | 0x8F74);
     m_user.press("Alt_L k");
     m_user.press("Down");
-    m_user.press("Alt_L s");
-    m_user.type("7");
-    m_user.press("Alt_L m");
-    m_user.press("End");
-    m_user.press("Alt_L p");
-    m_user.type("0.5");
     m_user.press("Alt_L r");
     m_user.type("left, right");
     m_user.press("Tab");
-    m_user.press("space"); // in use
-    m_user.press("Tab");
+    m_user.press("space");   // out of use
+    m_user.press("Shift_L"); // else the next key is a repetition
+    m_user.press("space");   // no more is ordered
+    m_user.press("Alt_L f");
+    m_user.type("be-9.png");
+    m_user.press("Alt_L y"); // the page of the supply
+    m_user.press("Alt_L l");
     m_user.press("Home"); // the first supplier
     m_user.press("Tab");
     m_user.press("Down");
     m_user.press("Down"); // the last of the sources
+    m_user.press("Alt_L s");
+    m_user.type("7");
+    m_user.press("Alt_L m");
+    m_user.press("End");
+    m_user.press("Tab");
+    m_user.press("Down"); // one less, in the spin box
+    m_user.press("Alt_L p");
+    m_user.type("0.5");
+    m_user.press("Alt_L i"); // the page of the history
+    m_user.press("space");   // there is a delivery
+    m_user.press("Tab");
+    m_user.type("20260331");
     m_user.press("Return");
     comesUp("Parts Book");
     m_user.press("Control_L s");
     becomesOriginalBut("be-9,Ball bearing 6204-2RS 深沟球轴承轴,Seal 密封件,Dongtai 东泰密封,"
-                       "customer,7,500,0.50,no,\"left, right\"\n");
+                       "customer,7,499,0.50,ending,\"left, right\",2026-03-31,be-9.png\n");
 }
 
 // Which of the rows that is depends on the font.
@@ -300,6 +313,7 @@ void tst_PartsbookEditing::unsavedChangesAreSavedOnClosing()
 {
     start();
     openBearing();
+    m_user.press("Alt_L y");
     m_user.press("Alt_L p");
     m_user.type("4");
     m_user.press("Return");
@@ -327,6 +341,7 @@ void tst_PartsbookEditing::badLinesStay()
     comesUp("Parts Book");
     m_user.press("Return");
     comesUp("Edit Part");
+    m_user.press("Alt_L y");
     m_user.press("Alt_L s");
     m_user.type("7");
     m_user.press("Return");
