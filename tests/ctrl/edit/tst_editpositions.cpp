@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr DWORD oneLine = ES_NOHIDESEL;
-constexpr DWORD manyLines = ES_NOHIDESEL | ES_MULTILINE;
+constexpr DWORD oneShownLine = ES_NOHIDESEL;
+constexpr DWORD manyShownLines = ES_NOHIDESEL | ES_MULTILINE;
 
 // "start-end" of the selection, or the caret's position twice.
 QString selectionOf(const CEdit_X& edit)
@@ -54,24 +54,24 @@ void tst_EditPositions::selecting_data()
         QTest::newRow(name) << style << start << end << QString::fromLatin1(selection);
     };
     // "one two three", with the caret at 5
-    row("a part", oneLine, 4, 7, "4-7");
-    row("all", oneLine, 0, -1, "0-13");
-    row("backwards", oneLine, 7, 4, "4-7");
-    row("from a position backwards to the start", oneLine, 4, -1, "0-4");
-    row("nothing puts the caret", oneLine, 4, 4, "4-4");
-    row("an end behind the text", oneLine, 4, 99, "4-13");
-    row("an end at the limit of numbers", oneLine, 4, INT_MAX, "4-13");
-    row("an end below all", oneLine, 4, INT_MIN, "0-4");
-    row("start -1 is the end of the text", oneLine, -1, 3, "13-13");
-    row("start behind the text", oneLine, 14, 20, "13-13");
-    row("start at the end", oneLine, 13, 13, "13-13");
-    row("start below -1", oneLine, -2, 3, "5-5");
-    row("many lines: the word", manyLines, 4, 5, "4-7");
-    row("many lines: the word around", manyLines, 9, 9, "8-13");
-    row("many lines: not all", manyLines, 0, -1, "0-3");
-    row("many lines: start -1", manyLines, -1, 3, "13-13");
-    row("many lines: start behind the text", manyLines, 13, 2, "13-13");
-    row("many lines: start below -1", manyLines, -2, 3, "13-13");
+    row("a part", oneShownLine, 4, 7, "4-7");
+    row("all", oneShownLine, 0, -1, "0-13");
+    row("backwards", oneShownLine, 7, 4, "4-7");
+    row("from a position backwards to the start", oneShownLine, 4, -1, "0-4");
+    row("nothing puts the caret", oneShownLine, 4, 4, "4-4");
+    row("an end behind the text", oneShownLine, 4, 99, "4-13");
+    row("an end at the limit of numbers", oneShownLine, 4, INT_MAX, "4-13");
+    row("an end below all", oneShownLine, 4, INT_MIN, "0-4");
+    row("start -1 is the end of the text", oneShownLine, -1, 3, "13-13");
+    row("start behind the text", oneShownLine, 14, 20, "13-13");
+    row("start at the end", oneShownLine, 13, 13, "13-13");
+    row("start below -1", oneShownLine, -2, 3, "5-5");
+    row("many lines: the word", manyShownLines, 4, 5, "4-7");
+    row("many lines: the word around", manyShownLines, 9, 9, "8-13");
+    row("many lines: not all", manyShownLines, 0, -1, "0-3");
+    row("many lines: start -1", manyShownLines, -1, 3, "13-13");
+    row("many lines: start behind the text", manyShownLines, 13, 2, "13-13");
+    row("many lines: start below -1", manyShownLines, -2, 3, "13-13");
 }
 
 void tst_EditPositions::selecting()
@@ -122,7 +122,7 @@ void tst_EditPositions::linesAreThoseOfTheLayout()
 {
     QWidget form;
     CEdit_X edit;
-    edit.Create(WS_VISIBLE | manyLines, CRect(0, 0, 200, 100), &form);
+    edit.Create(WS_VISIBLE | manyShownLines, CRect(0, 0, 200, 100), &form);
     form.show();
     QCOMPARE(edit.GetLineCount(), 1);
     edit.SetWindowText(L"one\ntwo\n\nfour"); // 0-3, 4-7, 8, 9-13
@@ -185,7 +185,7 @@ void tst_EditPositions::points()
 {
     QWidget form;
     CEdit_X edit;
-    edit.Create(WS_VISIBLE | manyLines, CRect(0, 0, 200, 100), &form);
+    edit.Create(WS_VISIBLE | manyShownLines, CRect(0, 0, 200, 100), &form);
     edit.SetWindowText(L"one\ntwo\nthree");
     form.show();
     auto* const lines = edit.Imp<QTextEdit>();

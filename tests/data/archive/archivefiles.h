@@ -176,3 +176,11 @@ inline QByteArray pattern(int size)
         bytes[i] = static_cast<char>(i * 7 + i / 256);
     return bytes;
 }
+
+/// A data row a kind of file.
+inline void addKinds(const QStringList& kinds)
+{
+    QTest::addColumn<QString>("kind");
+    for (const QString& kind : kinds)
+        QTest::newRow(kind.toUtf8().constData()) << kind;
+}

@@ -46,13 +46,6 @@ private slots:
     void bytesLeftOfOtherArchives();
 };
 
-static void addKinds(const QStringList& kinds)
-{
-    QTest::addColumn<QString>("kind");
-    for (const QString& kind : kinds)
-        QTest::newRow(kind.toUtf8().constData()) << kind;
-}
-
 void tst_Archive::direction()
 {
     SlowFile file;

@@ -31,13 +31,6 @@ private slots:
     void aFileThatGivesMoreThanAsked();
 };
 
-static void addKinds(const QStringList& kinds)
-{
-    QTest::addColumn<QString>("kind");
-    for (const QString& kind : kinds)
-        QTest::newRow(kind.toUtf8().constData()) << kind;
-}
-
 // A value of each width, at `offset` behind bytes that are read one by one; false where one comes wrong.
 template <class T>
 static bool loadsAt(const QString& kind, const QByteArray& content, int offset)

@@ -11,7 +11,7 @@ constexpr long unexpected = -0x7FFF0001L;  // 0x8000FFFF as an HRESULT
 constexpr long outOfMemory = -0x7FF8FFF2L; // 0x8007000E as an HRESULT
 
 template <class Throw>
-QString thrown(Throw doThrow)
+QString thrownOle(Throw doThrow)
 {
     try {
         doThrow();
@@ -95,20 +95,20 @@ private slots:
 
 void tst_OleExcept::throwing()
 {
-    QCOMPARE(thrown([] { AfxThrowOleException_X(5); }), QStringLiteral("code 5, auto-delete 1"));
-    QCOMPARE(thrown([] { AfxThrowOleException_X(0); }), QStringLiteral("code 0, auto-delete 1"));
-    QCOMPARE(thrown([] { AfxThrowOleException_X(-5L); }), QStringLiteral("code -5, auto-delete 1"));
-    QCOMPARE(thrown([] { AfxThrowOleException_X(E_FAIL); }), QStringLiteral("code -2147467259, auto-delete 1"));
-    QCOMPARE(thrown([] { AfxThrowOleException_X(0x100000000L); }), QStringLiteral("code 4294967296, auto-delete 1"));
+    QCOMPARE(thrownOle([] { AfxThrowOleException_X(5); }), QStringLiteral("code 5, auto-delete 1"));
+    QCOMPARE(thrownOle([] { AfxThrowOleException_X(0); }), QStringLiteral("code 0, auto-delete 1"));
+    QCOMPARE(thrownOle([] { AfxThrowOleException_X(-5L); }), QStringLiteral("code -5, auto-delete 1"));
+    QCOMPARE(thrownOle([] { AfxThrowOleException_X(E_FAIL); }), QStringLiteral("code -2147467259, auto-delete 1"));
+    QCOMPARE(thrownOle([] { AfxThrowOleException_X(0x100000000L); }), QStringLiteral("code 4294967296, auto-delete 1"));
 }
 
 void tst_OleExcept::checking()
 {
-    QCOMPARE(thrown([] { AfxCheckError_X(0); }), QStringLiteral("nothing"));
-    QCOMPARE(thrown([] { AfxCheckError_X(1); }), QStringLiteral("nothing"));
-    QCOMPARE(thrown([] { AfxCheckError_X(LONG_MAX); }), QStringLiteral("nothing"));
-    QCOMPARE(thrown([] { AfxCheckError_X(-1); }), QStringLiteral("code -1, auto-delete 1"));
-    QCOMPARE(thrown([] { AfxCheckError_X(E_FAIL); }), QStringLiteral("code -2147467259, auto-delete 1"));
+    QCOMPARE(thrownOle([] { AfxCheckError_X(0); }), QStringLiteral("nothing"));
+    QCOMPARE(thrownOle([] { AfxCheckError_X(1); }), QStringLiteral("nothing"));
+    QCOMPARE(thrownOle([] { AfxCheckError_X(LONG_MAX); }), QStringLiteral("nothing"));
+    QCOMPARE(thrownOle([] { AfxCheckError_X(-1); }), QStringLiteral("code -1, auto-delete 1"));
+    QCOMPARE(thrownOle([] { AfxCheckError_X(E_FAIL); }), QStringLiteral("code -2147467259, auto-delete 1"));
 }
 
 void tst_OleExcept::statusOfAnObject()
@@ -197,16 +197,16 @@ void tst_OleExcept::withoutABuffer()
 
 void tst_OleExcept::throwingForAClient()
 {
-    QCOMPARE(thrown([] { AfxThrowOleDispatchException_X(3, L"stuck", 0x12); }),
+    QCOMPARE(thrownOle([] { AfxThrowOleDispatchException_X(3, L"stuck", 0x12); }),
              QStringLiteral("code 3, 'stuck', help 60012 in '', source '', status 0, auto-delete 1"));
-    QCOMPARE(thrown([] { AfxThrowOleDispatchException_X(3, L"stuck"); }),
+    QCOMPARE(thrownOle([] { AfxThrowOleDispatchException_X(3, L"stuck"); }),
              QStringLiteral("code 3, 'stuck', help 0 in '', source '', status 0, auto-delete 1"));
-    QCOMPARE(thrown([] { AfxThrowOleDispatchException_X(0, static_cast<const wchar_t*>(nullptr), 1); }),
+    QCOMPARE(thrownOle([] { AfxThrowOleDispatchException_X(0, static_cast<const wchar_t*>(nullptr), 1); }),
              QStringLiteral("code 0, '', help 60001 in '', source '', status -2147418113, auto-delete 1"));
-    QCOMPARE(thrown([] { AfxThrowOleDispatchException_X(65535, 4711u, 2); }),
+    QCOMPARE(thrownOle([] { AfxThrowOleDispatchException_X(65535, 4711u, 2); }),
              QStringLiteral("code 65535, 'AfxThrowOleDispatchException', help 60002 in '', source '', status 0, "
                             "auto-delete 1"));
-    QCOMPARE(thrown([] { AfxThrowOleDispatchException_X(0, 4711u); }),
+    QCOMPARE(thrownOle([] { AfxThrowOleDispatchException_X(0, 4711u); }),
              QStringLiteral("code 0, 'AfxThrowOleDispatchException', help 0 in '', source '', status -2147418113, "
                             "auto-delete 1"));
 }

@@ -1,17 +1,14 @@
 // Where a file's position goes, on small, empty and huge files.
 
+#include "file/offsets.h"
 #include "leavenothing.h"
 #include "tempfiles.h"
 #include "testclass.h"
 
 #include <xeafxfile.h>
 
-#include <limits>
-
 namespace {
 
-constexpr long long most = std::numeric_limits<long long>::max();
-constexpr long long least = std::numeric_limits<long long>::min();
 constexpr long long GiB = 1LL << 30;
 
 } // namespace

@@ -1,13 +1,10 @@
+#include "file/offsets.h"
 #include "leavenothing.h"
 #include "testclass.h"
 #include "watchedmemory.h"
 
-#include <limits>
-
 namespace {
 
-constexpr long long most = std::numeric_limits<long long>::max();
-constexpr long long least = std::numeric_limits<long long>::min();
 constexpr auto refused = static_cast<unsigned long long>(-1);
 
 } // namespace

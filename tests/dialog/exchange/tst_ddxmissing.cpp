@@ -71,10 +71,10 @@ void warnAbout(const char* control, const char* name)
 }
 
 // A form with an edit behind each of whose names an exchange with another class looks.
-class Form
+class EditForm
 {
 public:
-    Form() : edit(&widget), window(&widget) { edit.setObjectName(QStringLiteral("IDC_NAME")); }
+    EditForm() : edit(&widget), window(&widget) { edit.setObjectName(QStringLiteral("IDC_NAME")); }
 
     // Each direction gives up with the warning; nothing else happens.
     void failsQuietly(const Exchange& exchange, const char* control, const char* name)
@@ -157,7 +157,7 @@ void tst_DdxMissing::unknownName()
     QFETCH(QString, control);
     QFETCH(QString, name);
     QFETCH(int, result);
-    Form().endsQuietly(exchange, qPrintable(control), qPrintable(name), result);
+    EditForm().endsQuietly(exchange, qPrintable(control), qPrintable(name), result);
 }
 
 void tst_DdxMissing::unknownId_data()
@@ -187,7 +187,7 @@ void tst_DdxMissing::unknownId()
     QFETCH(QString, control);
     QFETCH(QString, name);
     QFETCH(int, result);
-    Form().endsQuietly(exchange, qPrintable(control), qPrintable(name), result);
+    EditForm().endsQuietly(exchange, qPrintable(control), qPrintable(name), result);
 }
 
 void tst_DdxMissing::wrongClass_data()
@@ -218,14 +218,14 @@ void tst_DdxMissing::wrongClass()
     QFETCH(Exchange, byId);
     QFETCH(QString, control);
     QFETCH(int, result);
-    Form form;
+    EditForm form;
     form.endsQuietly(byName, qPrintable(control), "IDC_NAME", result);
     form.endsQuietly(byId, qPrintable(control), "IDC_NAME", result);
 }
 
 void tst_DdxMissing::idThatIsNoNameIsNotTakenForOne()
 {
-    Form form;
+    EditForm form;
     form.edit.setObjectName(QStringLiteral("4711"));
     form.endsQuietly(
         [](CDataExchange_X* exchange, Variables& variables) { DDX_Text(exchange, 4711, variables.number); }, "QWidget",
@@ -234,7 +234,7 @@ void tst_DdxMissing::idThatIsNoNameIsNotTakenForOne()
 
 void tst_DdxMissing::groupBoxHasNoName()
 {
-    Form form;
+    EditForm form;
     QGroupBox box(&form.widget);
     box.setObjectName(QStringLiteral("group"));
     form.failsQuietly(
@@ -244,7 +244,7 @@ void tst_DdxMissing::groupBoxHasNoName()
 
 void tst_DdxMissing::lineEditIsNoComboBoxByName()
 {
-    Form form;
+    EditForm form;
     form.failsQuietly(
         [](CDataExchange_X* exchange, Variables& variables) { DDX_CBString(exchange, "IDC_NAME", variables.text); },
         "QComboBox", "IDC_NAME");
@@ -287,13 +287,13 @@ void tst_DdxMissing::nullControl()
 {
     QFETCH(Exchange, exchange);
     QFETCH(QString, control);
-    Form().failsQuietly(exchange, qPrintable(control), "");
+    EditForm().failsQuietly(exchange, qPrintable(control), "");
 }
 
 // There is nothing to wrap, and nothing that could not be done.
 void tst_DdxMissing::nullControlOfDdxControl()
 {
-    Form form;
+    EditForm form;
     Variables variables;
     const auto exchangeNothing = [&](CDataExchange_X* exchange) {
         DDX_Control(exchange, static_cast<QWidget*>(nullptr), variables.member);
@@ -306,7 +306,7 @@ void tst_DdxMissing::nullControlOfDdxControl()
 // The lookup that hosts write exchange functions with.
 void tst_DdxMissing::aControlOfTheHostsOwnFunction()
 {
-    Form form;
+    EditForm form;
     enum { FieldId = IDC_NAME };
     const auto found = [&](CDataExchange_X* exchange) {
         QCOMPARE(exchange->LookUpControl<QLineEdit>("IDC_NAME"), &form.edit);

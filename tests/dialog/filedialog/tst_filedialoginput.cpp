@@ -17,10 +17,10 @@ constexpr unsigned long escapeKey = 0xff1b;
 constexpr unsigned long downKey = 0xff54;
 constexpr unsigned long controlKey = 0xffe3;
 
-class NotingDialog : public CFileDialog_X
+class TracedDialog : public CFileDialog_X
 {
 public:
-    explicit NotingDialog(int open, unsigned flags = 0, const wchar_t* filter = nullptr)
+    explicit TracedDialog(int open, unsigned flags = 0, const wchar_t* filter = nullptr)
         : CFileDialog_X(open, nullptr, nullptr, flags, filter)
     {}
     void OnOK() override
@@ -62,7 +62,7 @@ private slots:
 private:
     // Runs the dialog in the list view, with the keyboard; acts when the folder's entries are there.
     template <class Action>
-    int run(NotingDialog& dialog, const QStringList& entries, Action action);
+    int run(TracedDialog& dialog, const QStringList& entries, Action action);
     void type(const char* text);
     void moveTo(const QWidget& widget, QPoint place);
     void click(const QWidget& widget, QPoint place);
@@ -97,7 +97,7 @@ void tst_FileDialogInput::cleanup()
 }
 
 template <class Action>
-int tst_FileDialogInput::run(NotingDialog& dialog, const QStringList& entries, Action action)
+int tst_FileDialogInput::run(TracedDialog& dialog, const QStringList& entries, Action action)
 {
     dialog.SetInitialDir(m_files->path());
     return runFileDialog(dialog, [&](Shown shown) {
@@ -158,7 +158,7 @@ bool tst_FileDialogInput::doubleClick(const Shown& shown, const QString& name, E
 
 void tst_FileDialogInput::nameAndReturn()
 {
-    NotingDialog dialog(TRUE);
+    TracedDialog dialog(TRUE);
     QCOMPARE(run(dialog, {"a.csv", "b.csv", "sub"},
                  [&](const Shown& shown) {
                      type("b.csv");
@@ -172,7 +172,7 @@ void tst_FileDialogInput::nameAndReturn()
 
 void tst_FileDialogInput::newNameToSave()
 {
-    NotingDialog dialog(FALSE, OFN_ALLOWMULTISELECT);
+    TracedDialog dialog(FALSE, OFN_ALLOWMULTISELECT);
     dialog.m_strDefExt = L"csv";
     QCOMPARE(run(dialog, {"a.csv", "b.csv", "sub"},
                  [&](const Shown& shown) {
@@ -186,7 +186,7 @@ void tst_FileDialogInput::newNameToSave()
 
 void tst_FileDialogInput::doubleClickOnAFile()
 {
-    NotingDialog dialog(TRUE);
+    TracedDialog dialog(TRUE);
     QCOMPARE(run(dialog, {"a.csv", "b.csv", "sub"},
                  [&](const Shown& shown) {
                      QVERIFY(doubleClick(shown, "b.csv", [&] { return !shown.dialog.isVisible(); }));
@@ -198,7 +198,7 @@ void tst_FileDialogInput::doubleClickOnAFile()
 
 void tst_FileDialogInput::doubleClickOnAFolder()
 {
-    NotingDialog dialog(TRUE);
+    TracedDialog dialog(TRUE);
     run(dialog, {"a.csv", "b.csv", "sub"}, [&](const Shown& shown) {
         QVERIFY(doubleClick(shown, "sub", [&] { return shown.names() == QStringList("c.csv"); }));
         QCOMPARE(shown.dialog.directory().path(), m_files->path("sub"));
@@ -208,7 +208,7 @@ void tst_FileDialogInput::doubleClickOnAFolder()
 
 void tst_FileDialogInput::returnOnAFolder()
 {
-    NotingDialog dialog(TRUE);
+    TracedDialog dialog(TRUE);
     QCOMPARE(run(dialog, {"a.csv", "b.csv", "sub"},
                  [&](const Shown& shown) {
                      click(shown, "sub");
@@ -226,7 +226,7 @@ void tst_FileDialogInput::returnOnAFolder()
 
 void tst_FileDialogInput::severalWithControl()
 {
-    NotingDialog dialog(TRUE, OFN_ALLOWMULTISELECT);
+    TracedDialog dialog(TRUE, OFN_ALLOWMULTISELECT);
     QCOMPARE(run(dialog, {"a.csv", "b.csv", "sub"},
                  [&](const Shown& shown) {
                      click(shown, "a.csv");
@@ -245,7 +245,7 @@ void tst_FileDialogInput::severalWithControl()
 void tst_FileDialogInput::anotherType()
 {
     m_files->add("d.txt");
-    NotingDialog dialog(TRUE, 0, L"CSV (*.csv;*.tsv)|*.csv;*.tsv|All (*.*)|*.*||");
+    TracedDialog dialog(TRUE, 0, L"CSV (*.csv;*.tsv)|*.csv;*.tsv|All (*.*)|*.*||");
     run(dialog, {"a.csv", "b.csv", "sub"}, [&](const Shown& shown) {
         click(shown.types(), shown.types().rect().center());
         QVERIFY(QTest::qWaitFor([&] { return shown.types().view()->isVisible(); }));
@@ -260,7 +260,7 @@ void tst_FileDialogInput::anotherType()
 
 void tst_FileDialogInput::escapeInTheName()
 {
-    NotingDialog dialog(TRUE);
+    TracedDialog dialog(TRUE);
     QCOMPARE(run(dialog, {"a.csv", "b.csv", "sub"},
                  [&](const Shown& shown) {
                      type("a");
@@ -279,7 +279,7 @@ void tst_FileDialogInput::escapeInTheName()
 
 void tst_FileDialogInput::escapeInTheList()
 {
-    NotingDialog dialog(TRUE);
+    TracedDialog dialog(TRUE);
     QCOMPARE(run(dialog, {"a.csv", "b.csv", "sub"},
                  [&](const Shown& shown) {
                      click(shown, "a.csv");
@@ -293,7 +293,7 @@ void tst_FileDialogInput::escapeInTheList()
 
 void tst_FileDialogInput::cancelButton()
 {
-    NotingDialog dialog(TRUE);
+    TracedDialog dialog(TRUE);
     QCOMPARE(run(dialog, {"a.csv", "b.csv", "sub"},
                  [&](const Shown& shown) {
                      const QPushButton* const cancel = shown.button(QDialogButtonBox::Cancel);
@@ -306,7 +306,7 @@ void tst_FileDialogInput::cancelButton()
 
 void tst_FileDialogInput::closeOfTheWindow()
 {
-    NotingDialog dialog(TRUE);
+    TracedDialog dialog(TRUE);
     QCOMPARE(run(dialog, {"a.csv", "b.csv", "sub"},
                  [&](const Shown& shown) {
                      const auto titleHeight = [&] {

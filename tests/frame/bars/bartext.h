@@ -1,10 +1,11 @@
 // Bars as texts, and the actions that the tests put on them.
 #pragma once
 
+#include "deletelater.h"
+
 #include <xeafxbar.h>
 
 #include <QAction>
-#include <QCoreApplication>
 #include <QLabel>
 #include <QStringList>
 
@@ -47,8 +48,6 @@ inline QString barText(const CStatusBar_X& bar)
         words += QStringLiteral("%1 %2").arg(label->text()).arg(label->width()).trimmed();
     return words.join(QLatin1Char('|'));
 }
-
-inline void deleteLaterObjects() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
 /// A picture of some pictures of one colour each, side by side.
 inline QImage stripOf(const QVector<QColor>& colors, int width, int height)

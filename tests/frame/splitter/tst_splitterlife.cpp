@@ -1,5 +1,6 @@
 // Splitters, their panes and their wrappers end in every order.
 
+#include "deletelater.h"
 #include "leavenothing.h"
 #include "messagetrace.h"
 #include "testclass.h"
@@ -9,8 +10,6 @@
 #include <QMouseEvent>
 
 namespace {
-
-void deleteLaterObjects() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
 /// A move of the mouse on a divider, with the left button down.
 void dragDivider(QSplitterHandle& divider)

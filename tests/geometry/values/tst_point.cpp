@@ -1,6 +1,7 @@
 // CPoint and CSize: what their members and operators give.
 
 #include "testclass.h"
+#include "values/samplevalues.h"
 #include "valuetext.h"
 
 #include <type_traits>
@@ -19,10 +20,6 @@ static_assert(std::is_same_v<decltype(CSize() - CPoint()), CPoint>);
 static_assert(std::is_same_v<decltype(CSize() + CPoint()), CPoint>);
 
 namespace {
-
-constexpr tagPOINT p34 = {3, 4};
-constexpr tagSIZE s56 = {5, 6};
-constexpr tagRECT r1234 = {1, 2, 3, 4};
 
 LPARAM packed(int low, int high) { return MAKELPARAM(static_cast<WORD>(low), static_cast<WORD>(high)); }
 

@@ -1,6 +1,7 @@
 // CRect: what its members and operators give, with right and bottom one past the rectangle.
 
 #include "testclass.h"
+#include "values/samplevalues.h"
 #include "valuetext.h"
 
 #include <climits>
@@ -11,9 +12,6 @@ static_assert(std::is_convertible_v<CRect*, tagRECT*>);
 
 namespace {
 
-constexpr tagPOINT p34 = {3, 4};
-constexpr tagSIZE s56 = {5, 6};
-constexpr tagRECT r1234 = {1, 2, 3, 4};
 const tagRECT* const noRect = nullptr;
 
 const CRect square(10, 10, 20, 20);

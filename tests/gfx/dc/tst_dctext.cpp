@@ -28,7 +28,7 @@ int drawW(CDC_X& dc, const wchar_t* text, int length, const tagRECT* rect, int f
     return DrawTextW(&dc, text, length, rect, UINT(flags));
 }
 
-const CRect place(2, 3, 150, 40);
+const CRect textPlace(2, 3, 150, 40);
 
 // What Qt draws into the place.
 QImage drawnByQt(const QString& text, int flags, const QColor& color)
@@ -154,7 +154,7 @@ void tst_DcText::drawsWhatQtDraws()
     for (const int flags : {0, 0x84, 0x82, 0x1000, 0x184}) {
         Canvas canvas(160, 50);
         CDC_X dc(&canvas.image);
-        QCOMPARE(draw(dc, L"Fig, 零件 and more text than fits", -1, place, flags), heightOfALine());
+        QCOMPARE(draw(dc, L"Fig, 零件 and more text than fits", -1, textPlace, flags), heightOfALine());
         dc.end();
         QCOMPARE(canvas.image, drawnByQt("Fig, 零件 and more text than fits", flags, Qt::black));
         QVERIFY(canvas.image != Canvas(160, 50).image);
@@ -170,14 +170,14 @@ void tst_DcText::textColour()
     CDC_X dc(&canvas.image);
     dc.setPen(Qt::green);
     dc.SetTextColor(RGB(255, 0, 0));
-    draw(dc, L"Text", -1, place, 0);
+    draw(dc, L"Text", -1, textPlace, 0);
     dc.end();
     QCOMPARE(canvas.image, drawnByQt("Text", 0, Qt::red));
 
     Canvas penColour(160, 50);
     CDC_X dc2(&penColour.image);
     dc2.setPen(Qt::green);
-    draw(dc2, L"Text", -1, place, 0);
+    draw(dc2, L"Text", -1, textPlace, 0);
     dc2.end();
     QCOMPARE(penColour.image, drawnByQt("Text", 0, Qt::green));
 }
@@ -192,10 +192,10 @@ void tst_DcText::thePenAfterwards()
     for (const COLORREF color : {0xFFFFFFFFU, 0x0000FFU}) {
         dc.SetTextColor(color);
         dc.setPen(QPen(Qt::green, 5, Qt::DashLine));
-        draw(dc, L"Text", -1, place, 0);
+        draw(dc, L"Text", -1, textPlace, 0);
         QCOMPARE(dc.pen(), QPen(QColor(Qt::green)));
         dc.setPen(Qt::NoPen);
-        draw(dc, L"Text", -1, place, 0);
+        draw(dc, L"Text", -1, textPlace, 0);
         QCOMPARE(dc.pen(), QPen(QColor(Qt::black)));
     }
 }
@@ -224,7 +224,7 @@ void tst_DcText::length()
     QFETCH(QString, expected);
     Canvas canvas(160, 50);
     CDC_X dc(&canvas.image);
-    QCOMPARE(draw(dc, L"abcdef", length, place, 0), heightOfALine());
+    QCOMPARE(draw(dc, L"abcdef", length, textPlace, 0), heightOfALine());
     dc.end();
     QCOMPARE(canvas.image, drawnByQt(expected, 0, Qt::black));
 }
@@ -236,7 +236,7 @@ void tst_DcText::unterminatedText()
     for (const Draw& draw : {Draw(drawElements), Draw(drawA)}) {
         Canvas canvas(160, 50);
         CDC_X dc(&canvas.image);
-        draw(dc, text.get(), 3, place, 0);
+        draw(dc, text.get(), 3, textPlace, 0);
         QCOMPARE(dc.GetOutputTextExtent(text.get(), 3), dc.GetOutputTextExtent(L"abc"));
         dc.end();
         QCOMPARE(canvas.image, drawnByQt("abc", 0, Qt::black));
@@ -249,7 +249,7 @@ void tst_DcText::beyondTheBmp()
     const wchar_t text[] = {wchar_t(0x1D11E), L'a', L'b', 0};
     Canvas canvas(160, 50);
     CDC_X dc(&canvas.image);
-    dc.DrawText(text, 3, place, 0);
+    dc.DrawText(text, 3, textPlace, 0);
     dc.end();
     QCOMPARE(canvas.image, drawnByQt(QString::fromWCharArray(text, 2), 0, Qt::black));
 }
@@ -259,13 +259,13 @@ void tst_DcText::theAmpersandIsHidden()
     const int flags = ToQtTextFlag(DT_NOPREFIX);
     Canvas canvas(160, 50);
     CDC_X dc(&canvas.image);
-    dc.DrawText(L"A&B", place, flags);
+    dc.DrawText(L"A&B", textPlace, flags);
     dc.end();
     QCOMPARE(canvas.image, drawnByQt("AB", 0, Qt::black));
 
     Canvas doubled(160, 50);
     CDC_X dc2(&doubled.image);
-    dc2.DrawText(L"A&&B", place, flags);
+    dc2.DrawText(L"A&&B", textPlace, flags);
     dc2.end();
     QCOMPARE(doubled.image, drawnByQt("A&B", 0, Qt::black));
 }
@@ -274,11 +274,11 @@ void tst_DcText::theRectangleStays()
 {
     Canvas canvas(160, 50);
     CDC_X dc(&canvas.image);
-    CRect rect(place);
+    CRect rect(textPlace);
     dc.DrawText(L"Text", rect, int(DT_CALCRECT));
     DrawTextA(&dc, L"Text", -1, rect, DT_CALCRECT);
     DrawTextW(&dc, L"Text", -1, rect, DT_CALCRECT);
-    QCOMPARE(rect, place);
+    QCOMPARE(rect, textPlace);
 }
 
 void tst_DcText::nothingToDraw_data() { addCalls(); }
@@ -290,9 +290,9 @@ void tst_DcText::nothingToDraw()
     CDC_X dc(&canvas.image);
     dc.SetTextColor(RGB(255, 0, 0));
     QCOMPARE(draw(dc, L"Text", 4, nullptr, 0), heightOfALine());
-    QCOMPARE(draw(dc, nullptr, 4, place, 0), heightOfALine());
-    QCOMPARE(draw(dc, nullptr, -1, place, 0), heightOfALine());
-    QCOMPARE(draw(dc, L"", -1, place, 0), heightOfALine());
+    QCOMPARE(draw(dc, nullptr, 4, textPlace, 0), heightOfALine());
+    QCOMPARE(draw(dc, nullptr, -1, textPlace, 0), heightOfALine());
+    QCOMPARE(draw(dc, L"", -1, textPlace, 0), heightOfALine());
     const CRect swapped(40, 40, 2, 2);
     QCOMPARE(draw(dc, L"", -1, swapped, 0), heightOfALine());
     dc.end();
@@ -301,8 +301,8 @@ void tst_DcText::nothingToDraw()
 
 void tst_DcText::nullContext()
 {
-    QCOMPARE(DrawTextA(nullptr, L"Text", -1, place, 0), 0);
-    QCOMPARE(DrawTextW(nullptr, L"Text", -1, place, 0), 0);
+    QCOMPARE(DrawTextA(nullptr, L"Text", -1, textPlace, 0), 0);
+    QCOMPARE(DrawTextW(nullptr, L"Text", -1, textPlace, 0), 0);
 }
 
 void tst_DcText::opaqueBackground()
@@ -311,7 +311,7 @@ void tst_DcText::opaqueBackground()
     CDC_X dc(&canvas.image);
     dc.SetBkMode(OPAQUE);
     dc.SetBkColor(RGB(0, 0, 255));
-    dc.DrawText(L"  ", place, 0);
+    dc.DrawText(L"  ", textPlace, 0);
     dc.end();
     QVERIFY(canvas.view().contains('b'));
     QVERIFY(!canvas.view().contains('#'));

@@ -1,3 +1,4 @@
+#include "process/widestring.h"
 #include "testclass.h"
 
 #include <xeprocess.h>
@@ -5,8 +6,6 @@
 #include <dlfcn.h>
 
 // Loading libraries by hand.
-
-Q_DECLARE_METATYPE(std::wstring)
 
 namespace {
 

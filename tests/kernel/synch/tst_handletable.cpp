@@ -7,7 +7,7 @@ namespace {
 
 const wchar_t nameText[] = L"/xe_test_table";
 const wchar_t sameText[] = L"/xe_test_table";
-const LPCWSTR name = nameText;
+const LPCWSTR tableName = nameText;
 
 // Names of semaphores must be the system's own, so those objects stand under a name with the process number.
 std::wstring semaphoreText = semaphoreName(L"table");
@@ -146,14 +146,14 @@ void tst_HandleTable::createGivesWhatIsThere()
 
 void tst_HandleTable::argumentsOfASecondCreateAreNotApplied()
 {
-    const HANDLE event = CreateEvent(nullptr, FALSE, 0, name);
-    QCOMPARE(CreateEvent(nullptr, TRUE, 1, name), event);
+    const HANDLE event = CreateEvent(nullptr, FALSE, 0, tableName);
+    QCOMPARE(CreateEvent(nullptr, TRUE, 1, tableName), event);
     QVERIFY(!record(event).asEvent.manualReset);
     QCOMPARE(WaitForSingleObject(event, 0), WAIT_TIMEOUT);
     QVERIFY(XeCloseHandle(event));
 
-    const HANDLE mutex = CreateMutex(nullptr, FALSE, name);
-    QCOMPARE(CreateMutex(nullptr, TRUE, name), mutex);
+    const HANDLE mutex = CreateMutex(nullptr, FALSE, tableName);
+    QCOMPARE(CreateMutex(nullptr, TRUE, tableName), mutex);
     QCOMPARE(record(mutex).asMutex.ownerThread, pthread_t());
     QVERIFY(XeCloseHandle(mutex));
 
@@ -180,28 +180,28 @@ void tst_HandleTable::namelessObjectsOfAKindAreOne()
 
 void tst_HandleTable::anotherKindTakesTheName()
 {
-    const HANDLE event = events.create(name);
+    const HANDLE event = events.create(tableName);
     HANDLE mutex = nullptr;
-    QCOMPARE(lastErrorAfter(mutex, 77, [] { return mutexes.create(name); }), 6U);
+    QCOMPARE(lastErrorAfter(mutex, 77, [] { return mutexes.create(tableName); }), 6U);
     QVERIFY(mutex != event);
     HANDLE found = nullptr;
-    QCOMPARE(lastErrorAfter(found, 77, [] { return events.open(name); }), 6U);
+    QCOMPARE(lastErrorAfter(found, 77, [] { return events.open(tableName); }), 6U);
     QCOMPARE(found, nullptr);
-    QCOMPARE(mutexes.open(name), mutex);
+    QCOMPARE(mutexes.open(tableName), mutex);
 
     // Forgotten is not closed.
     QCOMPARE(WaitForSingleObject(event, 0), WAIT_OBJECT_0);
     QVERIFY(XeCloseHandle(event));
-    QCOMPARE(mutexes.open(name), mutex);
+    QCOMPARE(mutexes.open(tableName), mutex);
     QVERIFY(XeCloseHandle(mutex));
 }
 
 void tst_HandleTable::firstCreationLeavesTheErrorOfTheSearch()
 {
     HANDLE handle = nullptr;
-    QCOMPARE(lastErrorAfter(handle, 77, [] { return events.create(name); }), 2U);
+    QCOMPARE(lastErrorAfter(handle, 77, [] { return events.create(tableName); }), 2U);
     QVERIFY(XeCloseHandle(handle));
-    QCOMPARE(lastErrorAfter(handle, 77, [] { return mutexes.create(name); }), 2U);
+    QCOMPARE(lastErrorAfter(handle, 77, [] { return mutexes.create(tableName); }), 2U);
     QVERIFY(XeCloseHandle(handle));
 }
 
@@ -229,10 +229,10 @@ void tst_HandleTable::closeRefuses()
 {
     QFETCH(std::uint32_t, type);
     QCOMPARE(XeCloseHandle(nullptr), 0);
-    const HANDLE handle = mutexes.create(name);
+    const HANDLE handle = mutexes.create(tableName);
     record(handle).type = type;
     QCOMPARE(XeCloseHandle(handle), 0);
-    QCOMPARE(static_cast<HANDLE>(g_mapXeHandle.value(name)), handle);
+    QCOMPARE(static_cast<HANDLE>(g_mapXeHandle.value(tableName)), handle);
     record(handle).type = 1;
     QCOMPARE(XeCloseHandle(handle), 1);
 }
@@ -284,11 +284,11 @@ void tst_HandleTable::entryOfAFailedCloseStays()
 
 void tst_HandleTable::failedCloseOutsideTheTable()
 {
-    const HANDLE event = events.create(name);
-    const HANDLE mutex = mutexes.create(name);
+    const HANDLE event = events.create(tableName);
+    const HANDLE mutex = mutexes.create(tableName);
     record(event).asEvent.cond = nullptr;
     QCOMPARE(XeCloseHandle(event), 1);
-    QCOMPARE(mutexes.open(name), mutex);
+    QCOMPARE(mutexes.open(tableName), mutex);
     QVERIFY(XeCloseHandle(mutex));
 }
 

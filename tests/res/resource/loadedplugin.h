@@ -37,6 +37,9 @@ private:
     std::unique_ptr<Plugin> m_plugin;
 };
 
+/// The plug-in without tables.
+inline QString barePlugin() { return qEnvironmentVariable("BARE"); }
+
 /// Copies of a plug-in under other file names, hence other module names.
 class PluginCopies
 {

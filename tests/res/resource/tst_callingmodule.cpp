@@ -12,7 +12,6 @@ namespace {
 
 const QString red = qEnvironmentVariable("RED");
 const QString blue = qEnvironmentVariable("BLUE");
-const QString bare = qEnvironmentVariable("BARE");
 
 bool isLoaded(const QString& file)
 {
@@ -54,7 +53,7 @@ void tst_CallingModule::eachModuleHasItsName()
 {
     QCOMPARE(LoadedPlugin(red)->module(), QStringLiteral("libxe_test_red"));
     QCOMPARE(LoadedPlugin(blue)->module(), QStringLiteral("blue"));
-    QCOMPARE(LoadedPlugin(bare)->module(), QStringLiteral("libxe_test_bare"));
+    QCOMPARE(LoadedPlugin(barePlugin())->module(), QStringLiteral("libxe_test_bare"));
     QCOMPARE(GetPlxResourceName(), QStringLiteral("test_res"));
 }
 
@@ -103,7 +102,7 @@ void tst_CallingModule::aTextIsLoadedThroughTheStringClass()
 
 void tst_CallingModule::aModuleWithoutTablesFindsNothing()
 {
-    const LoadedPlugin plugin(bare);
+    const LoadedPlugin plugin(barePlugin());
     QVERIFY(plugin->ids().isEmpty());
     QVERIFY(plugin->texts().isEmpty());
     QCOMPARE(plugin->objectName(1001), QString());
@@ -226,7 +225,7 @@ void tst_CallingModule::nameOfACopyEndsAtTheFirstDot()
 {
     QFETCH(const QString, file);
     PluginCopies copies;
-    QTEST(LoadedPlugin(copies.copyOf(bare, file))->module(), "module");
+    QTEST(LoadedPlugin(copies.copyOf(barePlugin(), file))->module(), "module");
 }
 
 void tst_CallingModule::modulesThatTakeEachOthersPlace()
@@ -251,7 +250,7 @@ void tst_CallingModule::copiesThatTakeEachOthersPlace()
     QSet<quintptr> addresses;
     for (int i = 0; i < 100; ++i) {
         const QString name = QStringLiteral("libcopy%1").arg(i % 25);
-        const LoadedPlugin plugin(copies.copyOf(bare, name + QStringLiteral(".so")));
+        const LoadedPlugin plugin(copies.copyOf(barePlugin(), name + QStringLiteral(".so")));
         QCOMPARE(plugin->module(), name);
         addresses += plugin.address();
     }

@@ -7,8 +7,6 @@
 
 namespace {
 
-const QString bare = qEnvironmentVariable("BARE");
-
 QString asText(const QMap<unsigned, QString>& ids)
 {
     QStringList entries;
@@ -50,7 +48,7 @@ void tst_HandwrittenTables::sectionHasNoMeaning_data()
 void tst_HandwrittenTables::sectionHasNoMeaning()
 {
     QFETCH(const QString, module);
-    const LoadedPlugin plugin(m_copies.copyOf(bare, module + QStringLiteral(".so")));
+    const LoadedPlugin plugin(m_copies.copyOf(barePlugin(), module + QStringLiteral(".so")));
     QCOMPARE(asText(plugin->ids()), QStringLiteral("1001=IDC_PART 1002=IDC_SECOND"));
     QCOMPARE(plugin->text(1001), QStringLiteral("a part"));
     QCOMPARE(plugin->text(1002), QStringLiteral("零件 😀, the second"));
@@ -70,19 +68,19 @@ void tst_HandwrittenTables::keys_data()
 void tst_HandwrittenTables::keys()
 {
     const QString file = QString::fromLatin1(QTest::currentDataTag()) + QStringLiteral(".so");
-    QTEST(asText(LoadedPlugin(m_copies.copyOf(bare, file))->ids()), "ids");
+    QTEST(asText(LoadedPlugin(m_copies.copyOf(barePlugin(), file))->ids()), "ids");
 }
 
 void tst_HandwrittenTables::lowestIdOfAName()
 {
-    const LoadedPlugin plugin(m_copies.copyOf(bare, "libtwonames.so"));
+    const LoadedPlugin plugin(m_copies.copyOf(barePlugin(), "libtwonames.so"));
     QCOMPARE(plugin->ctrlId("IDC_TWICE"), 7);
     QCOMPARE(plugin->ctrlId("IDC_OTHER"), 3);
 }
 
 void tst_HandwrittenTables::tablesThatComeLater()
 {
-    const LoadedPlugin plugin(m_copies.copyOf(bare, "liblate.so"));
+    const LoadedPlugin plugin(m_copies.copyOf(barePlugin(), "liblate.so"));
     cleanUpLateResource();
     QCOMPARE(plugin->objectName(1001), QString());
     QCOMPARE(plugin->text(1001), QString());

@@ -3,6 +3,7 @@
 #include <xewinreg.h>
 
 #include <QFile>
+#include <QMetaType>
 #include <QString>
 #include <QStringList>
 
@@ -25,6 +26,11 @@ public:
 private:
     HKEY m_key = nullptr;
 };
+
+/// What a data row does with a key.
+using KeyCall = LSTATUS (*)(HKEY key);
+
+Q_DECLARE_METATYPE(KeyCall)
 
 /// What RegQueryValueExA_X gives, or a query of its kind, as one line: "REG_DWORD 4: 123", "REG_SZ 5: text"; "nothing"
 /// when all outputs are as they were. The number in the middle is the size.

@@ -6,7 +6,7 @@
 namespace {
 
 // a, a/x, a/y/z, ab, b
-void fill(HKEY key)
+void fillWithKeys(HKEY key)
 {
     writeNumber(key, L"a", 1);
     writeText(key, L"a\\x", L"x");
@@ -65,7 +65,7 @@ void tst_RegistryDeleting::aSubKeyGoesWithAllBelowIt()
 {
     QFETCH(Delete, remove);
     const Key key("Software");
-    fill(key);
+    fillWithKeys(key);
     QCOMPARE(remove(key, L"a\\y"), 0);
     QCOMPARE(entriesOf(key), QStringList({"a", "a/x", "ab", "b"}));
     QCOMPARE(remove(key, L"a"), 0);
@@ -76,7 +76,7 @@ void tst_RegistryDeleting::whatIsNotThereIsNoFailure()
 {
     QFETCH(Delete, remove);
     const Key key("Software");
-    fill(key);
+    fillWithKeys(key);
     QCOMPARE(remove(key, L"c"), 0);
     QCOMPARE(remove(key, L"A"), 0);
     QCOMPARE(entriesOf(key).size(), 5);
@@ -85,7 +85,7 @@ void tst_RegistryDeleting::whatIsNotThereIsNoFailure()
 void tst_RegistryDeleting::anEmptySubKeyIsTheKeyItself()
 {
     QFETCH(Delete, remove);
-    fill(Key("Software"));
+    fillWithKeys(Key("Software"));
     writeNumber(Key("Other"), L"n", 1);
     QCOMPARE(remove(Key("Software"), L""), 0);
     QCOMPARE(entriesOf(Key(nullptr)), QStringList("Other/n"));
@@ -94,12 +94,12 @@ void tst_RegistryDeleting::anEmptySubKeyIsTheKeyItself()
 void tst_RegistryDeleting::aNullSubKey()
 {
     const Key key("Software");
-    fill(key);
+    fillWithKeys(key);
     QCOMPARE(RegDeleteKey_X(key, nullptr), 3);
     QCOMPARE(entriesOf(key).size(), 5);
     QCOMPARE(RegDeleteTree_X(key, nullptr), 0);
     QCOMPARE(entriesOf(key).size(), 0);
-    fill(key);
+    fillWithKeys(key);
     QCOMPARE(RegDeleteKeyValue_X(key, nullptr, nullptr), 0);
     QCOMPARE(entriesOf(key).size(), 0);
 }
@@ -107,7 +107,7 @@ void tst_RegistryDeleting::aNullSubKey()
 void tst_RegistryDeleting::theValueNameIsNotLookedAt()
 {
     const Key key("Software");
-    fill(key);
+    fillWithKeys(key);
     QCOMPARE(RegDeleteKeyValue_X(key, L"a", L"b"), 0);
     QCOMPARE(entriesOf(key), QStringList({"ab", "b"}));
 }
@@ -150,7 +150,7 @@ void tst_RegistryDeleting::aRenamedEntryMovesAsText()
     QFETCH(QString, newName);
     QFETCH(QString, place);
     const Key key("Software");
-    fill(key);
+    fillWithKeys(key);
     QCOMPARE(RegRenameKey_X(key, oldName.toStdWString().c_str(), newName.toStdWString().c_str()), 0);
     QTEST(queried(key, place.toLatin1()), "value");
     if (oldName != newName)
@@ -160,7 +160,7 @@ void tst_RegistryDeleting::aRenamedEntryMovesAsText()
 void tst_RegistryDeleting::renamingLosesWhatIsBelow()
 {
     const Key key("Software");
-    fill(key);
+    fillWithKeys(key);
     QCOMPARE(RegRenameKey_X(key, L"a", L"c"), 0);
     QCOMPARE(entriesOf(key), QStringList({"ab", "b", "c"}));
     QCOMPARE(textsOf(key), QStringList({"2", "text", "1"}));
@@ -200,7 +200,7 @@ void tst_RegistryDeleting::oneEntryIsCopiedWithItsType()
     QFETCH(QString, name);
     const Key source("Software");
     const Key destination("Other");
-    fill(source);
+    fillWithKeys(source);
     QCOMPARE(RegCopyTree_X(source, name.toStdWString().c_str(), destination), 0);
     QTEST(queried(destination, name.toLatin1()), "value");
     QCOMPARE(entriesOf(destination).size(), 1);
@@ -233,7 +233,7 @@ void tst_RegistryDeleting::aNullSubKeyCopiesTheEntriesDirectlyBelow()
 {
     const Key source("Software");
     const Key destination("Other\\Deeper");
-    fill(source);
+    fillWithKeys(source);
     writeText(destination, L"b", L"old");
     writeText(destination, L"kept", L"kept");
     QCOMPARE(RegCopyTree_X(source, nullptr, destination), 0);
@@ -246,7 +246,7 @@ void tst_RegistryDeleting::aNullSubKeyCopiesTheEntriesDirectlyBelow()
 void tst_RegistryDeleting::aCopyOntoItselfChangesNothing()
 {
     const Key key("Software");
-    fill(key);
+    fillWithKeys(key);
     const QStringList texts = textsOf(key);
     QCOMPARE(RegCopyTree_X(key, nullptr, key), 0);
     QCOMPARE(RegCopyTree_X(key, L"a", key), 0);

@@ -21,7 +21,7 @@ QByteArray imageOf(int n)
     return image;
 }
 
-void fill(HKEY key)
+void fillWithNumbers(HKEY key)
 {
     emptyRegistry();
     for (int i = values; i < 2 * values; ++i)
@@ -99,7 +99,7 @@ void tst_RegistryFaults::flush()
     QFETCH(FailingCall::Kind, kind);
     QFETCH(int, error);
     const Key key("Software");
-    fill(key);
+    fillWithNumbers(key);
     bool wasReached = true;
     for (int number = 1; wasReached; ++number) {
         writeNumber(key, L"n", static_cast<DWORD>(number));
@@ -120,7 +120,7 @@ void tst_RegistryFaults::flushOverAChangeOfOthers()
     QFETCH(FailingCall::Kind, kind);
     QFETCH(int, error);
     const Key key("Software");
-    fill(key);
+    fillWithNumbers(key);
     bool wasReached = true;
     for (int number = 1; wasReached; ++number) {
         const QByteArray others = "[X]\nk=" + QByteArray::number(number) + '\n';
@@ -142,7 +142,7 @@ void tst_RegistryFaults::flushOverAChangeOfOthers()
 void tst_RegistryFaults::eventLoop()
 {
     const Key key("Software");
-    fill(key);
+    fillWithNumbers(key);
     QCoreApplication::sendPostedEvents();
     bool wasReached = true;
     for (int number = 1; wasReached; ++number) {

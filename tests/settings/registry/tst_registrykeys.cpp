@@ -8,11 +8,11 @@ Q_DECLARE_METATYPE(HKEY)
 namespace {
 
 // A host may keep predefined keys in static objects.
-struct Settings
+struct StaticRoot
 {
     HKEY root;
 };
-const Settings staticSettings = {HKEY_LOCAL_MACHINE};
+const StaticRoot staticSettings = {HKEY_LOCAL_MACHINE};
 
 using Open = LSTATUS (*)(HKEY parent, PHKEY out);
 

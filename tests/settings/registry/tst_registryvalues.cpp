@@ -8,11 +8,7 @@ namespace {
 const DWORD five = 5;
 const quint64 large = 0xFEDCBA9876543210;
 
-using Write = LSTATUS (*)(HKEY key);
-
 } // namespace
-
-Q_DECLARE_METATYPE(Write)
 
 class tst_RegistryValues : public QObject
 {
@@ -51,57 +47,59 @@ void tst_RegistryValues::typesHaveThePublishedNumbers()
 
 void tst_RegistryValues::whatIsWrittenIsRead_data()
 {
-    QTest::addColumn<Write>("write");
+    QTest::addColumn<KeyCall>("write");
     QTest::addColumn<QString>("read");
-    QTest::newRow("DWORD") << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_DWORD, &five, 4); })
+    QTest::newRow("DWORD") << KeyCall([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_DWORD, &five, 4); })
                            << "REG_DWORD 4: 5";
-    QTest::newRow("DWORD, 8-bit") << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, REG_DWORD, &five, 4); })
-                                  << "REG_DWORD 4: 5";
-    QTest::newRow("DWORD with its top bit") << Write([](HKEY key) {
+    QTest::newRow("DWORD, 8-bit") << KeyCall([](HKEY key) {
+        return RegSetValueExA_X(key, "n", 0, REG_DWORD, &five, 4);
+    }) << "REG_DWORD 4: 5";
+    QTest::newRow("DWORD with its top bit") << KeyCall([](HKEY key) {
         const DWORD all = 0xFFFFFFFF;
         return RegSetValueExW_X(key, L"n", 0, REG_DWORD, &all, 4);
     }) << "REG_DWORD 4: 4294967295";
-    QTest::newRow("QWORD") << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_QWORD, &large, 8); })
+    QTest::newRow("QWORD") << KeyCall([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_QWORD, &large, 8); })
                            << "REG_QWORD 8: 18364758544493064720";
-    QTest::newRow("QWORD, 8-bit") << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, REG_QWORD, &large, 8); })
-                                  << "REG_QWORD 8: 18364758544493064720";
-    QTest::newRow("text") << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"text", 20); })
+    QTest::newRow("QWORD, 8-bit") << KeyCall([](HKEY key) {
+        return RegSetValueExA_X(key, "n", 0, REG_QWORD, &large, 8);
+    }) << "REG_QWORD 8: 18364758544493064720";
+    QTest::newRow("text") << KeyCall([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"text", 20); })
                           << "REG_SZ 5: text";
-    QTest::newRow("text, 8-bit") << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, REG_SZ, "text", 5); })
+    QTest::newRow("text, 8-bit") << KeyCall([](HKEY key) { return RegSetValueExA_X(key, "n", 0, REG_SZ, "text", 5); })
                                  << "REG_SZ 5: text";
     QTest::newRow("an expandable text is a text")
-        << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_EXPAND_SZ, L"%HOME%", 28); })
+        << KeyCall([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_EXPAND_SZ, L"%HOME%", 28); })
         << "REG_SZ 7: %HOME%";
     QTest::newRow("an expandable text, 8-bit")
-        << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, REG_EXPAND_SZ, "%HOME%", 7); })
+        << KeyCall([](HKEY key) { return RegSetValueExA_X(key, "n", 0, REG_EXPAND_SZ, "%HOME%", 7); })
         << "REG_SZ 7: %HOME%";
-    QTest::newRow("empty text") << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"", 4); })
+    QTest::newRow("empty text") << KeyCall([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"", 4); })
                                 << "REG_SZ 1: ";
-    QTest::newRow("digits stay a text") << Write([](HKEY key) {
+    QTest::newRow("digits stay a text") << KeyCall([](HKEY key) {
         return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"123", 0);
     }) << "REG_SZ 4: 123";
-    QTest::newRow("a comma") << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"a,b", 0); })
+    QTest::newRow("a comma") << KeyCall([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"a,b", 0); })
                              << "REG_SZ 4: a,b";
     QTest::newRow("a terminator ends the text")
-        << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"ab\0cd", 24); }) << "REG_SZ 3: ab";
+        << KeyCall([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"ab\0cd", 24); }) << "REG_SZ 3: ab";
     QTest::newRow("a terminator ends the 8-bit text")
-        << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, REG_SZ, "ab\0cd", 6); }) << "REG_SZ 3: ab";
-    QTest::newRow("the size is ignored") << Write([](HKEY key) {
+        << KeyCall([](HKEY key) { return RegSetValueExA_X(key, "n", 0, REG_SZ, "ab\0cd", 6); }) << "REG_SZ 3: ab";
+    QTest::newRow("the size is ignored") << KeyCall([](HKEY key) {
         return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"text", 1);
     }) << "REG_SZ 5: text";
     QTest::newRow("the reserved word is ignored")
-        << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 9, REG_DWORD, &five, 0); }) << "REG_DWORD 4: 5";
+        << KeyCall([](HKEY key) { return RegSetValueExW_X(key, L"n", 9, REG_DWORD, &five, 0); }) << "REG_DWORD 4: 5";
     QTest::newRow("wide text is code points")
-        << Write([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"é😀", 0); })
+        << KeyCall([](HKEY key) { return RegSetValueExW_X(key, L"n", 0, REG_SZ, L"é😀", 0); })
         << QString::fromUtf8("REG_SZ 7: é😀");
     QTest::newRow("8-bit text is Latin-1")
-        << Write([](HKEY key) { return RegSetValueExA_X(key, "n", 0, REG_SZ, "\xE9", 0); })
+        << KeyCall([](HKEY key) { return RegSetValueExA_X(key, "n", 0, REG_SZ, "\xE9", 0); })
         << QString::fromUtf8("REG_SZ 3: é");
 }
 
 void tst_RegistryValues::whatIsWrittenIsRead()
 {
-    QFETCH(Write, write);
+    QFETCH(KeyCall, write);
     QFETCH(QString, read);
     const Key key("Software");
     QCOMPARE(write(key), 0);
@@ -155,17 +153,18 @@ void tst_RegistryValues::aNameLeadsToADeeperPath()
 
 void tst_RegistryValues::theDefaultIsWrittenToOnePlaceAndReadFromAnother_data()
 {
-    QTest::addColumn<Write>("write");
-    QTest::newRow("empty") << Write([](HKEY key) { return RegSetValueExW_X(key, L"", 0, REG_DWORD, &five, 4); });
-    QTest::newRow("null") << Write([](HKEY key) { return RegSetValueExW_X(key, nullptr, 0, REG_DWORD, &five, 4); });
-    QTest::newRow("empty, 8-bit") << Write([](HKEY key) { return RegSetValueExA_X(key, "", 0, REG_DWORD, &five, 4); });
-    QTest::newRow("null, 8-bit") << Write(
+    QTest::addColumn<KeyCall>("write");
+    QTest::newRow("empty") << KeyCall([](HKEY key) { return RegSetValueExW_X(key, L"", 0, REG_DWORD, &five, 4); });
+    QTest::newRow("null") << KeyCall([](HKEY key) { return RegSetValueExW_X(key, nullptr, 0, REG_DWORD, &five, 4); });
+    QTest::newRow("empty, 8-bit") << KeyCall(
+        [](HKEY key) { return RegSetValueExA_X(key, "", 0, REG_DWORD, &five, 4); });
+    QTest::newRow("null, 8-bit") << KeyCall(
         [](HKEY key) { return RegSetValueExA_X(key, nullptr, 0, REG_DWORD, &five, 4); });
 }
 
 void tst_RegistryValues::theDefaultIsWrittenToOnePlaceAndReadFromAnother()
 {
-    QFETCH(Write, write);
+    QFETCH(KeyCall, write);
     const Key key("Software\\Acme");
     QCOMPARE(write(key), 0);
     QCOMPARE(queried(Key("Software"), "Acme"), QString("REG_DWORD 4: 5"));

@@ -1,16 +1,15 @@
 // Extension modules.
 
+#include "state/numberedhandle.h"
 #include "testclass.h"
 
 #include <XeMFCEmu.h>
 
 namespace {
 
-class CValue : public CNoTrackObject_X
+class CPluginValue : public CNoTrackObject_X
 {
 };
-
-void* handleOf(int number) { return reinterpret_cast<void*>(static_cast<quintptr>(number)); }
 
 } // namespace
 
@@ -45,7 +44,7 @@ void tst_Extension::theFirstCallFillsTheRecord()
 
 void tst_Extension::aLaterCallGivesSlotsToItsModule()
 {
-    CThreadLocal_X<CValue> local;
+    CThreadLocal_X<CPluginValue> local;
     local.GetData();
     AFX_EXTENSION_MODULE_X state{};
     AfxInitExtensionModule_X(state, handleOf(5));
@@ -58,7 +57,7 @@ void tst_Extension::aLaterCallGivesSlotsToItsModule()
 
 void tst_Extension::termination()
 {
-    CThreadLocal_X<CValue> local;
+    CThreadLocal_X<CPluginValue> local;
     local.GetData();
     AFX_EXTENSION_MODULE_X state{};
     AfxInitExtensionModule_X(state, handleOf(5));
@@ -72,7 +71,7 @@ void tst_Extension::termination()
 
 void tst_Extension::terminationOfAnEmptyRecord()
 {
-    CThreadLocal_X<CValue> local;
+    CThreadLocal_X<CPluginValue> local;
     local.GetData();
     AFX_EXTENSION_MODULE_X state{};
     AfxTermExtensionModule_X(state, TRUE); // a null module would be all

@@ -1,6 +1,7 @@
 // Handle maps: permanent and temporary wrappers of handles.
 
 #include "leavenothing.h"
+#include "state/numberedhandle.h"
 #include "testclass.h"
 
 #include <XeMFCEmu.h>
@@ -43,8 +44,6 @@ std::unique_ptr<CHandleMap_X> makeMap(int handles = 1)
     return std::make_unique<CHandleMap_X>(&CPlug::s_classInfo, &ConstructDestruct_X<CPlug>::Construct,
                                           &ConstructDestruct_X<CPlug>::Destruct, handleOffset, handles);
 }
-
-void* handleOf(int number) { return reinterpret_cast<void*>(static_cast<quintptr>(number)); }
 
 CPlug* plug(CObject_X* object) { return static_cast<CPlug*>(object); }
 

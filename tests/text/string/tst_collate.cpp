@@ -1,3 +1,4 @@
+#include "string/nulltext.h"
 #include "testclass.h"
 #include "textresult.h"
 
@@ -21,7 +22,6 @@ void tst_Collate::collation_data()
 {
     QTest::addColumn<int>("result");
     QTest::addColumn<int>("sign");
-    const wchar_t* const null = nullptr;
     // C.UTF-8 sorts by code points.
     QTest::newRow("equal") << CString_X(L"abc").Collate(L"abc") << 0;
     QTest::newRow("less") << CString_X(L"abc").Collate(L"abd") << -1;

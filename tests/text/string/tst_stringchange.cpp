@@ -1,3 +1,4 @@
+#include "string/nulltext.h"
 #include "testclass.h"
 #include "textresult.h"
 #include "textrows.h"
@@ -7,8 +8,6 @@
 #include <functional>
 
 namespace {
-
-const wchar_t* const null = nullptr;
 
 /// Changes a copy of the text, and gives it with what came out, as "text -> result".
 template <class Change>

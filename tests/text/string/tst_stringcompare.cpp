@@ -1,3 +1,4 @@
+#include "string/nulltext.h"
 #include "testclass.h"
 #include "textresult.h"
 
@@ -6,12 +7,6 @@
 #include <map>
 #include <set>
 #include <unordered_map>
-
-namespace {
-
-const wchar_t* const null = nullptr;
-
-} // namespace
 
 /// Searching, comparison, and order and hash as a key.
 class tst_StringCompare : public QObject

@@ -1,3 +1,4 @@
+#include "string/nulltext.h"
 #include "testclass.h"
 #include "textresult.h"
 #include "textrows.h"
@@ -73,7 +74,6 @@ void tst_StringExtract::spans_data()
 {
     columns();
     const CString_X text = L"abc";
-    const wchar_t* const null = nullptr;
     QTest::newRow("SpanExcluding") << shown(CString_X(L"key=value").SpanExcluding(L";=")) << "key";
     QTest::newRow("SpanExcluding nothing of the text is all") << shown(text.SpanExcluding(L"xyz")) << "abc";
     QTest::newRow("SpanExcluding the first element") << shown(text.SpanExcluding(L"a")) << "";

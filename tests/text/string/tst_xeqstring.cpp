@@ -1,11 +1,6 @@
+#include "string/nulltext.h"
 #include "testclass.h"
 #include "textresult.h"
-
-namespace {
-
-const wchar_t* const null = nullptr;
-
-} // namespace
 
 /// The way from wide text to Qt.
 class tst_XeQString : public QObject

@@ -11,20 +11,20 @@
 
 namespace {
 
-constexpr UINT probedMessage = WM_USER + 77;
+constexpr UINT codedMessage = WM_USER + 77;
 
 // ---- How an argument reads. The handler's own type of an argument says whether it has a sign.
 
-QString text(int value) { return QString::number(value); }
-QString text(short value) { return QString::number(value); }
-QString text(UINT value) { return QString::number(value); }
-QString text(WPARAM value) { return QString::number(value); }
-QString text(LPARAM value) { return QString::number(value); }
-QString text(CPoint value) { return QStringLiteral("(%1 %2)").arg(value.x).arg(value.y); }
-QString text(const void* value) { return QStringLiteral("@%1").arg(reinterpret_cast<quintptr>(value), 0, 16); }
-QString text(CWnd_X* value)
+QString argument(int value) { return QString::number(value); }
+QString argument(short value) { return QString::number(value); }
+QString argument(UINT value) { return QString::number(value); }
+QString argument(WPARAM value) { return QString::number(value); }
+QString argument(LPARAM value) { return QString::number(value); }
+QString argument(CPoint value) { return QStringLiteral("(%1 %2)").arg(value.x).arg(value.y); }
+QString argument(const void* value) { return QStringLiteral("@%1").arg(reinterpret_cast<quintptr>(value), 0, 16); }
+QString argument(CWnd_X* value)
 {
-    return value ? QStringLiteral("W(%1)").arg(text(static_cast<const void*>(value->GetSafeHwnd())))
+    return value ? QStringLiteral("W(%1)").arg(argument(static_cast<const void*>(value->GetSafeHwnd())))
                  : QStringLiteral("W(null)");
 }
 
@@ -52,7 +52,7 @@ private:
     template <class Result, class... Args>
     Result record(const char* which, [[maybe_unused]] LRESULT answer, Args... args)
     {
-        const QStringList list{text(args)...};
+        const QStringList list{argument(args)...};
         m_calls += QStringLiteral("%1[%2]").arg(QLatin1String(which), list.join(QLatin1String(", ")));
         if constexpr (!std::is_void_v<Result>)
             return static_cast<Result>(answer);
@@ -286,7 +286,7 @@ constexpr LRESULT unwritten = 0x5EED5EED5EED;
 QString dispatch(CWnd_X& window, WPARAM wParam, LPARAM lParam)
 {
     LRESULT result = unwritten;
-    if (!window.OnWndMsg(probedMessage, wParam, lParam, &result))
+    if (!window.OnWndMsg(codedMessage, wParam, lParam, &result))
         return result == unwritten ? QStringLiteral("passed up") : QStringLiteral("passed up and written");
     return QStringLiteral("handled %1").arg(result);
 }
@@ -372,10 +372,10 @@ void tst_Signatures::firstHandler()
     };
     HandlerProbe probe;
     const bool single = !signature.secondArguments;
-    probe.AddMsgMapEntry(probedMessage, signature.code, signature.handlers.first,
+    probe.AddMsgMapEntry(codedMessage, signature.code, signature.handlers.first,
                          single ? signature.handlers.second : nullptr);
     for (const auto& [wParam, lParam] : parameters) {
-        probe.OnWndMsg(probedMessage, wParam, lParam, nullptr);
+        probe.OnWndMsg(codedMessage, wParam, lParam, nullptr);
         QCOMPARE(probe.calls(), callText("first", signature.firstArguments, wParam, lParam));
     }
 }
@@ -394,8 +394,8 @@ void tst_Signatures::secondHandler()
     const LPARAM lParam = windowInW ? signed64(0x8F9EADBCCBDAE9F8) : static_cast<LPARAM>(address);
 
     HandlerProbe probe;
-    probe.AddMsgMapEntry(probedMessage, signature.code, signature.handlers.first, signature.handlers.second);
-    probe.OnWndMsg(probedMessage, wParam, lParam, nullptr);
+    probe.AddMsgMapEntry(codedMessage, signature.code, signature.handlers.first, signature.handlers.second);
+    probe.OnWndMsg(codedMessage, wParam, lParam, nullptr);
     QCOMPARE(probe.calls(), callText("first", signature.firstArguments, wParam, lParam) + QLatin1Char(' ')
                                 + callText("second", signature.secondArguments, wParam, lParam));
 }
@@ -410,7 +410,7 @@ void tst_Signatures::resultOfOneHandler()
     HandlerProbe probe;
     // The answer fills the whole register; the code says how much of it counts.
     const AFX_PMSG_X handler = MakeHandler<LRESULT()>::first();
-    probe.AddMsgMapEntry(probedMessage, signature.code, handler, nullptr);
+    probe.AddMsgMapEntry(codedMessage, signature.code, handler, nullptr);
     for (const LRESULT answer : answers) {
         probe.firstAnswer = answer;
         QCOMPARE(dispatch(probe, 0, 0), outcomeText(signature.result, answer));
@@ -425,7 +425,7 @@ void tst_Signatures::resultOfTwoHandlers()
     QFETCH(Signature, signature);
     const bool calledTwice = signature.secondArguments;
     HandlerProbe probe;
-    probe.AddMsgMapEntry(probedMessage, signature.code, MakeHandler<LRESULT()>::first(),
+    probe.AddMsgMapEntry(codedMessage, signature.code, MakeHandler<LRESULT()>::first(),
                          MakeHandler<LRESULT()>::second());
     probe.firstAnswer = 0x300000004;
     probe.secondAnswer = -5;
@@ -440,9 +440,9 @@ void tst_Signatures::nullHandlers()
 {
     QFETCH(Signature, signature);
     HandlerProbe probe;
-    probe.AddMsgMapEntry(probedMessage, signature.code, nullptr, nullptr);
+    probe.AddMsgMapEntry(codedMessage, signature.code, nullptr, nullptr);
     LRESULT result = unwritten;
-    QVERIFY(probe.OnWndMsg(probedMessage, 0xF1E2D3C4B5A69788, -1, &result));
+    QVERIFY(probe.OnWndMsg(codedMessage, 0xF1E2D3C4B5A69788, -1, &result));
     QVERIFY(result != unwritten);
     QCOMPARE(probe.calls(), QString());
 }
@@ -453,9 +453,9 @@ void tst_Signatures::nullResultPointer()
 {
     QFETCH(Signature, signature);
     HandlerProbe probe;
-    probe.AddMsgMapEntry(probedMessage, signature.code, MakeHandler<LRESULT()>::first(), nullptr);
+    probe.AddMsgMapEntry(codedMessage, signature.code, MakeHandler<LRESULT()>::first(), nullptr);
     probe.firstAnswer = 1;
-    QCOMPARE(probe.OnWndMsg(probedMessage, 0, 0, nullptr), signature.result == Result::NonzeroPassesUp ? 0 : 1);
+    QCOMPARE(probe.OnWndMsg(codedMessage, 0, 0, nullptr), signature.result == Result::NonzeroPassesUp ? 0 : 1);
 }
 
 void tst_Signatures::codesWithoutCall_data()
@@ -469,10 +469,10 @@ void tst_Signatures::codesWithoutCall()
 {
     QFETCH(unsigned long, code);
     HandlerProbe probe;
-    probe.AddMsgMapEntry(probedMessage, code, MakeHandler<LRESULT()>::first(), MakeHandler<LRESULT()>::second());
+    probe.AddMsgMapEntry(codedMessage, code, MakeHandler<LRESULT()>::first(), MakeHandler<LRESULT()>::second());
     probe.firstAnswer = 3;
     QCOMPARE(dispatch(probe, 0xF1E2D3C4B5A69788, -1), QStringLiteral("handled 0"));
-    QCOMPARE(probe.OnWndMsg(probedMessage, 0, 0, nullptr), 1);
+    QCOMPARE(probe.OnWndMsg(codedMessage, 0, 0, nullptr), 1);
     QCOMPARE(probe.calls(), QString());
 }
 
@@ -480,8 +480,8 @@ void tst_Signatures::windowArguments()
 {
     HandlerProbe probe;
     const Handlers pair = handlers<void(QWidget*), void(CWnd_X*)>();
-    probe.AddMsgMapEntry(probedMessage, AfxSig_v_W_v, pair.first, pair.second);
-    probe.OnWndMsg(probedMessage, 0, 0, nullptr);
+    probe.AddMsgMapEntry(codedMessage, AfxSig_v_W_v, pair.first, pair.second);
+    probe.OnWndMsg(codedMessage, 0, 0, nullptr);
     QCOMPARE(probe.calls(), QStringLiteral("first[@0] second[W(null)]"));
 }
 
@@ -492,12 +492,12 @@ void tst_Signatures::wrapperIsMadeForTheSecondHandlerAlone()
     const auto address = reinterpret_cast<WPARAM>(&widget);
     const Handlers pair = handlers<void(QWidget*), void(CWnd_X*)>();
 
-    probe.AddMsgMapEntry(probedMessage, AfxSig_v_W_v, pair.first, nullptr);
-    probe.OnWndMsg(probedMessage, address, 0, nullptr);
+    probe.AddMsgMapEntry(codedMessage, AfxSig_v_W_v, pair.first, nullptr);
+    probe.OnWndMsg(codedMessage, address, 0, nullptr);
     QVERIFY(!CWnd_X::FromHandlePermanent(&widget));
 
-    probe.AddMsgMapEntry(probedMessage, AfxSig_v_W_v, pair.first, pair.second);
-    probe.OnWndMsg(probedMessage, address, 0, nullptr);
+    probe.AddMsgMapEntry(codedMessage, AfxSig_v_W_v, pair.first, pair.second);
+    probe.OnWndMsg(codedMessage, address, 0, nullptr);
     QVERIFY(CWnd_X::FromHandlePermanent(&widget));
     QVERIFY(CWnd_X::FromHandlePermanent(&widget)->IsTemporary());
 }
@@ -529,8 +529,8 @@ void tst_Signatures::narrowClientTypes()
     QFETCH(AFX_PMSG_X, handler);
     QFETCH(QString, call);
     HandlerProbe probe;
-    probe.AddMsgMapEntry(probedMessage, static_cast<unsigned long>(code), handler, nullptr);
-    probe.OnWndMsg(probedMessage, 0xF1E2D3C4B5A69788, signed64(0x8F9EADBCCBDAE9F8), nullptr);
+    probe.AddMsgMapEntry(codedMessage, static_cast<unsigned long>(code), handler, nullptr);
+    probe.OnWndMsg(codedMessage, 0xF1E2D3C4B5A69788, signed64(0x8F9EADBCCBDAE9F8), nullptr);
     QCOMPARE(probe.calls(), call);
 }
 
@@ -538,7 +538,7 @@ void tst_Signatures::absentEntry()
 {
     HandlerProbe probe;
     QCOMPARE(dispatch(probe, 1, 2), QStringLiteral("passed up"));
-    QCOMPARE(probe.OnWndMsg(probedMessage, 1, 2, nullptr), 0);
+    QCOMPARE(probe.OnWndMsg(codedMessage, 1, 2, nullptr), 0);
 }
 
 namespace {
@@ -594,7 +594,7 @@ void tst_Signatures::virtualHandler()
     CGauge coarse;
     CFineGauge fine;
     for (CWnd_X* window : {static_cast<CWnd_X*>(&coarse), static_cast<CWnd_X*>(&fine)})
-        window->AddMsgMapEntry(probedMessage, AfxSig_l_w_l, rawHandler(&CGauge::onProbed), nullptr);
+        window->AddMsgMapEntry(codedMessage, AfxSig_l_w_l, rawHandler(&CGauge::onProbed), nullptr);
     QCOMPARE(dispatch(coarse, 4, 5), QStringLiteral("handled 9"));
     QCOMPARE(dispatch(fine, 4, 5), QStringLiteral("handled 900"));
 }
@@ -603,7 +603,7 @@ void tst_Signatures::handlerOfSecondBase()
 {
     CScaledGauge gauge;
     gauge.factor = 7;
-    gauge.AddMsgMapEntry(probedMessage, AfxSig_l_w_l, rawHandler<CScaledGauge>(&CScaledGauge::onScaled), nullptr);
+    gauge.AddMsgMapEntry(codedMessage, AfxSig_l_w_l, rawHandler<CScaledGauge>(&CScaledGauge::onScaled), nullptr);
     QCOMPARE(dispatch(gauge, 6, 0), QStringLiteral("handled 42"));
 }
 
@@ -613,7 +613,7 @@ void tst_Signatures::virtualHandlerOfSecondBase()
     gauge.factor = 7;
     // Named through the base, so that the call goes through the base's own table.
     const auto named = static_cast<LRESULT (CScaledGauge::*)(WPARAM, LPARAM)>(&Scale::onScaledVirtually);
-    gauge.AddMsgMapEntry(probedMessage, AfxSig_l_w_l, rawHandler(named), nullptr);
+    gauge.AddMsgMapEntry(codedMessage, AfxSig_l_w_l, rawHandler(named), nullptr);
     QCOMPARE(dispatch(gauge, 6, 0), QStringLiteral("handled -42"));
 }
 

@@ -1,5 +1,6 @@
 // The items of a dialog by their resource ids, in the tables of this program.
 
+#include "functions/makewidget.h"
 #include "leavenothing.h"
 #include "testclass.h"
 
@@ -43,7 +44,7 @@ struct Form : QWidget
     QLabel* const label = add<QLabel>(this, "IDC_STATIC");
 };
 
-class TextWindow : public CWnd_X
+class LastTextWindow : public CWnd_X
 {
 public:
     void SetWindowText(const wchar_t* text) override { last = QString::fromWCharArray(text); }
@@ -51,10 +52,8 @@ public:
     QString last;
 };
 
-using MakeWidget = QWidget* (*)();
-
 template <class Control>
-QWidget* make()
+QWidget* makeItem()
 {
     return new Control;
 }
@@ -68,8 +67,6 @@ QWidget* makeBox()
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(MakeWidget)
 
 class tst_DlgItems : public QObject
 {
@@ -176,7 +173,7 @@ void tst_DlgItems::textOfAnItem()
 void tst_DlgItems::textOfAWrappedItem()
 {
     Form form;
-    TextWindow wrapper;
+    LastTextWindow wrapper;
     wrapper.SubclassWindow(form.edit);
     QCOMPARE(SetDlgItemText_X(&form, idText, L"12"), 1);
     QCOMPARE(wrapper.last, QStringLiteral("12"));
@@ -234,7 +231,7 @@ void tst_DlgItems::numberInAnItem()
     QTEST(translated, "translated");
     QCOMPARE(GetDlgItemInt_X(&form, idText, nullptr, isSigned), number);
 
-    TextWindow window;
+    LastTextWindow window;
     window.SubclassWindow(&form);
     translated = 7;
     QCOMPARE(window.GetDlgItemInt(form.edit, &translated, isSigned), number);
@@ -274,7 +271,7 @@ void tst_DlgItems::onlyTheStartOfALongTextCounts()
     QCOMPARE(GetDlgItemInt_X(&form, idText, &translated, FALSE), 0u);
     QCOMPARE(translated, 0);
 
-    TextWindow window;
+    LastTextWindow window;
     window.SubclassWindow(&form);
     QCOMPARE(window.GetDlgItemInt(form.edit, &translated, FALSE), 7u); // the whole of it, asked by the widget
     QCOMPARE(translated, 1);
@@ -302,7 +299,7 @@ void tst_DlgItems::numberWritten()
     QCOMPARE(SetDlgItemInt_X(&form, idText, value, isSigned), 1);
     QTEST(form.edit->text(), "text");
 
-    TextWindow window;
+    LastTextWindow window;
     window.SubclassWindow(&form);
     form.edit->clear();
     window.SetDlgItemInt(form.edit, value, isSigned);
@@ -342,7 +339,7 @@ void tst_DlgItems::checkedButton()
     QFETCH(unsigned, style);
     QFETCH(bool, checked);
     Form form;
-    TextWindow wrapper;
+    LastTextWindow wrapper;
     wrapper.SubclassWindow(form.check);
     wrapper.ModifyStyle(0, style);
     form.check->setChecked(checked);
@@ -358,7 +355,7 @@ void tst_DlgItems::whatIsNoCheckedButton()
 
     QRadioButton* const radio = add<QRadioButton>(&form, "IDC_ABSENT");
     radio->setChecked(true);
-    TextWindow wrapper;
+    LastTextWindow wrapper;
     wrapper.SubclassWindow(radio);
     wrapper.ModifyStyle(0, 5);
     QCOMPARE(IsDlgButtonChecked_X(&form, idAbsent), 0u);
@@ -392,13 +389,13 @@ void tst_DlgItems::selectAllKinds_data()
 {
     QTest::addColumn<MakeWidget>("makeWidget");
     QTest::addColumn<int>("result");
-    QTest::newRow("double spin box") << MakeWidget(make<QDoubleSpinBox>) << 1;
-    QTest::newRow("date edit") << MakeWidget(make<QDateEdit>) << 1;
-    QTest::newRow("text browser") << MakeWidget(make<QTextBrowser>) << 1;
+    QTest::newRow("double spin box") << MakeWidget(makeItem<QDoubleSpinBox>) << 1;
+    QTest::newRow("date edit") << MakeWidget(makeItem<QDateEdit>) << 1;
+    QTest::newRow("text browser") << MakeWidget(makeItem<QTextBrowser>) << 1;
     QTest::newRow("editable combo box") << MakeWidget(makeBox<true>) << 1;
     QTest::newRow("combo box that is not editable") << MakeWidget(makeBox<false>) << 0;
-    QTest::newRow("plain text edit") << MakeWidget(make<QPlainTextEdit>) << 0;
-    QTest::newRow("label") << MakeWidget(make<QLabel>) << 0;
+    QTest::newRow("plain text edit") << MakeWidget(makeItem<QPlainTextEdit>) << 0;
+    QTest::newRow("label") << MakeWidget(makeItem<QLabel>) << 0;
     QTest::newRow("null") << MakeWidget([]() -> QWidget* { return nullptr; }) << 0;
 }
 
@@ -413,11 +410,11 @@ void tst_DlgItems::limitText_data()
 {
     QTest::addColumn<MakeWidget>("makeWidget");
     QTest::addColumn<int>("result");
-    QTest::newRow("line edit") << MakeWidget(make<QLineEdit>) << 1;
+    QTest::newRow("line edit") << MakeWidget(makeItem<QLineEdit>) << 1;
     QTest::newRow("editable combo box") << MakeWidget(makeBox<true>) << 1;
     QTest::newRow("combo box that is not editable") << MakeWidget(makeBox<false>) << 0;
-    QTest::newRow("spin box: its line edit stays as it is") << MakeWidget(make<QSpinBox>) << 0;
-    QTest::newRow("text edit") << MakeWidget(make<QTextEdit>) << 0;
+    QTest::newRow("spin box: its line edit stays as it is") << MakeWidget(makeItem<QSpinBox>) << 0;
+    QTest::newRow("text edit") << MakeWidget(makeItem<QTextEdit>) << 0;
     QTest::newRow("null") << MakeWidget([]() -> QWidget* { return nullptr; }) << 0;
 }
 

@@ -12,7 +12,7 @@
 
 namespace {
 
-struct Call
+struct TimerCall
 {
     QWidget* window;
     UINT message;
@@ -20,14 +20,14 @@ struct Call
     DWORD seconds;
 };
 
-QVector<Call> calls;
-std::function<void(const Call&)> inCall; // what a callback does
+QVector<TimerCall> timerCalls;
+std::function<void(const TimerCall&)> inCall; // what a callback does
 
 void CALLBACK record(HWND window, UINT message, UINT_PTR id, DWORD seconds)
 {
-    calls += {window, message, id, seconds};
+    timerCalls += {window, message, id, seconds};
     if (inCall)
-        inCall(calls.last());
+        inCall(timerCalls.last());
 }
 
 void CALLBACK doNothing(HWND, UINT, UINT_PTR, DWORD) {}
@@ -70,9 +70,9 @@ public:
     QVector<UINT_PTR> ids;
 };
 
-struct MainFrame : QWidget
+struct TimerHost : QWidget
 {
-    MainFrame() { setObjectName(QStringLiteral("CTavoMainFrame")); }
+    TimerHost() { setObjectName(QStringLiteral("CTavoMainFrame")); }
 };
 
 } // namespace
@@ -120,7 +120,7 @@ private Q_SLOTS:
 
 void tst_Timers::cleanup()
 {
-    calls.clear();
+    timerCalls.clear();
     inCall = nullptr;
     QCOMPARE(LeaveNothing::leftovers(), QString());
     QVERIFY(g_appEventHandler.timers.empty());
@@ -143,7 +143,7 @@ void tst_Timers::timerFiresByItself()
 {
     QWidget window;
     SetTimer_X(&window, 7, 1, record);
-    QTRY_VERIFY(calls.size() >= 3);
+    QTRY_VERIFY(timerCalls.size() >= 3);
 }
 
 void tst_Timers::interval_data()
@@ -174,11 +174,11 @@ void tst_Timers::callbackGetsWindowMessageIdAndSeconds()
     const auto before = static_cast<DWORD>(QDateTime::currentSecsSinceEpoch());
     elapse(42);
     const auto after = static_cast<DWORD>(QDateTime::currentSecsSinceEpoch());
-    QCOMPARE(calls.size(), 1);
-    QCOMPARE(calls[0].window, &window);
-    QCOMPARE(calls[0].message, 0x113u);
-    QCOMPARE(calls[0].id, UINT_PTR(42));
-    QVERIFY(before <= calls[0].seconds && calls[0].seconds <= after);
+    QCOMPARE(timerCalls.size(), 1);
+    QCOMPARE(timerCalls[0].window, &window);
+    QCOMPARE(timerCalls[0].message, 0x113u);
+    QCOMPARE(timerCalls[0].id, UINT_PTR(42));
+    QVERIFY(before <= timerCalls[0].seconds && timerCalls[0].seconds <= after);
 }
 
 void tst_Timers::withoutCallbackTheWrapperGetsTheMessage()
@@ -215,8 +215,8 @@ void tst_Timers::idIsSharedByAllWindows()
     QCOMPARE(timer->parent(), &first);
     QCOMPARE(timer->interval(), 300); // nothing else has changed
     elapse(1);
-    QCOMPARE(calls.size(), 1);
-    QCOMPARE(calls[0].window, &first);
+    QCOMPARE(timerCalls.size(), 1);
+    QCOMPARE(timerCalls[0].window, &first);
     QCOMPARE(second.ids, QVector<int>());
 
     SetTimer_X(&second, 2, 300, nullptr);
@@ -228,7 +228,7 @@ void tst_Timers::sameIntervalLeavesTheTimerAlone()
     QWidget window;
     QVERIFY(QTest::qWaitFor([&window] {
         SetTimer_X(&window, 1, 100, record); // a timer that starts over each time never fires
-        return !calls.isEmpty();
+        return !timerCalls.isEmpty();
     }));
 }
 
@@ -242,8 +242,8 @@ void tst_Timers::windowOfTheFirstKeepsTheTimer()
     QCOMPARE(timerOf(1), nullptr); // although the second has asked for it
     SetTimer_X(&second, 1, 500, record);
     elapse(1);
-    QCOMPARE(calls.size(), 1);
-    QCOMPARE(calls[0].window, &second);
+    QCOMPARE(timerCalls.size(), 1);
+    QCOMPARE(timerCalls[0].window, &second);
 }
 
 void tst_Timers::killing()
@@ -286,7 +286,7 @@ void tst_Timers::callbackMayKillItsTimer()
 {
     QWidget window;
     int killed = -1;
-    inCall = [&killed](const Call& call) { killed = KillTimer_X(call.window, call.id); };
+    inCall = [&killed](const TimerCall& call) { killed = KillTimer_X(call.window, call.id); };
     SetTimer_X(&window, 1, 500, record);
     elapse(1);
     QCOMPARE(killed, 1);
@@ -297,35 +297,35 @@ void tst_Timers::callbackMayKillItsTimer()
 void tst_Timers::callbackMayChangeItsTimer()
 {
     QWidget window;
-    inCall = [](const Call& call) { SetTimer_X(call.window, call.id, 700, doNothing); };
+    inCall = [](const TimerCall& call) { SetTimer_X(call.window, call.id, 700, doNothing); };
     SetTimer_X(&window, 1, 500, record);
     elapse(1);
     QCOMPARE(timerOf(1)->interval(), 700);
     elapse(1);
-    QCOMPARE(calls.size(), 2); // the callback has stayed
+    QCOMPARE(timerCalls.size(), 2); // the callback has stayed
 }
 
 void tst_Timers::callbackMayStartItsTimerAnew()
 {
     TimedWidget window;
-    inCall = [](const Call& call) {
+    inCall = [](const TimerCall& call) {
         KillTimer_X(call.window, call.id);
         SetTimer_X(call.window, call.id, 700, nullptr);
     };
     SetTimer_X(&window, 1, 500, record);
     elapse(1);
     elapse(1);
-    QCOMPARE(calls.size(), 1);
+    QCOMPARE(timerCalls.size(), 1);
     QCOMPARE(window.ids, QVector<int>({1}));
 }
 
 void tst_Timers::callbackMayDeleteItsWindow()
 {
     auto* const window = new QWidget;
-    inCall = [](const Call& call) { delete call.window; };
+    inCall = [](const TimerCall& call) { delete call.window; };
     SetTimer_X(window, 1, 500, record);
     elapse(1);
-    QCOMPARE(calls.size(), 1);
+    QCOMPARE(timerCalls.size(), 1);
     QCOMPARE(timerOf(1), nullptr);
 }
 
@@ -364,8 +364,8 @@ void tst_Timers::idsAreFreeWhenTheWindowSaysThatItIsGone()
     QVERIFY(timerOf(1));
     QCOMPARE(timerOf(1)->parent(), &heir);
     elapse(1);
-    QCOMPARE(calls.size(), 1);
-    QCOMPARE(calls[0].window, &heir);
+    QCOMPARE(timerCalls.size(), 1);
+    QCOMPARE(timerCalls[0].window, &heir);
 }
 
 void tst_Timers::otherTimersOutliveTheWindow()
@@ -389,7 +389,7 @@ void tst_Timers::handDeletedTimerFreesItsId()
     QCOMPARE(timerOf(1), nullptr);
     SetTimer_X(&window, 1, 500, record);
     elapse(1);
-    QCOMPARE(calls.size(), 1);
+    QCOMPARE(timerCalls.size(), 1);
 }
 
 void tst_Timers::stoppedTimerIsReplaced()
@@ -405,20 +405,20 @@ void tst_Timers::stoppedTimerIsReplaced()
     QCOMPARE(timerOf(1)->parent(), &second);
     elapse(1);
     QCOMPARE(second.ids, QVector<int>({1}));
-    QCOMPARE(calls.size(), 0);
+    QCOMPARE(timerCalls.size(), 0);
 }
 
 void tst_Timers::stoppedTimerIsReplacedInItsOwnCallback()
 {
     TimedWidget window;
-    inCall = [](const Call& call) {
+    inCall = [](const TimerCall& call) {
         timerOf(1)->stop();
         SetTimer_X(call.window, 1, 500, nullptr);
     };
     SetTimer_X(&window, 1, 500, record);
     elapse(1);
     elapse(1);
-    QCOMPARE(calls.size(), 1);
+    QCOMPARE(timerCalls.size(), 1);
     QCOMPARE(window.ids, QVector<int>({1}));
     QCOMPARE(window.findChildren<QTimer*>().size(), 1);
 }
@@ -436,12 +436,12 @@ void tst_Timers::stoppedTimerCanBeKilled()
 
 void tst_Timers::mainFrameStandsForNull()
 {
-    MainFrame frame;
+    TimerHost frame;
     SetTimer_X(nullptr, 1, 500, record);
     QCOMPARE(timerOf(1)->parent(), &frame);
     elapse(1);
-    QCOMPARE(calls.size(), 1);
-    QCOMPARE(calls[0].window, &frame);
+    QCOMPARE(timerCalls.size(), 1);
+    QCOMPARE(timerCalls[0].window, &frame);
 }
 
 void tst_Timers::noWindowAtAll()
@@ -450,8 +450,8 @@ void tst_Timers::noWindowAtAll()
     QCOMPARE(SetTimer_X(nullptr, 2, 500, nullptr), UINT_PTR(2));
     elapse(1);
     elapse(2); // to nobody
-    QCOMPARE(calls.size(), 1);
-    QCOMPARE(calls[0].window, nullptr);
+    QCOMPARE(timerCalls.size(), 1);
+    QCOMPARE(timerCalls[0].window, nullptr);
     QCOMPARE(KillTimer_X(nullptr, 1), 1);
     QCOMPARE(KillTimer_X(nullptr, 2), 1);
 }

@@ -1,5 +1,6 @@
 // The text of a window, which Qt keeps in another place for each kind of control.
 
+#include "functions/makewidget.h"
 #include "leavenothing.h"
 #include "testclass.h"
 
@@ -19,7 +20,6 @@
 
 namespace {
 
-using MakeWidget = QWidget* (*)();
 using Widget = std::unique_ptr<QWidget>;
 
 QString textOf(QWidget* widget)
@@ -72,8 +72,6 @@ public:
 };
 
 } // namespace
-
-Q_DECLARE_METATYPE(MakeWidget)
 
 class tst_WindowText : public QObject
 {

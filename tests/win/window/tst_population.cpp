@@ -114,14 +114,14 @@ void repeat(int count, Once once)
 
 using Life = void (*)(int count, QWidget* parent);
 
-struct Row
+struct Population
 {
     const char* name;
     Life life;
     int count = 1000;
 };
 
-const Row rows[] = {
+const Population populations[] = {
     {"windows", [](int count, QWidget*) { createAll<Counted<CWnd_X>>(count, 0, nullptr); }},
     {"windows in a parent, with bars",
      [](int count, QWidget* parent) {
@@ -238,7 +238,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<Life>("life");
         QTest::addColumn<int>("count");
-        for (const Row& row : rows)
+        for (const Population& row : populations)
             QTest::newRow(row.name) << row.life << row.count;
     }
 

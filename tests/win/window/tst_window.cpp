@@ -10,14 +10,14 @@
 namespace {
 
 // Writes down, in one list for all windows, what it is told of its end.
-class MortalWindow : public CWnd_X
+class RecordedWindow : public CWnd_X
 {
 public:
-    explicit MortalWindow(QString windowName, QStringList& record) : name(std::move(windowName)), m_record(record) {}
+    explicit RecordedWindow(QString windowName, QStringList& record) : name(std::move(windowName)), m_record(record) {}
 
     void OnMessageMap() override
     {
-        using ThisClass = MortalWindow;
+        using ThisClass = RecordedWindow;
         CWnd_X::OnMessageMap();
         ON_WM_DESTROY_X()
         ON_WM_NCDESTROY_X()
@@ -211,9 +211,9 @@ private Q_SLOTS:
         auto* plain = new QWidget(&widget);
         auto* first = new QWidget(plain);
         auto* second = new QWidget(&widget);
-        MortalWindow window(QStringLiteral("window"), record);
-        MortalWindow firstChild(QStringLiteral("first"), record);
-        MortalWindow secondChild(QStringLiteral("second"), record);
+        RecordedWindow window(QStringLiteral("window"), record);
+        RecordedWindow firstChild(QStringLiteral("first"), record);
+        RecordedWindow secondChild(QStringLiteral("second"), record);
         window.SubclassWindow(&widget);
         firstChild.SubclassWindow(first);
         secondChild.SubclassWindow(second);
@@ -265,7 +265,7 @@ private Q_SLOTS:
         QStringList record;
         QWidget parent;
         {
-            MortalWindow window(QStringLiteral("window"), record);
+            RecordedWindow window(QStringLiteral("window"), record);
             QCOMPARE(window.Create(&parent), 1);
         }
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

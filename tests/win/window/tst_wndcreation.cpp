@@ -1,5 +1,6 @@
 // How a window comes to life: the forms of Create, the order of an attachment, and what undoes it.
 
+#include "deletelater.h"
 #include "leavenothing.h"
 #include "testclass.h"
 
@@ -79,15 +80,13 @@ public:
 };
 
 // The three forms of Create.
-using Form = int (*)(CWnd_X& window, QWidget* parent);
-const QVector<QPair<const char*, Form>> forms = {
+using CreateForm = int (*)(CWnd_X& window, QWidget* parent);
+const QVector<QPair<const char*, CreateForm>> forms = {
     {"parent", [](CWnd_X& window, QWidget* parent) { return window.Create(parent); }},
     {"style", [](CWnd_X& window, QWidget* parent) { return window.Create(WS_CHILD, parent); }},
     {"rectangle",
      [](CWnd_X& window, QWidget* parent) { return window.Create(WS_CHILD, CRect(10, 20, 110, 70), parent); }},
 };
-
-void deleteLaterObjects() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
 // What a window has been given by its style, such as "shown vertical".
 QString appearance(const CWnd_X& window)
@@ -121,7 +120,7 @@ QString appearanceOf(DWORD style, Creation create)
 
 } // namespace
 
-Q_DECLARE_METATYPE(Form)
+Q_DECLARE_METATYPE(CreateForm)
 
 class FormWidget : public QWidget
 {
@@ -205,14 +204,14 @@ void tst_WndCreation::styleDecidesWhatIsShown()
 
 void tst_WndCreation::nullParent_data()
 {
-    QTest::addColumn<Form>("form");
+    QTest::addColumn<CreateForm>("form");
     for (const auto& form : forms)
         QTest::newRow(form.first) << form.second;
 }
 
 void tst_WndCreation::nullParent()
 {
-    QFETCH(Form, form);
+    QFETCH(CreateForm, form);
     CWnd_X alone;
     QCOMPARE(form(alone, nullptr), 1);
     QCOMPARE(alone.GetSafeHwnd()->parentWidget(), nullptr);
@@ -369,7 +368,7 @@ void tst_WndCreation::slotsMoveToTheWrapper()
 
 void tst_WndCreation::aRefusalUndoesTheCreation_data()
 {
-    QTest::addColumn<Form>("form");
+    QTest::addColumn<CreateForm>("form");
     QTest::addColumn<int>("createAnswer");
     QTest::addColumn<BOOL>("initAnswer");
     QTest::addColumn<QString>("steps");
@@ -383,7 +382,7 @@ void tst_WndCreation::aRefusalUndoesTheCreation_data()
 
 void tst_WndCreation::aRefusalUndoesTheCreation()
 {
-    QFETCH(Form, form);
+    QFETCH(CreateForm, form);
     QFETCH(int, createAnswer);
     QFETCH(BOOL, initAnswer);
     QWidget parent;

@@ -1,13 +1,12 @@
 // How a window ends: what it is told, in which order, and what its handlers may do meanwhile.
 
+#include "deletelater.h"
 #include "leavenothing.h"
 #include "testclass.h"
 
 #include <XeMFCEmu.h>
 
 namespace {
-
-void deleteLaterObjects() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
 // Writes into one list for all windows what it is told of its end, and how many scroll bars it has then.
 template <class Base>

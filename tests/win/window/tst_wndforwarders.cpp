@@ -14,7 +14,7 @@ namespace {
 // Calls one member, and says what it gave and what became of the widget. The wrapper may be without the widget.
 using Call = QString (*)(CWnd_X& window, QWidget& widget);
 
-struct Row
+struct Forwarder
 {
     const char* name;
     Call call;
@@ -42,7 +42,7 @@ void noTime(HWND, UINT, UINT_PTR, DWORD) {}
 
 QWidget& childOf(QWidget& widget) { return *widget.findChild<QWidget*>(QStringLiteral("child")); }
 
-const Row rows[] = {
+const Forwarder forwarders[] = {
     {"ShowWindow hides",
      [](CWnd_X& window, QWidget& widget) {
          return Both{window.ShowWindow(SW_HIDE), widget.isHidden()}.text();
@@ -378,7 +378,7 @@ void tst_WndForwarders::call_data()
     QTest::addColumn<Call>("member");
     QTest::addColumn<bool>("attached");
     QTest::addColumn<QString>("expected");
-    for (const Row& row : rows) {
+    for (const Forwarder& row : forwarders) {
         QTest::addRow("%s", row.name) << row.call << true << row.with;
         QTest::addRow("%s: no widget", row.name) << row.call << false << row.without;
     }

@@ -2,6 +2,7 @@
 
 #include "leavenothing.h"
 #include "testclass.h"
+#include "window/windowsteps.h"
 
 #include <XeMFCEmu.h>
 
@@ -35,26 +36,24 @@ protected:
     }
 };
 
-using Action = void (*)(CWnd_X& window);
+const tagRECT part = {10, 20, 30, 50};
 
-const tagRECT rect = {10, 20, 30, 50};
-
-struct Row
+struct Repaint
 {
     const char* name;
-    Action action;
+    WindowSteps action;
     const char* painted;
 };
 
-const Row rows[] = {
+const Repaint repaints[] = {
     {"nothing asked for", [](CWnd_X&) {}, "nothing"},
     {"Invalidate", [](CWnd_X& window) { window.Invalidate(); }, "0,0 200x100"},
     {"Invalidate without erasing", [](CWnd_X& window) { window.Invalidate(FALSE); }, "0,0 200x100"},
     {"UpdateWindow", [](CWnd_X& window) { window.UpdateWindow(); }, "0,0 200x100"},
     {"RedrawWindow", [](CWnd_X& window) { window.RedrawWindow(); }, "0,0 200x100"},
     // The right and the bottom edge belong to it.
-    {"InvalidateRect", [](CWnd_X& window) { window.InvalidateRect(&rect); }, "10,20 21x31"},
-    {"InvalidateRect without erasing", [](CWnd_X& window) { window.InvalidateRect(&rect, FALSE); }, "10,20 21x31"},
+    {"InvalidateRect", [](CWnd_X& window) { window.InvalidateRect(&part); }, "10,20 21x31"},
+    {"InvalidateRect without erasing", [](CWnd_X& window) { window.InvalidateRect(&part, FALSE); }, "10,20 21x31"},
     {"InvalidateRect of one pixel", [](CWnd_X& window) { window.InvalidateRect(CRect(5, 6, 5, 6)); }, "5,6 1x1"},
     {"InvalidateRect of what is empty for Qt too", [](CWnd_X& window) { window.InvalidateRect(CRect(5, 6, 4, 5)); },
      "nothing"},
@@ -64,7 +63,7 @@ const Row rows[] = {
      "nothing"},
     {"two rectangles",
      [](CWnd_X& window) {
-         window.InvalidateRect(&rect);
+         window.InvalidateRect(&part);
          window.InvalidateRect(CRect(100, 20, 109, 50));
      },
      "10,20 21x31; 100,20 10x31"},
@@ -77,7 +76,7 @@ const Row rows[] = {
     {"no redraw",
      [](CWnd_X& window) {
          window.SetRedraw(FALSE);
-         window.InvalidateRect(&rect);
+         window.InvalidateRect(&part);
      },
      "nothing"},
     {"unlocking repaints",
@@ -90,16 +89,14 @@ const Row rows[] = {
     {"ScrollWindow to the right", [](CWnd_X& window) { window.ScrollWindow(15, 0); }, "0,0 15x100"},
     {"ScrollWindow to the left", [](CWnd_X& window) { window.ScrollWindow(-15, 0); }, "185,0 15x100"},
     {"ScrollWindow down", [](CWnd_X& window) { window.ScrollWindow(0, 15); }, "0,0 200x15"},
-    {"ScrollWindow of a rectangle", [](CWnd_X& window) { window.ScrollWindow(5, 0, &rect); }, "10,20 5x30"},
-    {"ScrollWindow of a rectangle up", [](CWnd_X& window) { window.ScrollWindow(0, -5, &rect); }, "10,45 20x5"},
+    {"ScrollWindow of a rectangle", [](CWnd_X& window) { window.ScrollWindow(5, 0, &part); }, "10,20 5x30"},
+    {"ScrollWindow of a rectangle up", [](CWnd_X& window) { window.ScrollWindow(0, -5, &part); }, "10,45 20x5"},
     {"ScrollWindow by nothing", [](CWnd_X& window) { window.ScrollWindow(0, 0); }, "nothing"},
     {"ScrollWindow of an empty rectangle", [](CWnd_X& window) { window.ScrollWindow(5, 0, CRect(10, 20, 10, 20)); },
      "nothing"},
 };
 
 } // namespace
-
-Q_DECLARE_METATYPE(Action)
 
 class tst_WndPainting : public QObject
 {
@@ -110,15 +107,15 @@ private Q_SLOTS:
 
     void paintedAgain_data()
     {
-        QTest::addColumn<Action>("action");
+        QTest::addColumn<WindowSteps>("action");
         QTest::addColumn<QString>("painted");
-        for (const Row& row : rows)
+        for (const Repaint& row : repaints)
             QTest::newRow(row.name) << row.action << row.painted;
     }
 
     void paintedAgain()
     {
-        QFETCH(Action, action);
+        QFETCH(WindowSteps, action);
         Canvas canvas;
         CWnd_X window;
         window.SubclassWindow(&canvas);
@@ -145,7 +142,7 @@ private Q_SLOTS:
         canvas.show();
         window.ScrollWindow(7, -3);
         QCOMPARE(child.pos(), QPoint(17, 7));
-        window.ScrollWindow(7, -3, &rect);
+        window.ScrollWindow(7, -3, &part);
         QCOMPARE(child.pos(), QPoint(17, 7));
     }
 };

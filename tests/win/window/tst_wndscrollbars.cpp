@@ -2,6 +2,7 @@
 
 #include "leavenothing.h"
 #include "testclass.h"
+#include "window/windowsteps.h"
 
 #include <XeMFCEmu.h>
 
@@ -54,17 +55,15 @@ struct Stage
     CountingWindow window;
 };
 
-using Steps = void (*)(CWnd_X& window);
-
-struct Row
+struct Scene
 {
     const char* name;
-    Steps steps;
+    WindowSteps steps;
     const char* bars;
     int layouts;
 };
 
-const Row rows[] = {
+const Scene scenes[] = {
     {"none", [](CWnd_X&) {}, "", 0},
     {"horizontal", [](CWnd_X& window) { window.ShowScrollBar(SB_HORZ); }, "H 0,63 100x17", 1},
     {"vertical", [](CWnd_X& window) { window.ShowScrollBar(SB_VERT, TRUE); }, "V 83,0 17x80", 1},
@@ -150,8 +149,6 @@ QString text(const tagSCROLLINFO& info)
 
 } // namespace
 
-Q_DECLARE_METATYPE(Steps)
-
 class tst_WndScrollBars : public QObject
 {
     Q_OBJECT
@@ -180,16 +177,16 @@ private Q_SLOTS:
 
 void tst_WndScrollBars::barsShown_data()
 {
-    QTest::addColumn<Steps>("steps");
+    QTest::addColumn<WindowSteps>("steps");
     QTest::addColumn<QString>("bars");
     QTest::addColumn<int>("layouts");
-    for (const Row& row : rows)
+    for (const Scene& row : scenes)
         QTest::newRow(row.name) << row.steps << row.bars << row.layouts;
 }
 
 void tst_WndScrollBars::barsShown()
 {
-    QFETCH(Steps, steps);
+    QFETCH(WindowSteps, steps);
     QFETCH(QString, bars);
     Stage stage;
     steps(stage.window);

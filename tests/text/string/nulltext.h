@@ -1,0 +1,4 @@
+#pragma once
+
+/// No text, typed as one.
+constexpr const wchar_t* null = nullptr;
