@@ -55,11 +55,23 @@ function(xe_add_test_program name)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${name} PRIVATE xe_test_code ${arg_LIBRARIES})
     target_precompile_headers(${name} REUSE_FROM xe_test_main)
+    xe_compile_subjects_as_one(${name} ${arg_TESTS})
     set(headers ${arg_SOURCES})
     list(FILTER headers INCLUDE REGEX "\\.h$")
     xe_make_meta_objects(${name} ${arg_TESTS} ${headers})
     foreach(file IN LISTS arg_TESTS)
         xe_register_test_class(${file} ${name})
+    endforeach()
+endfunction()
+
+# Test classes of a subject, which is a folder, are compiled as one file: most of the time that a short file takes is
+# that of the headers it includes. Files of a subject therefore share their unnamed namespaces, too.
+function(xe_compile_subjects_as_one target)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ${XE_SUBJECTS_AS_ONE} UNITY_BUILD_MODE GROUP)
+    target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
+    foreach(file IN LISTS ARGN)
+        get_filename_component(subject ${file} DIRECTORY)
+        set_property(SOURCE ${file} PROPERTY UNITY_GROUP ${subject})
     endforeach()
 endfunction()
 
