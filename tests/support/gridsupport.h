@@ -158,10 +158,7 @@ public:
     LRESULT OnNotify(WPARAM, LPARAM record)
     {
         const auto* const note = reinterpret_cast<const XeGridNotification*>(record);
-        notes += QStringLiteral("%1(%2, %3)")
-                     .arg(static_cast<int>(note->hdr.code))
-                     .arg(note->iRow)
-                     .arg(note->iColumn);
+        notes += QStringLiteral("%1(%2, %3)").arg(static_cast<int>(note->hdr.code)).arg(note->iRow).arg(note->iColumn);
         if (answer)
             answer(*note);
         return result;
