@@ -2,6 +2,7 @@
 /// Every public header of the library.
 #pragma once
 
+#include "XeEaseComboBox.h"
 #include "XeGridCell.h"
 #include "XeGridCellBase.h"
 #include "XeGridCtrl.h"
