@@ -3,9 +3,11 @@
 #pragma once
 
 #include "XeEaseComboBox.h"
+#include "XeEaseInPlaceList.h"
 #include "XeGridCell.h"
 #include "XeGridCellBase.h"
 #include "XeGridCtrl.h"
+#include "XeInPlaceEdit.h"
 #include "XeTitleTip.h"
 #include "xeafx.h"
 #include "xeafxarc.h"

@@ -2,6 +2,8 @@
 
 #include "grid/gridstate.h"
 
+#include "grid/editorlife.h"
+
 namespace xe {
 namespace {
 
@@ -15,6 +17,13 @@ std::vector<CCellID_X> cellsOf(const CGridCtrl_X::SelectionMap& map)
 }
 
 } // namespace
+
+// An editor whose cell has not taken it along.
+GridState::~GridState()
+{
+    if (editor)
+        EditorLife::dismiss(editor->editor());
+}
 
 void GridState::noteSelected(CGridCtrl_X& grid, int row, int col, bool isSelected)
 {

@@ -10,9 +10,15 @@
 
 namespace xe {
 
+class EditorLife;
+
 struct GridState
 {
     explicit GridState(const CGridCtrl_X& grid) : rows(grid.m_arRowHeights), columns(grid.m_arColWidths) {}
+    ~GridState();
+    Q_DISABLE_COPY_MOVE(GridState)
+
+    static GridState& of(const CGridCtrl_X& grid) { return *grid.m_state; }
 
     enum Lines { Rows, Columns };
 
@@ -32,6 +38,9 @@ struct GridState
     GridLines columns;
     bool isMovingBar = false; // the grid itself sets the position of a bar
     bool isDestroyed = false; // the destructor runs: nobody is told of anything
+
+    EditorLife* editor = nullptr; // the open one, until its end begins
+    UINT heldKeys = 0;            // MK_SHIFT and MK_CONTROL while a key that ended an edit is replayed
 
     // Selected cells whose row or column the keys of the selection map do not hold.
     std::unordered_set<unsigned long long> farSelected;

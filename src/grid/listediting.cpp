@@ -1,0 +1,100 @@
+#include "grid/listediting.h"
+
+#include "xesysinfo.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMouseEvent>
+
+#include <algorithm>
+
+namespace xe {
+
+int linesOf(const CStringArray_X& items)
+{
+    constexpr long long most = 20;
+    return static_cast<int>(std::min(items.GetSize(), most));
+}
+
+void fillList(CComboBox_X& list, const QWidget& parent, const CStringArray_X& items, const CString_X& text, int width)
+{
+    QComboBox& box = *list.Imp<QComboBox>();
+    box.setFont(parent.font());
+    box.setFrame(false); // else a row of the usual height cuts the text off
+    box.setInsertPolicy(QComboBox::NoInsert);
+    if (box.isEditable())
+        box.setCompleter(nullptr); // completes what is typed, so that it would be typed twice
+    const QFontMetrics metrics(parent.font());
+    int widest = 0;
+    for (long long i = 0; i < items.GetSize(); ++i) {
+        const CString_X item = items[i];
+        list.AddString(item);
+        widest = std::max(widest, metrics.horizontalAdvance(XeQString(item)));
+    }
+    widest += GetSystemMetrics_X(SM_CXVSCROLL) + 2 * metrics.horizontalAdvance(QLatin1Char(' '));
+    if (widest > width)
+        box.view()->setFixedWidth(widest);
+    if (list.SelectString(-1, text) == CB_ERR)
+        list.SetWindowText(text);
+}
+
+Opening listOpening(unsigned ch)
+{
+    constexpr unsigned openedByHost = 1;
+    if (ch == openedByHost || ch == VK_RETURN)
+        return {false, false};
+    if (ch >= VK_PRIOR && ch <= VK_DOWN)
+        return {true, false};
+    return {ch != VK_BACK, true};
+}
+
+bool isListOpen(const CComboBox_X& list)
+{
+    const auto* const box = list.Imp<QComboBox>();
+    return box && box->view()->isVisible();
+}
+
+// ----------------------------------------------------------------------------------------------------------- the mouse
+
+void ListOpener::openByPress()
+{
+    forgetPress();
+    if (QApplication::mouseButtons() & Qt::LeftButton) {
+        const QAbstractItemView* const view = m_list.Imp<QComboBox>()->view();
+        m_press = QCursor::pos();
+        m_watched = {view->window(), view->viewport()};
+        for (QWidget* part : m_watched)
+            part->installEventFilter(this);
+    }
+    m_list.ShowDropDown(TRUE);
+}
+
+void ListOpener::forgetPress()
+{
+    for (QWidget* part : m_watched) {
+        if (part)
+            part->removeEventFilter(this);
+    }
+    m_watched = {};
+}
+
+bool ListOpener::eventFilter(QObject*, QEvent* event)
+{
+    if (event->type() != QEvent::MouseButtonRelease)
+        return false;
+    forgetPress();
+    const QPoint way = static_cast<const QMouseEvent*>(event)->globalPos() - m_press;
+    return way.manhattanLength() < QApplication::startDragDistance();
+}
+
+bool Releases::endsEdit(UINT vk)
+{
+    if (vk != VK_TAB && vk != VK_RETURN && vk != VK_ESCAPE)
+        return false;
+    const bool isOpeners = vk == m_awaited;
+    notePress(vk);
+    return !isOpeners;
+}
+
+} // namespace xe

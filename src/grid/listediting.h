@@ -1,0 +1,59 @@
+// What the two editors with a list have in common.
+#pragma once
+
+#include "grid/editorlife.h"
+#include "xeafxctrl.h"
+
+#include <QPointer>
+
+#include <array>
+
+namespace xe {
+
+constexpr DWORD listKind(DWORD style) { return style & CBS_DROPDOWNLIST; }
+
+/// How many of the items count as lines of the list.
+int linesOf(const CStringArray_X& items);
+/// Gives a new box the font of its parent and the items, widens its list to them, and selects or types the text.
+void fillList(CComboBox_X& list, const QWidget& parent, const CStringArray_X& items, const CString_X& text, int width);
+/// What a list selects and types by the key that opened it.
+Opening listOpening(unsigned ch);
+
+bool isListOpen(const CComboBox_X& list);
+
+/// Opens the list by a press of the mouse that Qt does not get to see: the release of that press, which would close it
+/// again, is kept from it.
+class ListOpener : public QObject
+{
+public:
+    explicit ListOpener(CComboBox_X& list) : m_list(list) {}
+
+    void openByPress();
+    bool eventFilter(QObject* target, QEvent* event) override;
+
+private:
+    void forgetPress();
+
+    CComboBox_X& m_list;
+    std::array<QPointer<QWidget>, 2> m_watched;
+    QPoint m_press;
+};
+
+/// Keys that have come up. A list may be opened by a key that is still down: that its release is the first thing that
+/// it hears of it does not end it.
+class Releases
+{
+public:
+    explicit Releases(UINT openedBy)
+        : m_awaited(openedBy == VK_TAB || openedBy == VK_RETURN || openedBy == VK_ESCAPE ? openedBy : 0)
+    {}
+
+    void notePress(UINT vk) { m_awaited = vk == m_awaited ? 0 : m_awaited; }
+    /// Whether the release of a key ends the edit.
+    bool endsEdit(UINT vk);
+
+private:
+    UINT m_awaited;
+};
+
+} // namespace xe
