@@ -11,6 +11,8 @@ const CString_X heading = L"Parts Book";
 const CString_X endMark = L"end of parts";
 constexpr int version = 2; // from 2 on with the last two fields of a part
 
+constexpr int largeCount = 5000; // parts, from which on reading takes a time that is noticed
+
 CArchive_X& operator<<(CArchive_X& archive, const Part& part)
 {
     archive << part.number << part.name << part.kind << part.supplier << part.source;
@@ -65,7 +67,7 @@ QByteArray archiveOf(const std::vector<Part>& parts)
 }
 
 // An archive does not tell where it ends: what is behind that reads as nothing, and nothing is no part.
-CString_X readArchive(QByteArray bytes, std::vector<Part>& parts)
+CString_X readArchive(QByteArray bytes, std::vector<Part>& parts, const Progress& progress)
 {
     CMemFile_X file(reinterpret_cast<unsigned char*>(bytes.data()), static_cast<unsigned>(bytes.size()));
     CArchive_X archive(&file, CArchive_X::load);
@@ -75,7 +77,11 @@ CString_X readArchive(QByteArray bytes, std::vector<Part>& parts)
     if (storedVersion < 1 || storedVersion > version)
         return loadText(IDS_OTHER_VERSION);
     std::vector<Part> taken;
-    for (auto count = archive.ReadCount(); count > 0; --count) {
+    const auto count = archive.ReadCount();
+    const bool tells = progress && count >= largeCount;
+    for (auto i = decltype(count){0}; i < count; ++i) {
+        if (tells && i % (count / 100) == 0)
+            progress(static_cast<int>(i / (count / 100)));
         taken.push_back(readPart(archive, storedVersion));
         const CString_X problem = problemWith(taken.back());
         if (!problem.IsEmpty())

@@ -2,6 +2,7 @@
 #include "ui_findbar.h" // ahead of resource.h, whose macros have the names of its members
 
 #include "control.h"
+#include "stockchart.h"
 #include "text.h"
 
 #include <QMainWindow>
@@ -23,11 +24,13 @@ void CFindBar::SetupUI()
     Connect(IDC_FIND_TEXT, SIGNAL(returnPressed()), this, SLOT(OnFindNext()), bar);
     Connect(IDC_FIND_NEXT, SIGNAL(clicked()), this, SLOT(OnFindNext()), bar);
     Connect(IDC_FIND_CLOSE, SIGNAL(clicked()), this, SLOT(OnFindClose()), bar);
+    Connect(IDC_FIND_HITS, SIGNAL(itemSelectionChanged()), this, SLOT(OnHitSelected()), bar);
 }
 
 void CFindBar::DoDataExchange(CDataExchange_X* exchange)
 {
     CDialogBar_X::DoDataExchange(exchange);
+    DDX_Control(exchange, IDC_FIND_HITS, m_hits);
     DDX_Text(exchange, IDC_FIND_TEXT, m_text);
     DDX_Check(exchange, IDC_MATCH_CASE, m_matchCase);
 }
@@ -37,6 +40,9 @@ void CFindBar::Open(CWnd_X& frame)
     if (!GetSafeHwnd()) {
         if (!Create(&frame, IDD_FIND, WS_CHILD | CBRS_BOTTOM, IDD_FIND))
             return;
+        UpdateData(FALSE); // connects the list
+        m_hits.SetUp(m_pictures);
+        ShowHits();
         frame.Imp<QMainWindow>()->addDockWidget(Qt::BottomDockWidgetArea, Imp<QDockWidget>());
     }
     QWidget* const focus = frame.GetSafeHwnd()->focusWidget(); // also while another program is active
@@ -50,16 +56,38 @@ void CFindBar::Open(CWnd_X& frame)
 
 void CFindBar::OnFindNext()
 {
-    if (UpdateData(TRUE))
-        FindNext();
+    if (!UpdateData(TRUE))
+        return;
+    ShowHits();
+    FindNext();
 }
 
 void CFindBar::FindNext()
 {
     const auto matchCase = static_cast<WPARAM>(m_matchCase);
     const auto text = reinterpret_cast<LPARAM>(&m_text);
-    const bool found = m_text.IsEmpty() || GetParent()->SendMessage(WM_FIND_PART, matchCase, text);
-    SetDlgItemText(IDC_FIND_RESULT, found ? L"" : loadText(IDS_NOT_FOUND).GetString());
+    if (m_text.IsEmpty())
+        return;
+    m_hits.Select(static_cast<int>(GetParent()->SendMessage(WM_FIND_PART, matchCase, text)) - 1);
+}
+
+void CFindBar::ShowHits()
+{
+    if (!GetSafeHwnd())
+        return;
+    const std::vector<int> rows = m_text.IsEmpty() ? std::vector<int>() : m_book.findAll(m_text, m_matchCase);
+    m_hits.Show(m_book, rows);
+    CString_X result;
+    if (!m_text.IsEmpty())
+        result = rows.empty() ? loadText(IDS_NOT_FOUND) : formatText(loadText(IDS_HITS), static_cast<int>(rows.size()));
+    SetDlgItemText(IDC_FIND_RESULT, result);
+}
+
+void CFindBar::OnHitSelected()
+{
+    const int row = m_hits.SelectedRow();
+    if (row >= 0)
+        GetParent()->SendMessage(WM_SELECT_ROW, static_cast<WPARAM>(row), 0);
 }
 
 void CFindBar::OnFindClose()

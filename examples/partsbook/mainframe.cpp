@@ -6,6 +6,7 @@
 #include "commandupdates.h"
 #include "control.h"
 #include "hostservices.h"
+#include "loadprogress.h"
 #include "partdialog.h"
 #include "partmenu.h"
 #include "partstable.h"
@@ -127,7 +128,8 @@ void CMainFrame::OnAppExit() { GetSafeHwnd()->close(); }
 
 void CMainFrame::OnClose()
 {
-    if (!MayClose()) {
+    const bool isLoading = !IsWindowEnabled();
+    if (isLoading || !MayClose()) {
         SetCurrentEventAccepted(false);
         return;
     }
@@ -167,7 +169,7 @@ bool CMainFrame::MayClose()
 
 bool CMainFrame::OpenBook(const QString& fileName)
 {
-    if (!m_book.load(fileName)) {
+    if (!LoadBook(fileName)) {
         ReportUnread(fileName, m_book.error());
         return false;
     }
@@ -178,6 +180,12 @@ bool CMainFrame::OpenBook(const QString& fileName)
     OnTimer(statusTimer);
     ReportBadLines(m_book);
     return true;
+}
+
+bool CMainFrame::LoadBook(const QString& fileName)
+{
+    CLoadProgress progress(*this, m_statusBar);
+    return m_book.load(fileName, [&](int percent) { progress.Show(percent); });
 }
 
 void CMainFrame::ReportUnread(const QString& fileName, const CString_X& error)
@@ -409,6 +417,7 @@ void CMainFrame::ShowChart()
     const std::vector<KindStock> stock = stockByKind(m_book);
     m_chart.Show(stock);
     m_splitter.Tree().Show(m_book);
+    m_findBar.ShowHits();
     m_statusBar.ShowCounts(m_book.count(), m_book.countShort());
     OnNameSelected();
     OnPartSelected();
@@ -470,10 +479,10 @@ LRESULT CMainFrame::OnFindPart(WPARAM matchCase, LPARAM text)
     const auto& wanted = *reinterpret_cast<const CString_X*>(text);
     const int row = m_book.find(wanted, matchCase != 0, SelectedRow());
     if (row < 0)
-        return FALSE;
+        return 0;
     SelectRow(row);
     ShowStatus(IDS_FOUND, m_book.part(row).number);
-    return TRUE;
+    return row + 1;
 }
 
 // ----------------------------------------------------------------------------------------------- status and messages

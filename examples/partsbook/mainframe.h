@@ -70,6 +70,7 @@ private Q_SLOTS:
 
 private:
     void ConnectCommands();
+    bool LoadBook(const QString& fileName);
     bool SaveBook(const QString& fileName);
     void ShowName();
     void ShowRecentFiles();
@@ -94,6 +95,6 @@ private:
     CTreeSplitter m_splitter;
     CPartsToolBar m_toolBar;
     CPartsStatusBar m_statusBar;
-    CFindBar m_findBar;
+    CFindBar m_findBar{m_book, m_pictures};
     CMessageView m_messages;
 };

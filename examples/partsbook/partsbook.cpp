@@ -1,6 +1,5 @@
 #include "partsbook.h"
 
-#include "bookarchive.h"
 #include "bookfile.h"
 #include "text.h"
 
@@ -25,14 +24,14 @@ bool isArchive(const QString& fileName) { return fileName.endsWith(QLatin1String
 
 // ---------------------------------------------------------------------------------------------------------- the file
 
-bool PartsBook::load(const QString& fileName)
+bool PartsBook::load(const QString& fileName, const Progress& progress)
 {
     QByteArray content;
     if (!readWhole(fileName, content, m_error))
         return false;
     PartsBook book;
     if (isArchive(fileName))
-        m_error = book.takeArchive(content);
+        m_error = book.takeArchive(content, progress);
     else
         book.takeCsv(content);
     if (!m_error.IsEmpty())
@@ -56,10 +55,10 @@ void PartsBook::takeCsv(QByteArray text)
 }
 
 // The lines are those that a CSV file would have.
-CString_X PartsBook::takeArchive(const QByteArray& archive)
+CString_X PartsBook::takeArchive(const QByteArray& archive, const Progress& progress)
 {
     std::vector<Part> parts;
-    CString_X problem = readArchive(archive, parts);
+    CString_X problem = readArchive(archive, parts, progress);
     m_rest = csvLine(partColumns()) + m_lineEnd;
     for (const Part& part : parts)
         m_entries.push_back({std::exchange(m_rest, {}), csvLine(fieldsOf(part)) + m_lineEnd, part});
@@ -165,6 +164,16 @@ int PartsBook::find(const CString_X& text, bool matchCase, int row) const
             return next;
     }
     return -1;
+}
+
+std::vector<int> PartsBook::findAll(const CString_X& text, bool matchCase) const
+{
+    std::vector<int> rows;
+    for (int row = 0; row < count(); ++row) {
+        if (hasText(part(row), text, matchCase))
+            rows.push_back(row);
+    }
+    return rows;
 }
 
 int PartsBook::countShort() const

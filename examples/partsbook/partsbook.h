@@ -1,6 +1,6 @@
 #pragma once
 
-#include "part.h"
+#include "bookarchive.h"
 
 #include <QString>
 
@@ -20,8 +20,8 @@ public:
     };
 
     /// Takes the parts of a file. False, with the book as it was, if it cannot be read, is larger than 64 MiB, or is no
-    /// archive though its name says so.
-    bool load(const QString& fileName);
+    /// archive though its name says so. Tells of the progress with a large archive.
+    bool load(const QString& fileName, const Progress& progress = {});
     /// Writes the file that was read. False if that fails: then the file is as it was.
     bool save() { return saveAs(m_fileName); }
     /// Writes the book to this file, whose name says in which form, and goes on with it. False if that fails: then file
@@ -47,6 +47,8 @@ public:
 
     /// The row of the next part with this text behind `row`, then from the first one on; -1 if there is none.
     int find(const CString_X& text, bool matchCase, int row) const;
+    /// The rows of all parts with this text.
+    std::vector<int> findAll(const CString_X& text, bool matchCase) const;
     int countShort() const;
     /// The kinds or the suppliers of all parts, each once, in the order of their first parts. An empty one is left out.
     std::vector<CString_X> namesOf(CString_X Part::*field) const;
@@ -62,7 +64,7 @@ private:
     const Entry& entry(int row) const { return m_entries.at(static_cast<std::size_t>(row)); }
     Entry& entry(int row) { return m_entries.at(static_cast<std::size_t>(row)); }
     void takeCsv(QByteArray text);
-    CString_X takeArchive(const QByteArray& archive);
+    CString_X takeArchive(const QByteArray& archive, const Progress& progress);
     void take(const CsvRecord& record);
     void endLastLine();
     QByteArray csv() const;

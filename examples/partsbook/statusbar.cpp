@@ -22,6 +22,12 @@ void CPartsStatusBar::Open(CWnd_X& frame)
     frame.Imp<QMainWindow>()->setStatusBar(Imp<QStatusBar>());
 }
 
+CRect CPartsStatusBar::MessageRect() const
+{
+    constexpr int margin = 4;
+    return {margin, margin, margin + widths[Message], GetSafeHwnd()->height() - margin};
+}
+
 void CPartsStatusBar::ShowCounts(int parts, int shortParts)
 {
     ShowText(Count, formatText(loadText(IDS_COUNT), parts));

@@ -13,6 +13,8 @@ class CPartsStatusBar : public CStatusBar_X
     void Open(CWnd_X& frame);
     /// An empty text takes the message away.
     void ShowMessage(const CString_X& text) { ShowText(Message, text); }
+    /// The place of the message in the bar, for what is shown there instead.
+    CRect MessageRect() const;
     void ShowCounts(int parts, int shortParts);
     void ShowModified(bool modified);
 

@@ -70,7 +70,7 @@ private slots:
 private:
     QWidget* pane() const { return m_frame->GetSafeHwnd()->findChild<QWidget*>("IDC_CHART"); }
     CStockChart* chart() const { return static_cast<CStockChart*>(CWnd_X::FromHandlePermanent(pane())); }
-    QTableWidget* table() const { return m_frame->GetSafeHwnd()->findChild<QTableWidget*>(); }
+    QTableWidget* table() const { return m_frame->GetSafeHwnd()->findChild<QTableWidget*>("IDC_PARTS"); }
     void click(CPoint place) { QTest::mouseClick(pane(), Qt::LeftButton, {}, {place.x, place.y}); }
 
     QScopedPointer<QTemporaryDir> m_folder;

@@ -56,7 +56,7 @@ private slots:
 
 private:
     QWidget* window() const { return m_frame->GetSafeHwnd(); }
-    QTableWidget* table() const { return window()->findChild<QTableWidget*>(); }
+    QTableWidget* table() const { return window()->findChild<QTableWidget*>("IDC_PARTS"); }
     QAction* command(unsigned id) const { return window()->findChild<QAction*>(ToStringId(id)); }
     bool isMessageWindowVisible() const;
     QPoint onScreen(const QWidget* widget, QPoint point) const;
