@@ -65,7 +65,8 @@ CGridCtrl_X::~CGridCtrl_X()
     m_state->isDestroyed = true;
     m_idCurrentCell = CCellID_X();
     DeleteAllItems();
-    delete m_pImage;
+    if (!m_state->isPainting)
+        delete m_pImage;
     m_TitleTip.DestroyWindow();
 }
 

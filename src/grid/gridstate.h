@@ -38,12 +38,17 @@ struct GridState
     GridLines columns;
     bool isMovingBar = false; // the grid itself sets the position of a bar
     bool isDestroyed = false; // the destructor runs: nobody is told of anything
+    bool isPainting = false;  // OnDraw() runs: the image is its painter's
+    bool isRealKey = false;   // a key event is being handled, so the modifiers of its message are all that are held
 
     EditorLife* editor = nullptr; // the open one, until its end begins
     UINT heldKeys = 0;            // MK_SHIFT and MK_CONTROL while a key that ended an edit is replayed
 
     // Selected cells whose row or column the keys of the selection map do not hold.
     std::unordered_set<unsigned long long> farSelected;
+    std::unordered_set<unsigned long long> farPrevSelected; // of the map of what stays selected
+
+    CCellRange_X lastRange; // what was selected last, as far as nobody has changed it
 
     // The merged blocks: SetCellCombine() and SetFixedCellCombine() add them, UndoCellCombine() takes them out.
     std::vector<CCellRange_X> blocks;
