@@ -81,9 +81,11 @@ LRESULT CGridCtrl_X::OnEndInPlaceEdit(WPARAM, LPARAM lParam)
     if (!living || !isReplayed || widget != GetSafeHwnd())
         return 1;
     const UINT heldBefore = std::exchange(m_state->heldKeys, xe::EditorLife::endingModifiers());
+    const bool wasRealKey = std::exchange(m_state->isRealKey, true);
     OnKeyDown(key, 0, 0);
     if (!living)
         return 1;
+    m_state->isRealKey = wasRealKey;
     m_state->heldKeys = heldBefore;
     if (widget && widget == GetSafeHwnd())
         OnEditCell(m_idCurrentCell.row, m_idCurrentCell.col, CPoint(-1, -1), key);
