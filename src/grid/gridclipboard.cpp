@@ -1,11 +1,218 @@
-#include "XeGridCtrl.h"
+// Copying, cutting and pasting.
 
-void CGridCtrl_X::CutSelectedText() {}
-QMimeData* CGridCtrl_X::CopyTextFromGrid() { return nullptr; }
-int CGridCtrl_X::PasteTextToGrid(CCellID_X, const QMimeData*) { return 0; }
-void CGridCtrl_X::OnEditCut() {}
-void CGridCtrl_X::OnEditCopy() {}
-void CGridCtrl_X::OnEditPaste() {}
-void CGridCtrl_X::OnUpdateEditCopy(CCmdUI_X*) {}
-void CGridCtrl_X::OnUpdateEditCut(CCmdUI_X*) {}
-void CGridCtrl_X::OnUpdateEditPaste(CCmdUI_X*) {}
+#include "XeGridCtrl.h"
+#include "grid/selectionmaps.h"
+#include "text/widetext.h"
+#include "xeafxmenu.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QPointer>
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+using Text = std::wstring_view;
+
+bool isShown(const CGridCtrl_X& grid, int row, int col)
+{
+    return grid.GetRowHeight(row) > 0 && grid.GetColumnWidth(col) > 0;
+}
+
+std::vector<int> shownColumns(const CGridCtrl_X& grid, const CCellRange_X& range)
+{
+    std::vector<int> columns;
+    for (int col = range.m_nMinCol; col <= range.m_nMaxCol; ++col) {
+        if (grid.GetColumnWidth(col) > 0)
+            columns.push_back(col);
+    }
+    return columns;
+}
+
+// The texts of the selected cells of a row, the others empty, with tabs between.
+void appendRow(QString& text, const CGridCtrl_X& grid, int row, const std::vector<int>& columns)
+{
+    bool isFirst = true;
+    for (const int col : columns) {
+        if (!isFirst)
+            text += QLatin1Char('\t');
+        isFirst = false;
+        const CGridCellBase_X* const cell = grid.cellAt(row, col);
+        if (cell && cell->GetState() & CGridCellBase_X::Selected)
+            text += XeQString(cell->GetText());
+    }
+}
+
+std::vector<Text> splitLines(Text text)
+{
+    std::vector<Text> lines;
+    while (!text.empty()) {
+        const std::size_t end = text.find(L'\n');
+        lines.push_back(end == 0 ? Text(L" ") : text.substr(0, end));
+        text.remove_prefix(end == Text::npos ? text.size() : end + 1);
+    }
+    return lines;
+}
+
+// Separators in a row count as one.
+std::vector<Text> splitFields(Text line)
+{
+    constexpr Text separators = L"\t,\n";
+    std::vector<Text> fields;
+    for (std::size_t begin = 0; (begin = line.find_first_not_of(separators, begin)) != Text::npos;) {
+        const std::size_t end = std::min(line.find_first_of(separators, begin), line.size());
+        fields.push_back(line.substr(begin, end - begin));
+        begin = end;
+    }
+    return fields;
+}
+
+// Brackets a change of a cell by the notifications of an edit. False if the grid has gone.
+template <class Change>
+bool changeCell(const QPointer<CGridCtrl_X>& grid, int row, int col, Change change)
+{
+    grid->SendMessageToParent(row, col, static_cast<int>(LVN_BEGINLABELEDITW));
+    CGridCellBase_X* const cell = grid ? grid->cellAt(row, col) : nullptr;
+    if (!cell)
+        return grid;
+    change(*cell);
+    grid->SetModified(TRUE, row, col);
+    grid->SendMessageToParent(row, col, static_cast<int>(LVN_ENDLABELEDITW));
+    return grid;
+}
+
+bool pasteField(const QPointer<CGridCtrl_X>& grid, int row, int col, Text field)
+{
+    CString_X text(field.data(), static_cast<int>(field.size()));
+    text.Trim();
+    const auto setText = [&](CGridCellBase_X&) { grid->SetItemText(row, col, text); };
+    if (!changeCell(grid, row, col, setText))
+        return false;
+    grid->SetItemState(row, col, grid->GetItemState(row, col) & ~CGridCellBase_X::Selected);
+    return true;
+}
+
+bool pasteLine(const QPointer<CGridCtrl_X>& grid, int row, int col, Text line)
+{
+    for (const Text& field : splitFields(line)) {
+        while (grid->GetColumnWidth(col) == 0)
+            ++col;
+        if (grid->IsValid(row, col) && !pasteField(grid, row, col, field))
+            return false;
+        ++col;
+    }
+    return true;
+}
+
+void enable(CCmdUI_X* command, bool on)
+{
+    if (command)
+        command->Enable(on ? 1 : 0);
+}
+
+bool hasSelection(const CGridCtrl_X& grid) { return grid.IsValid(grid.GetSelectedCellRange()); }
+
+} // namespace
+
+// ------------------------------------------------------------------------------------------------------------ the text
+
+QMimeData* CGridCtrl_X::CopyTextFromGrid()
+{
+    const CCellRange_X range = GetSelectedCellRange();
+    if (!IsValid(range))
+        return nullptr;
+    const std::vector<int> columns = shownColumns(*this, range);
+    QString text;
+    bool isFirst = true;
+    for (int row = range.m_nMinRow; row <= range.m_nMaxRow; ++row) {
+        if (GetRowHeight(row) <= 0)
+            continue;
+        if (!isFirst)
+            text += QLatin1Char('\n');
+        isFirst = false;
+        appendRow(text, *this, row, columns);
+    }
+    auto data = std::make_unique<QMimeData>();
+    data->setText(text);
+    return data.release();
+}
+
+int CGridCtrl_X::PasteTextToGrid(CCellID_X cell, const QMimeData* data)
+{
+    if (!IsValid(cell) || !IsCellEditable(cell) || !data || !data->hasText())
+        return FALSE;
+    const QPointer<CGridCtrl_X> living(this);
+    const std::wstring text = data->text().toStdWString();
+    int row = cell.row;
+    for (const Text& line : splitLines(text)) {
+        while (GetRowHeight(row) == 0)
+            ++row;
+        if (!pasteLine(living, row, cell.col, line))
+            return FALSE;
+        ++row;
+    }
+    Invalidate(TRUE);
+    return TRUE;
+}
+
+void CGridCtrl_X::CutSelectedText()
+{
+    if (!m_bEditable)
+        return;
+    const QPointer<CGridCtrl_X> living(this);
+    for (const CCellID_X& id : xe::selectedCells(*this)) {
+        if (!IsCellEditable(id) || !isShown(*this, id.row, id.col))
+            continue;
+        if (!changeCell(living, id.row, id.col, [](CGridCellBase_X& cell) { cell.SetText(L""); }))
+            return;
+    }
+    Invalidate(TRUE);
+}
+
+// ------------------------------------------------------------------------------------------------------- the clipboard
+
+void CGridCtrl_X::OnEditCopy()
+{
+    if (QMimeData* const data = CopyTextFromGrid())
+        QGuiApplication::clipboard()->setMimeData(data);
+}
+
+void CGridCtrl_X::OnEditCut()
+{
+    if (!m_bEditable)
+        return;
+    const QPointer<CGridCtrl_X> living(this);
+    QMimeData* const data = CopyTextFromGrid();
+    if (!data)
+        return;
+    QGuiApplication::clipboard()->setMimeData(data);
+    if (living)
+        CutSelectedText();
+}
+
+void CGridCtrl_X::OnEditPaste()
+{
+    if (!m_bEditable)
+        return;
+    const CCellID_X cell = IsValid(m_idCurrentCell) ? m_idCurrentCell : GetTopleftNonFixedCell();
+    if (const QMimeData* const data = QGuiApplication::clipboard()->mimeData())
+        PasteTextToGrid(cell, data);
+}
+
+void CGridCtrl_X::OnUpdateEditCopy(CCmdUI_X* command) { enable(command, hasSelection(*this)); }
+
+void CGridCtrl_X::OnUpdateEditCut(CCmdUI_X* command) { enable(command, m_bEditable && hasSelection(*this)); }
+
+void CGridCtrl_X::OnUpdateEditPaste(CCmdUI_X* command)
+{
+    const auto hasText = [] {
+        const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
+        return data && data->hasText();
+    };
+    enable(command, IsValid(m_idCurrentCell) && IsCellEditable(m_idCurrentCell) && hasText());
+}
