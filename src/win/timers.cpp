@@ -41,6 +41,15 @@ QTimer* newTimer(QWidget* window, int id, TIMERPROC proc)
     return timer;
 }
 
+// No child any more, but there until later: the handler that ends it may be in the midst of Qt's way through the children
+// of its window, which Qt shows, activates or paints one by one from a copy of their list.
+void drop(QTimer& timer)
+{
+    timer.stop();
+    timer.setParent(nullptr);
+    timer.deleteLater();
+}
+
 } // namespace
 
 UINT_PTR SetTimer_X(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC proc)
@@ -65,7 +74,8 @@ BOOL KillTimer_X(HWND, UINT_PTR id)
     const auto entry = g_appEventHandler.timers.find(static_cast<int>(id));
     if (entry == g_appEventHandler.timers.end())
         return FALSE;
-    entry->second->stop();
-    delete entry->second; // takes its entry along
+    QTimer& timer = *entry->second;
+    g_appEventHandler.timers.erase(entry);
+    drop(timer);
     return TRUE;
 }
