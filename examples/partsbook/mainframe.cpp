@@ -3,6 +3,7 @@
 
 #include "bookdialogs.h"
 #include "bookprinter.h"
+#include "columnsdialog.h"
 #include "commandupdates.h"
 #include "control.h"
 #include "hostservices.h"
@@ -62,6 +63,7 @@ void CMainFrame::SetupUI()
 {
     Ui::CTavoMainFrame().setupUi(Imp<QMainWindow>());
     setUpPartsTable(Table());
+    showColumns(Table(), settings::hiddenColumns());
 }
 
 int CMainFrame::OnCreate(tagCREATESTRUCTW* createStruct)
@@ -99,6 +101,7 @@ void CMainFrame::ConnectCommands()
     Connect(ID_EDIT_REPEAT, SIGNAL(triggered()), this, SLOT(OnEditRepeat()), window);
     Connect(ID_VIEW_MESSAGES, SIGNAL(triggered()), this, SLOT(OnViewMessages()), window);
     Connect(ID_VIEW_SHORT_COLOR, SIGNAL(triggered()), this, SLOT(OnViewShortColor()), window);
+    Connect(ID_VIEW_COLUMNS, SIGNAL(triggered()), this, SLOT(OnViewColumns()), window);
     Connect(IDC_PARTS, SIGNAL(cellActivated(int, int)), this, SLOT(OnPartEdit()), window);
     Connect(IDC_PARTS, SIGNAL(currentCellChanged(int, int, int, int)), this, SLOT(OnPartSelected()), window);
     Connect(IDC_TREE, SIGNAL(currentItemChanged(QTreeWidgetItem*, QTreeWidgetItem*)), this, SLOT(OnNameSelected()),
@@ -521,6 +524,16 @@ void CMainFrame::OnViewShortColor()
         return;
     settings::setShortColor(color);
     ShowParts();
+}
+
+void CMainFrame::OnViewColumns()
+{
+    CColumnsDialog dialog(headingsOf(Table()), this);
+    dialog.m_hidden = settings::hiddenColumns();
+    if (dialog.DoModal() != IDOK)
+        return;
+    settings::setHiddenColumns(dialog.m_hidden);
+    showColumns(Table(), dialog.m_hidden);
 }
 
 bool CMainFrame::TraceTo(const QString& fileName)

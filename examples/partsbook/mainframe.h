@@ -64,6 +64,7 @@ private Q_SLOTS:
     void OnEditRepeat();
     void OnViewMessages();
     void OnViewShortColor();
+    void OnViewColumns();
     void OnPartSelected();
     void OnNameSelected();
     void OnUpdateCommands();

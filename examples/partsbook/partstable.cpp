@@ -15,8 +15,9 @@ struct Column
 
 // In the order of the fields.
 const Column columns[]{
-    {97, Qt::AlignLeft},  {240, Qt::AlignLeft}, {115, Qt::AlignLeft}, {134, Qt::AlignLeft},   {80, Qt::AlignLeft},
-    {76, Qt::AlignRight}, {72, Qt::AlignRight}, {76, Qt::AlignRight}, {80, Qt::AlignHCenter}, {50, Qt::AlignLeft},
+    {97, Qt::AlignLeft},    {230, Qt::AlignLeft}, {115, Qt::AlignLeft}, {134, Qt::AlignLeft},
+    {80, Qt::AlignLeft},    {76, Qt::AlignRight}, {72, Qt::AlignRight}, {76, Qt::AlignRight},
+    {80, Qt::AlignHCenter}, {50, Qt::AlignLeft},  {96, Qt::AlignLeft},
 };
 constexpr int rowHeight = 26;
 
@@ -44,6 +45,20 @@ void setUpPartsTable(QTableWidget& table)
     }
 }
 
+std::vector<CString_X> headingsOf(const QTableWidget& table)
+{
+    std::vector<CString_X> headings;
+    for (int column = 0; column < table.columnCount(); ++column)
+        headings.push_back(table.horizontalHeaderItem(column)->text());
+    return headings;
+}
+
+void showColumns(QTableWidget& table, unsigned hidden)
+{
+    for (int column = 0; column < table.columnCount(); ++column)
+        table.setColumnHidden(column, hidden >> column & 1);
+}
+
 void showParts(QTableWidget& table, const PartsBook& book, COLORREF shortColor)
 {
     table.setRowCount(book.count());
@@ -54,8 +69,10 @@ void showParts(QTableWidget& table, const PartsBook& book, COLORREF shortColor)
 void showPart(QTableWidget& table, int row, const Part& part, COLORREF shortColor)
 {
     const CsvFields fields = fieldsOf(part);
+    const int count = static_cast<int>(fields.size()); // the last ones may be left out
     for (int column = 0; column < table.columnCount(); ++column) {
-        auto* const item = new QTableWidgetItem(XeQString(fields.at(static_cast<std::size_t>(column))));
+        auto* const item =
+            new QTableWidgetItem(XeQString(column < count ? fields[static_cast<std::size_t>(column)] : CString_X()));
         item->setTextAlignment(columns[column].alignment | Qt::AlignVCenter);
         item->setForeground(colorOf(part, table.palette(), shortColor));
         table.setItem(row, column, item);

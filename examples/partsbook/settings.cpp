@@ -97,6 +97,16 @@ COLORREF settings::shortColor()
 
 void settings::setShortColor(COLORREF color) { Key(viewKey).set(L"ShortColor", static_cast<int>(color)); }
 
+unsigned settings::hiddenColumns()
+{
+    constexpr unsigned source = 1 << 4;
+    constexpr unsigned inUse = 1 << 8;
+    constexpr unsigned delivered = 1 << 10;
+    return static_cast<unsigned>(Key(viewKey).number(L"HiddenColumns", source | inUse | delivered));
+}
+
+void settings::setHiddenColumns(unsigned columns) { Key(viewKey).set(L"HiddenColumns", static_cast<int>(columns)); }
+
 int settings::treeWidth() { return Key(windowKey).number(L"Tree", 168); }
 
 void settings::setTreeWidth(int width) { Key(windowKey).set(L"Tree", width); }

@@ -17,6 +17,10 @@ void setWindowPlace(const QRect& place);
 COLORREF shortColor();
 void setShortColor(COLORREF color);
 
+/// The columns of the list of parts that are not shown: a bit for each.
+unsigned hiddenColumns();
+void setHiddenColumns(unsigned columns);
+
 /// How wide the tree is at the left of the list, in pixels.
 int treeWidth();
 void setTreeWidth(int width);

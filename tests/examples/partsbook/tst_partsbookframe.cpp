@@ -228,7 +228,7 @@ void tst_PartsbookFrame::showsTheParts()
     QVERIFY(open(heading + screw + bearing + motor));
     QCOMPARE(window()->windowTitle(), QString("Parts Book 零件簿 - parts.csv[*]"));
     QCOMPARE(table()->rowCount(), 3);
-    QCOMPARE(table()->columnCount(), 10);
+    QCOMPARE(table()->columnCount(), 11);
     QCOMPARE(table()->currentRow(), 0);
     QCOMPARE(cell(0, 1), QString("Screw 螺钉"));
     QCOMPARE(cell(2, 9), QString("heavy"));
