@@ -41,8 +41,8 @@ QTimer* newTimer(QWidget* window, int id, TIMERPROC proc)
     return timer;
 }
 
-// No child any more, but there until later: the handler that ends it may be in the midst of Qt's way through the children
-// of its window, which Qt shows, activates or paints one by one from a copy of their list.
+// No child any more, but there until later: Qt shows, activates and paints the children of a window one by one from a
+// copy of their list, and a handler in the midst of that may be what ends the timer.
 void drop(QTimer& timer)
 {
     timer.stop();

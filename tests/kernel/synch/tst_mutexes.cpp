@@ -185,7 +185,7 @@ void tst_Mutexes::withoutLock()
 void tst_Mutexes::closeWithAWaiterInside()
 {
     const HANDLE mutex = CreateMutex(nullptr, TRUE, L"name");
-    Waiter waiter(mutex, 20);
+    Waiter waiter(mutex, 300); // longer than a busy machine takes to see it inside
     untilInside(mutex, 1);
     QCOMPARE(XeCloseHandle(mutex), 1);
     QCOMPARE(g_mapXeHandle.size(), 1);
