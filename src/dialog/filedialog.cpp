@@ -3,6 +3,7 @@
 #include "dialog/filetypes.h"
 #include "dialog/standardbuttons.h"
 
+#include <QAbstractProxyModel>
 #include <QComboBox>
 #include <QFileInfo>
 #include <QFileSystemModel>
