@@ -17,7 +17,7 @@ function(xe_register_run name)
     set_tests_properties(${name} PROPERTIES
         TIMEOUT ${arg_TIMEOUT} LABELS "${platform};${arg_LABELS}" FAIL_REGULAR_EXPRESSION QWARN)
     if(arg_X11)
-        set_tests_properties(${name} PROPERTIES RUN_SERIAL ON)
+        set_tests_properties(${name} PROPERTIES RESOURCE_LOCK screen)
     endif()
 endfunction()
 
