@@ -74,13 +74,24 @@ std::unique_ptr<CWnd_X> makeWrapper(int i)
     }
 }
 
-QByteArray nameOf(int i) { return "control" + QByteArray::number(i); }
+using Names = std::array<QByteArray, controlCount>;
+
+const Names& controlNames()
+{
+    static const Names names = [] {
+        Names made;
+        for (int i = 0; i < controlCount; ++i)
+            made[i] = "control" + QByteArray::number(i);
+        return made;
+    }();
+    return names;
+}
 
 void fillForm(QWidget& form)
 {
     for (int i = 0; i < controlCount; ++i) {
         QWidget* const control = makeControl(i, &form);
-        control->setObjectName(QString::fromLatin1(nameOf(i)));
+        control->setObjectName(QString::fromLatin1(controlNames()[i]));
         control->setGeometry(10 + i % 5 * 100, 10 + i / 5 * 30, 90, 25);
     }
 }
@@ -113,9 +124,7 @@ void wrapForm(benchmark::State& state)
     fillForm(form);
     CWnd_X dialog;
     dialog.SubclassWindow(&form);
-    std::array<QByteArray, controlCount> names;
-    for (int i = 0; i < controlCount; ++i)
-        names[i] = nameOf(i);
+    const Names& names = controlNames();
     for (auto _ : state) {
         for (int i = 0; i < controlCount; ++i) {
             const std::unique_ptr<CWnd_X> control = makeWrapper(i);
@@ -130,9 +139,7 @@ void tieForm(benchmark::State& state)
 {
     QDialog form;
     fillForm(form);
-    std::array<QByteArray, controlCount> names;
-    for (int i = 0; i < controlCount; ++i)
-        names[i] = nameOf(i);
+    const Names& names = controlNames();
     for (auto _ : state) {
         for (int i = 0; i < controlCount; ++i) {
             const auto filter = std::make_unique<TiedFilter>();
@@ -266,40 +273,49 @@ public:
     void DoDataExchange(CDataExchange_X* exchange) override
     {
         for (int i = 0; i < controlCount; ++i)
-            DDX_Control(exchange, nameOf(i).constData(), *controls[i]);
+            DDX_Control(exchange, controlNames()[i].constData(), *controls[i]);
     }
 
     std::array<std::unique_ptr<CWnd_X>, controlCount> controls;
 };
 
+std::unique_ptr<ControlDialog> openedControls()
+{
+    auto dialog = std::make_unique<ControlDialog>();
+    dialog->CWnd_X::Create(static_cast<QWidget*>(nullptr));
+    dialog->ShowWindow(SW_SHOW);
+    return dialog;
+}
+
+void end(std::unique_ptr<ControlDialog> dialog) { dialog->DestroyWindow(); }
+
+std::unique_ptr<QDialog> openedWidgets()
+{
+    auto dialog = std::make_unique<QDialog>();
+    fillForm(*dialog);
+    dialog->show();
+    return dialog;
+}
+
+void end(std::unique_ptr<QDialog> dialog) { dialog->hide(); }
+
 // What follows the dialog's coming up is not measured.
-void openControlDialog(benchmark::State& state)
+template <class Open>
+void openDialog(benchmark::State& state, Open open)
 {
     for (auto _ : state) {
-        ControlDialog dialog;
-        dialog.CWnd_X::Create(static_cast<QWidget*>(nullptr));
-        dialog.ShowWindow(SW_SHOW);
+        auto dialog = open();
         QCoreApplication::processEvents();
         state.PauseTiming();
-        dialog.DestroyWindow();
+        end(std::move(dialog));
         settle();
         state.ResumeTiming();
     }
 }
 
-void openPlainDialog(benchmark::State& state)
-{
-    for (auto _ : state) {
-        const auto dialog = std::make_unique<QDialog>();
-        fillForm(*dialog);
-        dialog->show();
-        QCoreApplication::processEvents();
-        state.PauseTiming();
-        dialog->hide();
-        settle();
-        state.ResumeTiming();
-    }
-}
+void openControlDialog(benchmark::State& state) { openDialog(state, openedControls); }
+
+void openPlainDialog(benchmark::State& state) { openDialog(state, openedWidgets); }
 
 } // namespace
 
