@@ -89,25 +89,6 @@ inline constexpr DWORD LBS_EXTENDEDSEL = 0x800;
 inline constexpr int LB_OKAY = 0;
 inline constexpr int LB_ERR = -1;
 
-namespace xe::detail {
-
-/// The parent of a control that is to be made: a widget or its wrapper, null for the host's main window.
-class ParentWindow
-{
-public:
-    ParentWindow(QWidget* widget) : m_widget(widget) {}
-    template <class Window, IfWindow<Window> = 0>
-    ParentWindow(const Window* window) : m_widget(window ? window->GetSafeHwnd() : nullptr)
-    {}
-
-    operator QWidget*() const { return m_widget; }
-
-private:
-    QWidget* m_widget;
-};
-
-} // namespace xe::detail
-
 // ------------------------------------------------------------------------------------------------------------- buttons
 
 /// A push button, check box, radio button or group box.

@@ -441,7 +441,7 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     virtual void DoDataExchange(CDataExchange_X* exchange);
     /// Adds the menu to the window's menu bar, in a QMainWindow its own, and shows that; null empties and hides it. 1;
     /// 0 without a menu bar, which a QSplitter never has, nor a QMainWindow with another widget in its place. A control
-    /// has one only when it has been given a menu.
+    /// or dialog has one only when it has been given a menu.
     virtual int SetMenu(CMenu_X* menu);
     /// Adds several menus, each a drop-down list with its title; a null one is left out.
     virtual int SetMenu(QList<CMenu_X*> menus);
@@ -454,9 +454,9 @@ class XE_EXPORT CWnd_X : public CCmdTarget_X
     /// The vertical bar if `bar` is not 0, else the horizontal one; null if it was never made. It belongs to the
     /// window.
     virtual QScrollBar* GetScrollBarCtrl(int bar) const;
-    /// The first step of an attachment: calls SetupUI(), makes the scroll bars of the style and, but for a control, a
-    /// hidden menu bar. Of the record only the style is filled in. A result that is not 0 refuses the attachment. It is
-    /// not called by WM_CREATE, which nobody sends.
+    /// The first step of an attachment: calls SetupUI(), makes the scroll bars of the style and, but for controls and
+    /// dialogs, a hidden menu bar. Of the record only the style is filled in. A result that is not 0 refuses the
+    /// attachment. It is not called by WM_CREATE, which nobody sends.
     virtual int OnCreate(tagCREATESTRUCTW* createStruct);
 
     // -------------------------------------------------------------- handlers that pass the event on to the widget (Qt)
@@ -611,7 +611,8 @@ Q_SIGNALS:
     void updateCmdUi();
 
 protected:
-    /// For the classes of controls, which hardly ever show a menu bar: it is made by SetMenu() and not by OnCreate().
+    /// For controls and dialogs, which hardly ever show a menu bar: it is made by SetMenu() and not by OnCreate(), since
+    /// it takes Qt as long to make as ten controls.
     struct Control
     {
     };
@@ -670,9 +671,8 @@ private:
 
     bool filterMessage(const xe::EventRow& row, QObject* target, QEvent* event);
     bool filterWithoutMessage(QObject* target, QEvent* event);
-    bool filterViewport(const xe::EventRow* row, QEvent* event);
+    bool filterViewport(const xe::EventRow& row, QEvent* event);
     bool filterTool(const xe::EventRow& row, QObject* tool, QEvent* event);
-    bool screenMessage(xe::MessageParameters& message, QObject& target, xe::PointerPosition& pointer);
     int callEntry(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     int handleUnusual(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
     bool offerCursorToAncestors(const xe::DispatchFrame& frame, WPARAM wParam, LPARAM lParam, LRESULT& result);
@@ -688,3 +688,22 @@ private:
     std::unique_ptr<xe::Viewport> m_viewport; // of a scroll area
     const bool m_isControl = false;
 };
+
+namespace xe::detail {
+
+/// The parent of a control that is to be made: a widget or its wrapper, null for the host's main window.
+class ParentWindow
+{
+public:
+    ParentWindow(QWidget* widget) : m_widget(widget) {}
+    template <class Window, IfWindow<Window> = 0>
+    ParentWindow(const Window* window) : m_widget(window ? window->GetSafeHwnd() : nullptr)
+    {}
+
+    operator QWidget*() const { return m_widget; }
+
+private:
+    QWidget* m_widget;
+};
+
+} // namespace xe::detail

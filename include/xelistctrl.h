@@ -202,25 +202,10 @@ class XE_EXPORT CListCtrl_X : public CWnd_X
     ~CListCtrl_X() override;
 
     /// As CWnd_X::Create(), without WS_VSCROLL and WS_HSCROLL: the table has scroll bars of its own. `id` is ignored.
-    using CWnd_X::Create;
-    int Create(DWORD style, QWidget* parent);
-    int Create(DWORD style, const tagRECT& rect, QWidget* parent);
-    int Create(DWORD style, const tagRECT& rect, QWidget* parent, UINT id);
-    template <class Window, xe::detail::IfWindow<Window> = 0>
-    int Create(DWORD style, const Window* parent)
-    {
-        return Create(style, parent ? parent->GetSafeHwnd() : nullptr);
-    }
-    template <class Window, xe::detail::IfWindow<Window> = 0>
-    int Create(DWORD style, const tagRECT& rect, const Window* parent)
-    {
-        return Create(style, rect, parent ? parent->GetSafeHwnd() : nullptr);
-    }
-    template <class Window, xe::detail::IfWindow<Window> = 0>
-    int Create(DWORD style, const tagRECT& rect, const Window* parent, UINT)
-    {
-        return Create(style, rect, parent ? parent->GetSafeHwnd() : nullptr);
-    }
+    int Create(DWORD style, xe::detail::ParentWindow parent);
+    int Create(DWORD style, const tagRECT& rect, xe::detail::ParentWindow parent);
+    int Create(DWORD style, const tagRECT& rect, xe::detail::ParentWindow parent, UINT id);
+    int Create(QWidget* parent) override { return CWnd_X::Create(parent); }
 
     // --------------------------------------------------------------------------------------------------------- columns
 

@@ -131,25 +131,10 @@ class XE_EXPORT CTreeCtrl_X : public CWnd_X
 
     /// As CWnd_X::Create(), and hides the header. WS_VSCROLL and WS_HSCROLL are left out: the tree has scroll bars of
     /// its own. `id` is ignored.
-    using CWnd_X::Create;
-    int Create(DWORD style, QWidget* parent);
-    int Create(DWORD style, const tagRECT& rect, QWidget* parent);
-    int Create(DWORD style, const tagRECT& rect, QWidget* parent, UINT id);
-    template <class Window, xe::detail::IfWindow<Window> = 0>
-    int Create(DWORD style, const Window* parent)
-    {
-        return Create(style, parent ? parent->GetSafeHwnd() : nullptr);
-    }
-    template <class Window, xe::detail::IfWindow<Window> = 0>
-    int Create(DWORD style, const tagRECT& rect, const Window* parent)
-    {
-        return Create(style, rect, parent ? parent->GetSafeHwnd() : nullptr);
-    }
-    template <class Window, xe::detail::IfWindow<Window> = 0>
-    int Create(DWORD style, const tagRECT& rect, const Window* parent, UINT)
-    {
-        return Create(style, rect, parent ? parent->GetSafeHwnd() : nullptr);
-    }
+    int Create(DWORD style, xe::detail::ParentWindow parent);
+    int Create(DWORD style, const tagRECT& rect, xe::detail::ParentWindow parent);
+    int Create(DWORD style, const tagRECT& rect, xe::detail::ParentWindow parent, UINT id);
+    int Create(QWidget* parent) override { return CWnd_X::Create(parent); }
 
     // ----------------------------------------------------------------------------------------------- making and ending
 

@@ -43,14 +43,20 @@ CListCtrl_X::~CListCtrl_X() = default;
 
 bool CListCtrl_X::AttachDefault(QWidget* parent) { return Attach(new QTableWidget(parent), parent, false); }
 
-int CListCtrl_X::Create(DWORD style, QWidget* parent) { return CWnd_X::Create(style & ~ownBars, parent); }
+int CListCtrl_X::Create(DWORD style, xe::detail::ParentWindow parent)
+{
+    return CWnd_X::Create(style & ~ownBars, parent);
+}
 
-int CListCtrl_X::Create(DWORD style, const tagRECT& rect, QWidget* parent)
+int CListCtrl_X::Create(DWORD style, const tagRECT& rect, xe::detail::ParentWindow parent)
 {
     return CWnd_X::Create(style & ~ownBars, rect, parent);
 }
 
-int CListCtrl_X::Create(DWORD style, const tagRECT& rect, QWidget* parent, UINT) { return Create(style, rect, parent); }
+int CListCtrl_X::Create(DWORD style, const tagRECT& rect, xe::detail::ParentWindow parent, UINT)
+{
+    return Create(style, rect, parent);
+}
 
 // ------------------------------------------------------------------------------------------------------------ columns
 

@@ -29,7 +29,7 @@ bool CTreeCtrl_X::AttachDefault(QWidget* parent) { return Attach(new QTreeWidget
 
 // A handler that comes up meanwhile may delete the wrapper.
 
-int CTreeCtrl_X::Create(DWORD style, QWidget* parent)
+int CTreeCtrl_X::Create(DWORD style, xe::detail::ParentWindow parent)
 {
     const QPointer<CTreeCtrl_X> living(this);
     const int result = CWnd_X::Create(style & ~ownBars, parent);
@@ -38,7 +38,7 @@ int CTreeCtrl_X::Create(DWORD style, QWidget* parent)
     return result;
 }
 
-int CTreeCtrl_X::Create(DWORD style, const tagRECT& rect, QWidget* parent)
+int CTreeCtrl_X::Create(DWORD style, const tagRECT& rect, xe::detail::ParentWindow parent)
 {
     const QPointer<CTreeCtrl_X> living(this);
     const int result = CWnd_X::Create(style & ~ownBars, rect, parent);
@@ -47,7 +47,10 @@ int CTreeCtrl_X::Create(DWORD style, const tagRECT& rect, QWidget* parent)
     return result;
 }
 
-int CTreeCtrl_X::Create(DWORD style, const tagRECT& rect, QWidget* parent, UINT) { return Create(style, rect, parent); }
+int CTreeCtrl_X::Create(DWORD style, const tagRECT& rect, xe::detail::ParentWindow parent, UINT)
+{
+    return Create(style, rect, parent);
+}
 
 // The tree of an item that belongs to it.
 QTreeWidget* CTreeCtrl_X::treeWith(HTREEITEM item) const

@@ -15,17 +15,19 @@ QWidget* widgetOf(const CWnd_X* window) { return window ? window->GetSafeHwnd() 
 
 IMPLEMENT_DYNCREATE_X(CDialog_X, CWnd_X)
 
-CDialog_X::CDialog_X(QWidget* parent) : m_parent(parent) {}
+CDialog_X::CDialog_X(QWidget* parent) : CWnd_X(Control()), m_parent(parent) {}
 
-CDialog_X::CDialog_X(std::nullptr_t) {}
+CDialog_X::CDialog_X(std::nullptr_t) : CWnd_X(Control()) {}
 
 CDialog_X::CDialog_X(const wchar_t* templateName, CWnd_X* parent)
-    : m_parent(widgetOf(parent)),
+    : CWnd_X(Control()),
+      m_parent(widgetOf(parent)),
       m_templateName(templateName)
 {}
 
 CDialog_X::CDialog_X(unsigned templateId, CWnd_X* parent)
-    : m_parent(widgetOf(parent)),
+    : CWnd_X(Control()),
+      m_parent(widgetOf(parent)),
       m_templateName(ToStringId(templateId))
 {}
 
@@ -121,10 +123,12 @@ int CDialog_X::PreTranslateMessage(tagMSG* message)
 
 bool CDialog_X::eventFilter(QObject* target, QEvent* event)
 {
+    if (!event || event->type() != QEvent::KeyPress)
+        return CWnd_X::eventFilter(target, event);
     const QPointer<CDialog_X> living(this);
     const bool stopped = CWnd_X::eventFilter(target, event);
     const QWidget* const widget = living ? GetSafeHwnd() : nullptr;
-    if (!stopped && widget && widget == target && !widget->isWindow() && event && event->type() == QEvent::KeyPress)
+    if (!stopped && widget && widget == target && !widget->isWindow())
         event->setAccepted(false);
     return stopped;
 }

@@ -76,23 +76,22 @@ bool CWnd_X::eventFilter(QObject* target, QEvent* event)
     if (!event)
         return false;
     const xe::EventRow* const row = target ? xe::eventRow(event->type()) : nullptr;
-    if (m_viewport && target == m_viewport->widget())
-        return filterViewport(row, event);
     QObject* const window = GetImpQObject();
-    if (target && window && target != window)
-        return row && filterTool(*row, target, event);
+    if (target && window && target != window) {
+        const bool isViewport = m_viewport && target == m_viewport->widget();
+        return row && (isViewport ? filterViewport(*row, event) : filterTool(*row, target, event));
+    }
     if (row && m_viewport && m_viewport->hasTold(*event))
         return false;
     return row ? filterMessage(*row, target, event) : filterWithoutMessage(target, event);
 }
 
-bool CWnd_X::filterViewport(const xe::EventRow* row, QEvent* event)
+bool CWnd_X::filterViewport(const xe::EventRow& row, QEvent* event)
 {
-    QObject* const area = GetImpQObject();
-    if (!row || !area || !m_viewport->tells(*event))
+    if (!m_viewport->tells(*event))
         return false;
     const bool acceptedBefore = event->isAccepted();
-    if (filterMessage(*row, area, event))
+    if (filterMessage(row, GetImpQObject(), event))
         return true;
     event->setAccepted(acceptedBefore); // else what the area takes would go on to its parents
     return false;
@@ -109,7 +108,7 @@ bool CWnd_X::filterTool(const xe::EventRow& row, QObject* tool, QEvent* event)
     xe::MessageParameters message = row.translate(*tool, *event, pointer);
     const bool acceptedBefore = event->isAccepted();
     event->setAccepted(true);
-    const bool isStopped = screenMessage(message, *window, pointer) || !frame.hasTarget();
+    const bool isStopped = xe::screenMessage(*this, *window, message, pointer) || !frame.hasTarget();
     event->setAccepted(isStopped || acceptedBefore);
     return isStopped;
 }
@@ -138,7 +137,7 @@ bool CWnd_X::filterMessage(const xe::EventRow& row, QObject* target, QEvent* eve
     bool screened = false;
     bool isForUs = true;
     if (xe::looksAtMessages(*this)) {
-        screened = screenMessage(message, *target, pointer);
+        screened = xe::screenMessage(*this, *target, message, pointer);
         isForUs = !screened && frame.isAlive() && frame.hasTarget();
     }
     bool handled = screened;
@@ -159,11 +158,6 @@ bool CWnd_X::filterMessage(const xe::EventRow& row, QObject* target, QEvent* eve
     if (event->type() == XeWinMsgEvent::EventType)
         static_cast<XeWinMsgEvent*>(event)->result = result;
     return true;
-}
-
-bool CWnd_X::screenMessage(xe::MessageParameters& message, QObject& target, xe::PointerPosition& pointer)
-{
-    return xe::screenMessage(*this, target, message, pointer);
 }
 
 inline int CWnd_X::callEntry(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)

@@ -2,14 +2,13 @@
 
 #include "core/nullobject.h"
 #include "win/columns.h"
+#include "win/combolists.h"
 #include "win/dispatchframe.h"
 #include "win/going.h"
 #include "win/menubar.h"
 #include "win/viewport.h"
 #include "xehost.h"
 
-#include <QAbstractItemView>
-#include <QComboBox>
 #include <QMenuBar>
 
 IMPLEMENT_DYNCREATE_X(CWnd_X, CCmdTarget_X)
@@ -83,9 +82,7 @@ bool CWnd_X::ConnectContents()
     ConnectSlotsFrom(widget, false);
     OnMessageMap();
     m_viewport = xe::Viewport::of(*widget, *this);
-    const auto boxes = widget->findChildren<QComboBox*>();
-    for (const QComboBox* box : boxes)
-        box->view()->setTextElideMode(Qt::ElideNone);
+    xe::showWholeTextsBelow(*widget);
     return true;
 }
 

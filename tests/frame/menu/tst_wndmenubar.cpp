@@ -66,6 +66,7 @@ private Q_SLOTS:
     void menuOutlivesTheBar();
     void overridesMayCallEachOther();
     void noMenuBar();
+    void aDialogsBarComesWithItsFirstMenu();
     void aHiddenBarFiltersNothing();
     void aBarFollowsItsWindowAfterAMoveInHiding();
     void splitterHasNone();
@@ -170,6 +171,23 @@ void tst_WndMenuBar::noMenuBar()
     QCOMPARE(window.SetMenu({&menu}), 0);
     QCOMPARE(window.SetMenu(nullptr), 0);
     QCOMPARE(menuText(widget), QStringLiteral("0 bars"));
+}
+
+void tst_WndMenuBar::aDialogsBarComesWithItsFirstMenu()
+{
+    CDialog_X dialog;
+    dialog.CWnd_X::Create(static_cast<QWidget*>(nullptr));
+    QWidget& widget = *dialog.GetSafeHwnd();
+    QCOMPARE(menuText(widget), QStringLiteral("0 bars"));
+    CMenu_X menu(&widget);
+    menu.setTitle(L"File");
+    QCOMPARE(dialog.SetMenu(&menu), 1);
+    QCOMPARE(menuText(widget), QStringLiteral("shown File"));
+    QCOMPARE(dialog.SetMenu(nullptr), 1);
+    QCOMPARE(menuText(widget), QStringLiteral("hidden"));
+    dialog.DestroyWindow();
+    QCOMPARE(dialog.SetMenu(&menu), 0);
+    deleteLaterObjects();
 }
 
 void tst_WndMenuBar::aHiddenBarFiltersNothing()

@@ -8,8 +8,10 @@
 
 #include <QAbstractItemView>
 #include <QLabel>
+#include <QListView>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 
 namespace {
 
@@ -165,6 +167,9 @@ private Q_SLOTS:
     void onCreateMakesTheBars_data();
     void onCreateMakesTheBars();
     void comboBoxesBelowShowWholeTexts();
+    void listsOfComboBoxesAreMadeWhenAskedFor();
+    void laterModesOfListsStay_data();
+    void laterModesOfListsStay();
     void slotsMoveToTheWrapper();
 
     void aRefusalUndoesTheCreation_data();
@@ -350,6 +355,54 @@ void tst_WndCreation::comboBoxesBelowShowWholeTexts()
     QCOMPARE(built->view()->textElideMode(), Qt::ElideNone);
     QCOMPARE(beside.view()->textElideMode(), Qt::ElideMiddle);
     QCOMPARE(itself.view()->textElideMode(), Qt::ElideMiddle);
+}
+
+void tst_WndCreation::listsOfComboBoxesAreMadeWhenAskedFor()
+{
+    QWidget widget;
+    QComboBox opened(&widget);
+    opened.addItems({QStringLiteral("one"), QStringLiteral("two")});
+    QComboBox edited(&widget);
+    QComboBox replaced(&widget);
+    CWnd_X window;
+    window.SubclassWindow(&widget);
+    QVERIFY(widget.findChildren<QAbstractItemView*>().isEmpty());
+
+    widget.show();
+    opened.showPopup();
+    QCOMPARE(opened.view()->textElideMode(), Qt::ElideNone);
+    opened.hidePopup();
+    edited.setEditable(true); // brings children that are no list
+    QCOMPARE(edited.view()->textElideMode(), Qt::ElideNone);
+    auto* const view = new QListView;
+    view->setTextElideMode(Qt::ElideMiddle);
+    replaced.setView(view);
+    QCOMPARE(replaced.view()->textElideMode(), Qt::ElideMiddle);
+}
+
+void tst_WndCreation::laterModesOfListsStay_data()
+{
+    QTest::addColumn<bool>("isMadeBefore");
+    QTest::newRow("list made before") << true;
+    QTest::newRow("list made by the host's call") << false;
+}
+
+void tst_WndCreation::laterModesOfListsStay()
+{
+    QFETCH(bool, isMadeBefore);
+    QWidget widget;
+    QComboBox box(&widget);
+    if (isMadeBefore)
+        box.view();
+    CWnd_X window;
+    window.SubclassWindow(&widget);
+    QCOMPARE(box.view()->textElideMode(), Qt::ElideNone);
+    box.view()->setTextElideMode(Qt::ElideMiddle);
+    box.setItemDelegate(new QStyledItemDelegate(box.view())); // another child of the list
+    QCOMPARE(box.view()->textElideMode(), Qt::ElideMiddle);
+    window.Detach();
+    window.SubclassWindow(&widget);
+    QCOMPARE(box.view()->textElideMode(), Qt::ElideNone);
 }
 
 void tst_WndCreation::slotsMoveToTheWrapper()
