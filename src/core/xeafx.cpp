@@ -27,6 +27,18 @@ void CObject_X::SetTemporary()
     AppendTempObjectPool(this);
 }
 
+namespace {
+
+// By numbers and not by names, which Qt would read at each attachment.
+void connectDestroyed(const QObject& imp, const CObject_X& wrapper)
+{
+    static const int destroyed = QMetaMethod::fromSignal(&QObject::destroyed).methodIndex();
+    const int slot = wrapper.metaObject()->indexOfSlot("OnImpDestroy()");
+    QMetaObject::connect(&imp, destroyed, &wrapper, slot, Qt::UniqueConnection);
+}
+
+} // namespace
+
 bool CObject_X::Attach(QObject* imp, QObject* parent, bool external)
 {
     if (!imp)
@@ -41,7 +53,7 @@ bool CObject_X::Attach(QObject* imp, QObject* parent, bool external)
     SetImpQObject(imp);
     xe::link(*imp, *this, parent);
     imp->installEventFilter(this);
-    connect(imp, SIGNAL(destroyed(QObject*)), this, SLOT(OnImpDestroy()), Qt::UniqueConnection);
+    connectDestroyed(*imp, *this);
     if (OnAttach())
         return true;
     Detach();

@@ -45,18 +45,24 @@ bool isEmpty(const QList<Function>& chain)
     return std::all_of(chain.cbegin(), chain.cend(), [](Function function) { return !function; });
 }
 
+const QMetaMethod& idleSignal()
+{
+    static const QMetaMethod signal = QMetaMethod::fromSignal(&QAbstractEventDispatcher::aboutToBlock);
+    return signal;
+}
+
 // The idle signal and slot. Both objects must be there.
 struct IdleConnection
 {
     explicit IdleConnection(const QObject& object)
         : dispatcher(QAbstractEventDispatcher::instance()),
-          signal(QMetaMethod::fromSignal(&QAbstractEventDispatcher::aboutToBlock)),
+          signal(idleSignal()),
           slot(object.metaObject()->method(object.metaObject()->indexOfSlot("OnEnterIdle()")))
     {}
     bool isPossible() const { return dispatcher && slot.isValid(); }
 
     QAbstractEventDispatcher* dispatcher;
-    QMetaMethod signal;
+    const QMetaMethod& signal;
     QMetaMethod slot;
 };
 
@@ -217,7 +223,7 @@ void ConnectIdleSlot(QObject* object)
     // Qt::UniqueConnection would search all windows of the process.
     const IdleConnection idle(*object);
     if (idle.isPossible() && !xe::isConnected(idle.dispatcher, idle.signal, object, idle.slot))
-        QObject::connect(idle.dispatcher, idle.signal, object, idle.slot);
+        QMetaObject::connect(idle.dispatcher, idle.signal.methodIndex(), object, idle.slot.methodIndex());
 }
 
 bool DisconnectIdleSlot(QObject* object)
