@@ -23,6 +23,7 @@ TipTool& TipTools::add(QWidget& widget, const wchar_t* text)
     tool.hwnd = &widget;
     tool.lpszText = const_cast<wchar_t*>(text);
     tool.key = text;
+    tool.tip = XeQString(text);
     m_ofWidget[&widget].append(&tool);
     return tool;
 }

@@ -4,8 +4,10 @@
 #include "xetooltipctrl.h"
 
 #include <QHash>
+#include <QString>
 #include <QVector>
 
+#include <cwchar>
 #include <map>
 #include <string>
 
@@ -14,6 +16,10 @@ namespace xe {
 struct TipTool : tagTOOLINFOW
 {
     std::wstring key; ///< what the text was when the tool was added
+    QString tip;      ///< the same for Qt
+
+    /// Whether the text, which is the host's, is what it was.
+    bool hasItsText() const { return std::wcscmp(lpszText, key.c_str()) == 0; }
 };
 
 /// What every tool has as its size, whatever the record's is.

@@ -33,23 +33,15 @@ bool isRelayed(UINT message)
     }
 }
 
-// Compares without making a string: this is done for each move of the mouse.
-bool isText(const QString& text, const wchar_t* wide)
+// Makes no text as long as the host has not written another one where its text is: this is done for each move of the
+// mouse.
+bool showsTip(const xe::TipTool& tool)
 {
-    const QChar* unit = text.constData();
-    const QChar* const end = unit + text.size();
-    for (; *wide; ++wide) {
-        const auto code = static_cast<uint>(*wide);
-        const bool isPair = QChar::requiresSurrogates(code);
-        if (isPair && (unit == end || unit++->unicode() != QChar::highSurrogate(code)))
-            return false;
-        if (unit == end || unit++->unicode() != (isPair ? QChar::lowSurrogate(code) : code))
-            return false;
-    }
-    return unit == end;
+    const QString shown = tool.hwnd->toolTip();
+    if (!tool.hasItsText())
+        return shown == XeQString(tool.lpszText);
+    return shown.isSharedWith(tool.tip) || shown == tool.tip;
 }
-
-bool showsTip(const xe::TipTool& tool) { return isText(tool.hwnd->toolTip(), tool.lpszText); }
 
 void takeTipBack(const xe::TipTool& tool)
 {
@@ -328,7 +320,7 @@ void CToolTipCtrl_X::RelayEvent(tagMSG* message)
     lastMessage = *message;
     tool->hwnd->setToolTipDuration(static_cast<int>(message->time));
     if (!showsTip(*tool))
-        tool->hwnd->setToolTip(XeQString(tool->lpszText));
+        tool->hwnd->setToolTip(tool->hasItsText() ? tool->tip : XeQString(tool->lpszText));
 }
 
 void CToolTipCtrl_X::Update()
