@@ -1,4 +1,4 @@
-// Tree controls: relations, walks, commands, the screen.
+// Tree controls: the widget, what is selected, edited and on the screen.
 
 #include "leavenothing.h"
 #include "testclass.h"
@@ -7,9 +7,7 @@
 #include <XeMFCEmu.h>
 
 #include <QElapsedTimer>
-#include <QHeaderView>
 #include <QLineEdit>
-#include <QScrollBar>
 #include <QSignalSpy>
 
 namespace {
@@ -18,15 +16,6 @@ CPoint centre(const QTreeWidget& tree, HTREEITEM item)
 {
     const QPoint point = tree.visualItemRect(item).center();
     return {point.x(), point.y()};
-}
-
-// What GetVisibleCount() is told to give, asked of the view item by item.
-UINT visibleByRects(QTreeWidget& tree)
-{
-    UINT count = 0;
-    for (QTreeWidgetItemIterator it(&tree); *it; ++it)
-        count += !tree.visualItemRect(*it).isEmpty();
-    return count;
 }
 
 } // namespace
@@ -38,16 +27,6 @@ class tst_TreeView : public QObject
 private Q_SLOTS:
     void cleanup() { QCOMPARE(LeaveNothing::leftovers(), QString()); }
 
-    void relations();
-    void rootOfAnEmptyTree();
-    void siblings();
-    void siblingsAfterChanges();
-    void nextItemGoesByOneBit_data();
-    void nextItemGoesByOneBit();
-    void visibleItems();
-    void visibleCount_data();
-    void visibleCount();
-    void countAndIndex();
     void selectItem();
     void selectGoesByOneCode();
     void ensureVisible();
@@ -57,16 +36,6 @@ private Q_SLOTS:
     void itemRect();
     void editLabel();
     void editLabelOfAnItemThatCannotBeEdited();
-    void expand_data();
-    void expand();
-    void expandAllBelow();
-    void expandedByTheUser();
-    void aSlotMayAddOrEndItems();
-    void expandAndCollapseAll();
-    void sortChildren();
-    void sortTheTopLevel();
-    void sortKeepsWhatIsExpandedSelectedAndCurrent();
-    void sortIsSilent();
     void dragImage();
     void createHidesTheHeader();
     void createLeavesOutTheScrollBars();
@@ -75,191 +44,6 @@ private Q_SLOTS:
     void withoutWidget();
     void manyItems();
 };
-
-void tst_TreeView::relations()
-{
-    TreeFixture f;
-    QCOMPARE(f.control.GetRootItem(), f.tools);
-    QCOMPARE(f.control.GetParentItem(f.bit), f.drill);
-    QCOMPARE(f.control.GetParentItem(f.tools), nullptr);
-    QCOMPARE(f.control.GetChildItem(f.tools), f.drill);
-    QCOMPARE(f.control.GetChildItem(f.glue), nullptr);
-    QCOMPARE(f.control.GetChildItem(nullptr), f.tools);
-    QCOMPARE(f.control.GetChildItem(TVI_ROOT), f.tools);
-    QCOMPARE(f.control.ItemHasChildren(f.tools), TRUE);
-    QCOMPARE(f.control.ItemHasChildren(f.saw), FALSE);
-    QCOMPARE(f.control.GetSelectedItem(), nullptr);
-}
-
-void tst_TreeView::rootOfAnEmptyTree()
-{
-    QTreeWidget tree;
-    CTreeCtrl_X control;
-    control.SubclassWindow(&tree);
-    QCOMPARE(control.GetRootItem(), tree.invisibleRootItem());
-    QCOMPARE(control.GetChildItem(nullptr), nullptr);
-    QCOMPARE(control.GetParentItem(control.GetRootItem()), nullptr);
-    QCOMPARE(control.GetNextSiblingItem(control.GetRootItem()), nullptr);
-    QCOMPARE(control.GetFirstVisibleItem(), nullptr);
-    QCOMPARE(control.GetCount(), 0u);
-    QCOMPARE(control.GetVisibleCount(), 0u);
-    QCOMPARE(control.GetSelectIndex(), -1);
-}
-
-void tst_TreeView::siblings()
-{
-    TreeFixture f;
-    QCOMPARE(f.control.GetNextSiblingItem(f.tools), f.paint);
-    QCOMPARE(f.control.GetNextSiblingItem(f.paint), f.glue);
-    QCOMPARE(f.control.GetNextSiblingItem(f.glue), nullptr);
-    QCOMPARE(f.control.GetNextSiblingItem(f.bit), nullptr);
-    QCOMPARE(f.control.GetNextSiblingItem(f.drill), f.saw);
-    QCOMPARE(f.control.GetPrevSiblingItem(f.saw), f.drill);
-    QCOMPARE(f.control.GetPrevSiblingItem(f.drill), nullptr);
-    QCOMPARE(f.control.GetPrevSiblingItem(f.glue), f.paint);
-    QCOMPARE(f.control.GetPrevSiblingItem(f.tools), nullptr);
-}
-
-void tst_TreeView::siblingsAfterChanges()
-{
-    TreeFixture f;
-    QCOMPARE(f.control.GetNextSiblingItem(f.paint), f.glue);
-    f.tree.insertTopLevelItem(0, new QTreeWidgetItem(QStringList(QStringLiteral("new"))));
-    QCOMPARE(f.control.GetNextSiblingItem(f.paint), f.glue);
-    QCOMPARE(f.control.GetPrevSiblingItem(f.tools)->text(0), QStringLiteral("new"));
-    f.control.DeleteItem(f.tools);
-    QCOMPARE(f.control.GetNextSiblingItem(f.paint), f.glue);
-    f.control.DeleteItem(f.glue);
-    QCOMPARE(f.control.GetNextSiblingItem(f.paint), nullptr);
-}
-
-void tst_TreeView::nextItemGoesByOneBit_data()
-{
-    QTest::addColumn<UINT>("code");
-    QTest::addColumn<bool>("isNext");
-    QTest::newRow("root") << TVGN_ROOT << false;
-    QTest::newRow("next") << TVGN_NEXT << true;
-    QTest::newRow("previous") << TVGN_PREVIOUS << false;
-    QTest::newRow("parent") << TVGN_PARENT << true;
-    QTest::newRow("child") << TVGN_CHILD << false;
-    QTest::newRow("first visible") << TVGN_FIRSTVISIBLE << true;
-    QTest::newRow("next visible") << TVGN_NEXTVISIBLE << false;
-    QTest::newRow("caret") << TVGN_CARET << true;
-}
-
-void tst_TreeView::nextItemGoesByOneBit()
-{
-    QFETCH(UINT, code);
-    QFETCH(bool, isNext);
-    TreeFixture f;
-    QCOMPARE(f.control.GetNextItem(f.paint, code), isNext ? f.glue : nullptr);
-    QCOMPARE(f.control.GetNextItem(f.glue, code), nullptr);
-}
-
-void tst_TreeView::visibleItems()
-{
-    TreeFixture f;
-    f.tree.show();
-    QCOMPARE(f.control.GetFirstVisibleItem(), f.tools);
-    QCOMPARE(f.control.GetNextVisibleItem(f.tools), f.paint);
-    f.control.Expand(f.tools, TVE_EXPAND);
-    QCOMPARE(f.control.GetNextVisibleItem(f.tools), f.drill);
-    QCOMPARE(f.control.GetNextVisibleItem(f.drill), f.saw);
-    QCOMPARE(f.control.GetNextVisibleItem(f.glue), nullptr);
-    f.tree.resize(300, 40);
-    f.tree.verticalScrollBar()->setValue(2);
-    QCOMPARE(f.control.GetFirstVisibleItem(), f.saw);
-}
-
-void tst_TreeView::visibleCount_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::newRow("closed") << 0;
-    QTest::newRow("one open") << 1;
-    QTest::newRow("all open") << 2;
-    QTest::newRow("a child of a closed parent open") << 3;
-    QTest::newRow("one hidden with what is below it") << 4;
-    QTest::newRow("more than fit into the view") << 5;
-    QTest::newRow("column narrower than the indentation") << 6;
-    QTest::newRow("column hidden") << 7;
-    QTest::newRow("a spanned row in a narrow column") << 8;
-    QTest::newRow("no decoration at the root") << 9;
-    QTest::newRow("a root of its own") << 10;
-    QTest::newRow("the tree drawn in another column") << 11;
-    QTest::newRow("another column hidden") << 12;
-    QTest::newRow("only another column shown") << 13;
-    QTest::newRow("column as wide as the indentation") << 14;
-}
-
-void tst_TreeView::visibleCount()
-{
-    QFETCH(int, kind);
-    TreeFixture f;
-    f.tree.setColumnCount(kind > 10 && kind < 14 ? 2 : 1);
-    f.tree.header()->setStretchLastSection(false);
-    f.tree.show();
-    if (kind > 1)
-        f.tree.expandAll();
-    switch (kind) {
-    case 1:
-        f.tools->setExpanded(true);
-        break;
-    case 3:
-        f.tools->setExpanded(false);
-        break;
-    case 4:
-        f.drill->setHidden(true);
-        break;
-    case 5:
-        f.tree.resize(300, 30);
-        f.tree.verticalScrollBar()->setValue(3);
-        break;
-    case 6:
-    case 8:
-    case 9:
-    case 11:
-    case 12:
-    case 13:
-    case 14:
-        f.tree.header()->setMinimumSectionSize(5);
-        f.tree.setColumnWidth(0, 2 * f.tree.indentation() + 1);
-        f.red->setFirstColumnSpanned(kind == 8);
-        f.bit->setFirstColumnSpanned(kind == 8);
-        f.tree.setRootIsDecorated(kind != 9);
-        if (kind == 11)
-            f.tree.setTreePosition(1);
-        if (kind == 14)
-            f.tree.setColumnWidth(0, 2 * f.tree.indentation());
-        f.tree.setColumnHidden(1, kind == 12);
-        f.tree.setColumnHidden(0, kind == 13);
-        break;
-    case 7:
-        f.tree.setColumnHidden(0, true);
-        break;
-    case 10:
-        f.tree.setRootIndex(f.tree.model()->index(0, 0));
-        break;
-    default:
-        break;
-    }
-    QCOMPARE(f.control.GetVisibleCount(), visibleByRects(f.tree));
-    if (kind == 0)
-        QCOMPARE(f.control.GetVisibleCount(), 3u);
-    if (kind == 2)
-        QCOMPARE(f.control.GetVisibleCount(), 8u);
-}
-
-void tst_TreeView::countAndIndex()
-{
-    TreeFixture f;
-    QCOMPARE(f.control.GetCount(), 8u);
-    QCOMPARE(f.control.GetSelectIndex(), -1);
-    const HTREEITEM inOrder[] = {f.tools, f.drill, f.bit, f.saw, f.paint, f.red, f.blue, f.glue};
-    for (int i = 0; i < 8; ++i) {
-        f.tree.setCurrentItem(inOrder[i]);
-        QCOMPARE(f.control.GetSelectIndex(), i);
-    }
-}
 
 void tst_TreeView::selectItem()
 {
@@ -373,143 +157,6 @@ void tst_TreeView::editLabelOfAnItemThatCannotBeEdited()
     });
     QCOMPARE(f.control.EditLabel(f.glue), TRUE);
     QVERIFY(!f.tree.viewport()->findChild<QLineEdit*>());
-}
-
-void tst_TreeView::expand_data()
-{
-    QTest::addColumn<bool>("wasExpanded");
-    QTest::addColumn<UINT>("code");
-    QTest::addColumn<bool>("isExpanded");
-    QTest::newRow("expand") << false << TVE_EXPAND << true;
-    QTest::newRow("collapse") << true << TVE_COLLAPSE << false;
-    QTest::newRow("toggle expands") << false << TVE_TOGGLE << true;
-    QTest::newRow("toggle leaves expanded") << true << TVE_TOGGLE << true;
-    QTest::newRow("no code expands") << false << 0u << true;
-    QTest::newRow("collapse with another bit") << true << (TVE_COLLAPSE | 0x8000u) << false;
-}
-
-void tst_TreeView::expand()
-{
-    QFETCH(bool, wasExpanded);
-    QFETCH(UINT, code);
-    TreeFixture f;
-    f.tools->setExpanded(wasExpanded);
-    f.tools->setData(0, 260, 1u);
-    QCOMPARE(f.control.Expand(f.tools, code), TRUE);
-    QTEST(f.tools->isExpanded(), "isExpanded");
-    QCOMPARE(f.control.GetItemState(f.tools, 0), TVIS_EXPANDED); // either way
-}
-
-void tst_TreeView::expandAllBelow()
-{
-    TreeFixture f;
-    QCOMPARE(f.control.ExpandAllChild(f.tools, TVE_EXPAND), TRUE);
-    QVERIFY(f.tools->isExpanded() && f.drill->isExpanded());
-    QVERIFY(!f.bit->isExpanded() && !f.paint->isExpanded());
-    QCOMPARE(f.control.GetItemState(f.drill, 0), TVIS_EXPANDED);
-    QCOMPARE(f.control.GetItemState(f.saw, 0), 0u); // has no children
-    f.tree.show();
-    QCOMPARE(f.control.GetVisibleCount(), 6u);
-    QCOMPARE(f.control.ExpandAllChild(f.tools, TVE_COLLAPSE), TRUE);
-    QVERIFY(!f.tools->isExpanded() && !f.drill->isExpanded());
-    QCOMPARE(f.control.ExpandAllChild(f.glue, TVE_EXPAND), TRUE);
-    QVERIFY(!f.glue->isExpanded());
-}
-
-void tst_TreeView::expandedByTheUser()
-{
-    TreeFixture f;
-    f.tree.show();
-    f.tree.setCurrentItem(f.tools);
-    QTest::keyClick(&f.tree, Qt::Key_Right);
-    QVERIFY(f.tools->isExpanded());
-    QCOMPARE(f.control.GetItemState(f.tools, 0), 0u);
-}
-
-void tst_TreeView::aSlotMayAddOrEndItems()
-{
-    TreeFixture f;
-    connect(&f.tree, &QTreeWidget::itemExpanded, &f.tree, [&f](QTreeWidgetItem* item) {
-        if (item == f.drill) {
-            f.control.InsertItem(L"more", f.control.InsertItem(L"late", f.drill));
-        } else if (item == f.paint) {
-            delete f.paint;
-        }
-    });
-    f.control.ExpandAllChild(f.tools, TVE_EXPAND);
-    QVERIFY(f.drill->child(1)->isExpanded());
-    QCOMPARE(f.control.Expand(f.paint, TVE_EXPAND), TRUE);
-    QCOMPARE(f.text(), QStringLiteral("tools (drill (bit late (more)) saw) glue"));
-}
-
-void tst_TreeView::expandAndCollapseAll()
-{
-    TreeFixture f;
-    f.control.SetItemState(f.paint, 3, 3);
-    f.control.ExpandAll();
-    QVERIFY(f.tools->isExpanded() && f.drill->isExpanded() && f.paint->isExpanded());
-    QCOMPARE(f.control.GetItemState(f.drill, 0), 32u);
-    QCOMPARE(f.control.GetItemState(f.paint, 0), 34u);
-    QCOMPARE(f.control.GetItemState(f.glue, 0), 0u);
-    f.control.CollapseAll();
-    QVERIFY(!f.tools->isExpanded() && !f.drill->isExpanded() && !f.paint->isExpanded());
-    QCOMPARE(f.control.GetItemState(f.drill, 0), 1u);
-    QCOMPARE(f.control.GetItemState(f.paint, 0), 3u);
-}
-
-void tst_TreeView::sortChildren()
-{
-    TreeFixture f;
-    for (const wchar_t* text : {L"Zinc", L"ärgyle", L"10", L"9", L"red"})
-        f.control.InsertItem(text, f.paint);
-    QCOMPARE(f.control.SortChildren(f.paint), TRUE);
-    QCOMPARE(TreeFixture::textBelow(*f.paint), QStringLiteral("10 9 Zinc blue red red ärgyle"));
-    QCOMPARE(TreeFixture::textBelow(*f.tools), QStringLiteral("drill (bit) saw"));
-    QCOMPARE(f.control.SortChildren(f.glue), TRUE);
-}
-
-void tst_TreeView::sortTheTopLevel()
-{
-    TreeFixture f;
-    QCOMPARE(f.control.SortChildren(TVI_ROOT), TRUE);
-    QCOMPARE(f.text(), QStringLiteral("glue paint (red blue) tools (drill (bit) saw)")); // one level
-    QCOMPARE(f.control.SortChildren(nullptr), FALSE);
-}
-
-void tst_TreeView::sortKeepsWhatIsExpandedSelectedAndCurrent()
-{
-    TreeFixture f;
-    f.tree.setSelectionMode(QAbstractItemView::ExtendedSelection);
-    f.tree.show();
-    f.tools->setExpanded(true);
-    f.drill->setExpanded(true);
-    f.tree.setCurrentItem(f.bit);
-    f.glue->setSelected(true);
-    f.control.SortChildren(TVI_ROOT);
-    QVERIFY(f.tools->isExpanded() && f.drill->isExpanded() && !f.paint->isExpanded());
-    QCOMPARE(f.tree.currentItem(), f.bit);
-    QVERIFY(f.bit->isSelected() && f.glue->isSelected());
-    QCOMPARE(f.tree.selectedItems().size(), 2);
-    QCOMPARE(f.control.GetVisibleCount(), 6u);
-
-    f.tree.setCurrentItem(nullptr);
-    f.tree.clearSelection();
-    f.control.SortChildren(f.tools);
-    QVERIFY(f.drill->isExpanded());
-    QCOMPARE(f.tree.selectedItems().size(), 0);
-}
-
-void tst_TreeView::sortIsSilent()
-{
-    TreeFixture f;
-    f.tree.expandAll();
-    f.tree.setCurrentItem(f.saw);
-    QSignalSpy current(&f.tree, &QTreeWidget::currentItemChanged);
-    QSignalSpy selection(&f.tree, &QTreeWidget::itemSelectionChanged);
-    QSignalSpy expanded(&f.tree, &QTreeWidget::itemExpanded);
-    QSignalSpy collapsed(&f.tree, &QTreeWidget::itemCollapsed);
-    f.control.SortChildren(TVI_ROOT);
-    QCOMPARE(current.size() + selection.size() + expanded.size() + collapsed.size(), 0);
 }
 
 void tst_TreeView::dragImage()
@@ -628,5 +275,4 @@ void tst_TreeView::manyItems()
 }
 
 XE_TEST(tst_TreeView)
-
 #include "tst_treeview.moc"
