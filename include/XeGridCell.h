@@ -21,6 +21,8 @@ class XE_EXPORT CGridCell_X : public CGridCellBase_X
     DECLARE_DYNCREATE_X(CGridCell_X)
 
     CGridCell_X() = default;
+    /// In a grid, with a font.
+    CGridCell_X(CGridCtrl_X* grid, const QFont& font) : m_Font(font), m_pGrid(grid) {}
     /// An editor that is open on the cell goes, and tells nobody.
     ~CGridCell_X() override;
 

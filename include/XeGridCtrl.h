@@ -453,9 +453,10 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
     int m_nResizeCaptureRange = 3;   ///< pixels round a divider that count as over it
     int m_bAllowRowResize = TRUE;    ///< by the mouse
     int m_bAllowColumnResize = TRUE; ///< by the mouse
-    SelectionMap m_SelectedCellMap{256}; ///< the selected cells: row in the low 16 bits of the key, column in the high ones
+    SelectionMap m_SelectedCellMap{
+        256}; ///< the selected cells: row in the low 16 bits of the key, column in the high ones
     SelectionMap m_PrevSelectedCellMap{256}; ///< what stays selected while the mouse selects more with Ctrl
-    CRuntimeClass_X* m_pRtcDefault;     ///< the class of new cells
+    CRuntimeClass_X* m_pRtcDefault;          ///< the class of new cells
     CTitleTip_X m_TitleTip;
     CCellID_X m_LastDragOverCell;
     int m_bAscending = TRUE; ///< of the last sort
@@ -493,7 +494,7 @@ private:
     bool addRows(int n);
     bool addColumns(int n);
     bool fillRow(int row);
-    bool fillPlace(int row, int col);
+    bool fillPlace(const QPointer<CGridCtrl_X>& living, int row, int col);
     void removeRows(int n);
     void removeColumns(int n);
     void destroyRow(int row);

@@ -9,7 +9,7 @@
 namespace xe {
 namespace {
 
-constexpr std::size_t blockSize = 1 << 16; // and alignment, so that a cell finds its block
+constexpr std::size_t blockSize = 1 << 15; // and alignment, so that a cell finds its block
 
 struct Free
 {

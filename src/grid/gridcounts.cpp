@@ -57,7 +57,7 @@ void CGridCtrl_X::afterChange()
     }
     m_state->forgetGone(*this);
     SetModified(TRUE, -1, -1);
-    ResetScrollBars();
+    resetBars();
     Refresh();
 }
 
@@ -121,8 +121,9 @@ bool CGridCtrl_X::addRows(int n)
 
 bool CGridCtrl_X::fillRow(int row)
 {
+    const QPointer<CGridCtrl_X> living(this);
     for (int col = 0; col < m_nCols; ++col) {
-        if (!fillPlace(row, col))
+        if (!fillPlace(living, row, col))
             return false;
     }
     return true;
@@ -161,7 +162,7 @@ bool CGridCtrl_X::addColumns(int n)
             if (cells)
                 cells->resize(static_cast<std::size_t>(n), nullptr);
             for (int col = before; cells && col < m_nCols; ++col) {
-                if (!fillPlace(row, col))
+                if (!fillPlace(living, row, col))
                     return false;
             }
         }
@@ -204,7 +205,7 @@ int CGridCtrl_X::SetFixedRowCount(int n)
             setFixed(cellAt(row, col), n > m_nFixedRows);
     }
     m_nFixedRows = n;
-    ResetScrollBars();
+    resetBars();
     Refresh();
     return 1;
 }
@@ -223,7 +224,7 @@ int CGridCtrl_X::SetFixedColumnCount(int n)
             setFixed(cellAt(row, col), n > m_nFixedCols);
     }
     m_nFixedCols = n;
-    ResetScrollBars();
+    resetBars();
     Refresh();
     return 1;
 }

@@ -71,8 +71,8 @@ int CGridCtrl_X::InsertRow(const wchar_t* text, int pos)
     tellCoords(row + 1, 0);
     if (text)
         SetItemText(row, 0, text);
-    SetRowHeight(row, std::max<int>(GetTextExtent(row, 0, text).cy, 0));
-    ResetScrollBars();
+    setSize(SB_VERT, row, std::max<int>(GetTextExtent(row, 0, text).cy, 0));
+    resetBars();
     SetModified(TRUE, -1, -1);
     return row;
 }
@@ -120,14 +120,15 @@ int CGridCtrl_X::InsertColumn(const wchar_t* text, unsigned int format, int pos)
         SetItemText(0, col, text);
     for (int row = 0; row < m_nRows; ++row)
         SetItemFormat(row, col, format);
-    SetColumnWidth(col, std::max<int>(GetTextExtent(0, col, text).cx, 0));
-    ResetScrollBars();
+    setSize(SB_HORZ, col, std::max<int>(GetTextExtent(0, col, text).cx, 0));
+    resetBars();
     SetModified(TRUE, -1, -1);
     return col;
 }
 
 bool CGridCtrl_X::insertEmptyColumn(int col)
 {
+    const QPointer<CGridCtrl_X> living(this);
     try {
         for (GridRow* cells : m_RowData) {
             if (cells)
@@ -149,7 +150,7 @@ bool CGridCtrl_X::insertEmptyColumn(int col)
     m_state->moveBlocks(*this, xe::GridState::Columns, col, 1);
     try {
         for (int row = 0; row < m_nRows; ++row) {
-            if (!fillPlace(row, col))
+            if (!fillPlace(living, row, col))
                 return false;
         }
     } catch (const std::bad_alloc&) {
@@ -176,7 +177,7 @@ int CGridCtrl_X::DeleteRow(int row)
     destroyRow(row);
     removeRow(row);
     tellCoords(row, 0);
-    ResetScrollBars();
+    resetBars();
     SetModified(TRUE, -1, -1);
     return 1;
 }
@@ -206,7 +207,7 @@ int CGridCtrl_X::DeleteColumn(int column)
         *this, [column](const CCellRange_X& block) { return block.m_nMinCol <= column && column <= block.m_nMaxCol; });
     removeColumn(column);
     tellCoords(0, column);
-    ResetScrollBars();
+    resetBars();
     SetModified(TRUE, -1, -1);
     return 1;
 }
