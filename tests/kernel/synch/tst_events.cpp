@@ -281,7 +281,8 @@ void tst_Events::aSetBeforeTheBlockIsForTheNextWait()
     const HANDLE event = CreateEvent(nullptr, FALSE, FALSE, nullptr);
     auto* const lock = record(event).asEvent.mutex;
     pthread_mutex_lock(lock); // stops the waiter between its look at the state and its block
-    Waiter waiter(event, 300); // longer than a busy machine takes to see it inside
+    // Longer than a busy machine takes to see it inside.
+    Waiter waiter(event, 300);
     untilInside(event, 1);
     QCOMPARE(SetEvent(event), 1);
     pthread_mutex_unlock(lock);
