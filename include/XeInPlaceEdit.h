@@ -18,7 +18,7 @@
 
 namespace xe {
 class EditorLife;
-class ListOpener;
+class ListWatch;
 class Releases;
 } // namespace xe
 
@@ -141,7 +141,9 @@ class XE_EXPORT CInPlaceList_X : public CComboBox_X
     DECLARE_MESSAGE_MAP_X()
 
 private:
+    void endBy(UINT vk, UINT modifiers);
+
     std::unique_ptr<xe::EditorLife> m_life;
-    std::unique_ptr<xe::ListOpener> m_opener;
+    std::unique_ptr<xe::ListWatch> m_watch;
     std::unique_ptr<xe::Releases> m_releases;
 };

@@ -4,6 +4,9 @@
 
 #include "XeEaseComboBox.h"
 #include "XeEaseInPlaceList.h"
+#include "XeGridBtnCell.h"
+#include "XeGridBtnCellBase.h"
+#include "XeGridBtnCellCombo.h"
 #include "XeGridCell.h"
 #include "XeGridCellBase.h"
 #include "XeGridCtrl.h"

@@ -28,6 +28,7 @@ CEaseInPlaceList_X::CEaseInPlaceList_X(CWnd_X* parent, CRect& rect, unsigned int
       m_nLastChar(0),
       m_bExitOnArrows(FALSE),
       m_life(std::make_unique<xe::EditorLife>(*this, [this] { EndEdit(); })),
+      m_watch(std::make_unique<xe::ListWatch>(*this, [this](UINT vk) { endBy(vk, 0); })),
       m_releases(std::make_unique<xe::Releases>(ch))
 {
     const CRect place = rect; // the list is a window of its own, so the box needs no room for it
@@ -36,6 +37,7 @@ CEaseInPlaceList_X::CEaseInPlaceList_X(CWnd_X* parent, CRect& rect, unsigned int
     if (window && CEaseComboBox_X::Create(style | boxStyle, place, window, id) && Imp<QComboBox>()) {
         m_life->enter(*window, row, col);
         xe::fillList(*this, *window, items, text, place.Width());
+        m_watch->enter();
         m_edit.SubclassWindow(GetEditBox());
         SetFocus();
         if (GetSafeHwnd() && xe::listKind(style) != CBS_DROPDOWNLIST)
@@ -75,14 +77,23 @@ void CEaseInPlaceList_X::OnKillFocus(QWidget* other)
         EndEdit();
 }
 
+void CEaseInPlaceList_X::endBy(UINT vk, UINT modifiers)
+{
+    if (m_life->isEnding())
+        return;
+    if (vk == VK_ESCAPE)
+        SetWindowText(m_sInitText);
+    m_nLastChar = vk;
+    m_life->endByKey(modifiers);
+}
+
 void CEaseInPlaceList_X::OnKeyDown(UINT vk, UINT repeatCount, UINT modifiers)
 {
     if (m_life->isEnding())
         return;
     m_releases->notePress(vk);
     if (xe::isWayOut(vk) && (m_bExitOnArrows || m_life->isControlHeld(modifiers))) {
-        m_nLastChar = vk;
-        m_life->endByKey(modifiers);
+        endBy(vk, modifiers);
     } else {
         CEaseComboBox_X::OnKeyDown(vk, repeatCount, modifiers);
     }
@@ -96,8 +107,5 @@ void CEaseInPlaceList_X::OnKeyUp(UINT vk, UINT repeatCount, UINT modifiers)
         CEaseComboBox_X::OnKeyUp(vk, repeatCount, modifiers);
         return;
     }
-    if (vk == VK_ESCAPE)
-        SetWindowText(m_sInitText);
-    m_nLastChar = vk;
-    m_life->endByKey(modifiers);
+    endBy(vk, modifiers);
 }

@@ -1,5 +1,6 @@
 #include "grid/editorlife.h"
 
+#include "XeGridBtnCellBase.h"
 #include "XeInPlaceEdit.h"
 #include "grid/gridstate.h"
 #include "xehook.h"
@@ -153,16 +154,37 @@ void EditorLife::dismiss(CWnd_X& editor)
     delete &editor;
 }
 
-void EditorLife::releaseCell()
+namespace {
+
+void release(CGridCell_X& released, const QObject& editor)
 {
-    const QPointer<CGridCell_X> cell = qobject_cast<CGridCell_X*>(m_cell);
-    if (!cell || static_cast<const QObject*>(cell->m_pEditWnd) != &m_editor)
+    const QPointer<CGridCell_X> cell(&released);
+    if (static_cast<const QObject*>(cell->m_pEditWnd) != &editor)
         return;
     cell->OnEndEdit();
     if (cell) {
         cell->m_bEditing = 0;
         cell->m_pEditWnd = nullptr;
     }
+}
+
+// Its own end would read the editor, which may be half gone.
+void release(CGridBtnCellBase_X& cell, const QObject& editor)
+{
+    if (!cell.m_bBtnEditing || static_cast<const QObject*>(cell.GetEditWnd()) != &editor)
+        return;
+    cell.m_bBtnEditing = 0;
+    cell.SetEditWnd(nullptr);
+}
+
+} // namespace
+
+void EditorLife::releaseCell()
+{
+    if (auto* const cell = qobject_cast<CGridCell_X*>(m_cell))
+        release(*cell, m_editor);
+    else if (auto* const button = qobject_cast<CGridBtnCellBase_X*>(m_cell))
+        release(*button, m_editor);
 }
 
 UINT EditorLife::endingModifiers()

@@ -34,13 +34,14 @@ CInPlaceList_X::CInPlaceList_X(CWnd_X* parent, CRect& rect, unsigned int style, 
       m_nLastChar(0),
       m_bExitOnArrows(FALSE),
       m_life(std::make_unique<xe::EditorLife>(*this, [this] { EndEdit(); })),
-      m_opener(std::make_unique<xe::ListOpener>(*this)),
+      m_watch(std::make_unique<xe::ListWatch>(*this, [this](UINT vk) { endBy(vk, 0); })),
       m_releases(std::make_unique<xe::Releases>(ch))
 {
     QWidget* const window = parent ? parent->GetSafeHwnd() : nullptr;
     if (window && CComboBox_X::Create(style | boxStyle, rect, window, id) && Imp<QComboBox>()) {
         m_life->enter(*window, row, col);
         xe::fillList(*this, *window, items, text, rect.Width());
+        m_watch->enter();
         m_edit.SubclassWindow(GetEditBox());
         if (xe::listKind(style) == CBS_DROPDOWN) {
             const QPointer<CWnd_X> grid(parent);
@@ -79,7 +80,7 @@ int CInPlaceList_X::PreTranslateMessage(tagMSG* message)
     if (!isButton || xe::listKind(GetStyle()) == CBS_DROPDOWN)
         return CComboBox_X::PreTranslateMessage(message);
     if (message->message == WM_LBUTTONDOWN && Imp<QComboBox>())
-        m_opener->openByPress();
+        m_watch->openByPress();
     return 1;
 }
 
@@ -92,6 +93,16 @@ void CInPlaceList_X::OnKillFocus(QWidget* other)
         EndEdit();
 }
 
+void CInPlaceList_X::endBy(UINT vk, UINT modifiers)
+{
+    if (m_life->isEnding())
+        return;
+    if (vk == VK_ESCAPE)
+        SetWindowText(m_sInitText);
+    m_nLastChar = vk;
+    m_life->endByKey(modifiers);
+}
+
 void CInPlaceList_X::OnKeyDown(UINT vk, UINT repeatCount, UINT modifiers)
 {
     if (m_life->isEnding())
@@ -102,10 +113,7 @@ void CInPlaceList_X::OnKeyDown(UINT vk, UINT repeatCount, UINT modifiers)
         CComboBox_X::OnKeyDown(vk, repeatCount, modifiers);
         return;
     }
-    if (vk == VK_ESCAPE)
-        SetWindowText(m_sInitText);
-    m_nLastChar = vk;
-    m_life->endByKey(modifiers);
+    endBy(vk, modifiers);
 }
 
 void CInPlaceList_X::OnKeyUp(UINT vk, UINT repeatCount, UINT modifiers)
@@ -116,10 +124,7 @@ void CInPlaceList_X::OnKeyUp(UINT vk, UINT repeatCount, UINT modifiers)
         CComboBox_X::OnKeyUp(vk, repeatCount, modifiers);
         return;
     }
-    if (vk == VK_ESCAPE)
-        SetWindowText(m_sInitText);
-    m_nLastChar = vk;
-    m_life->endByKey(modifiers);
+    endBy(vk, modifiers);
 }
 
 // ----------------------------------------------------------------------------------------------------------- the field

@@ -4,10 +4,12 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace xe {
 
@@ -55,9 +57,16 @@ bool isListOpen(const CComboBox_X& list)
     return box && box->view()->isVisible();
 }
 
-// ----------------------------------------------------------------------------------------------------------- the mouse
+// ------------------------------------------------------------------------------------------------- the mouse and keys
 
-void ListOpener::openByPress()
+ListWatch::ListWatch(CComboBox_X& list, std::function<void(UINT)> closedByKey)
+    : m_list(list),
+      m_closedByKey(std::move(closedByKey))
+{}
+
+void ListWatch::enter() { m_list.Imp<QComboBox>()->view()->installEventFilter(this); }
+
+void ListWatch::openByPress()
 {
     forgetPress();
     if (QApplication::mouseButtons() & Qt::LeftButton) {
@@ -70,7 +79,7 @@ void ListOpener::openByPress()
     m_list.ShowDropDown(TRUE);
 }
 
-void ListOpener::forgetPress()
+void ListWatch::forgetPress()
 {
     for (QWidget* part : m_watched) {
         if (part)
@@ -79,13 +88,31 @@ void ListOpener::forgetPress()
     m_watched = {};
 }
 
-bool ListOpener::eventFilter(QObject*, QEvent* event)
+bool ListWatch::eventFilter(QObject*, QEvent* event)
 {
-    if (event->type() != QEvent::MouseButtonRelease)
+    if (event->type() == QEvent::KeyPress)
+        noteKey(static_cast<const QKeyEvent&>(*event));
+    return event->type() == QEvent::MouseButtonRelease && takesRelease(static_cast<const QMouseEvent&>(*event));
+}
+
+bool ListWatch::takesRelease(const QMouseEvent& event)
+{
+    if (!m_watched[0])
         return false;
     forgetPress();
-    const QPoint way = static_cast<const QMouseEvent*>(event)->globalPos() - m_press;
-    return way.manhattanLength() < QApplication::startDragDistance();
+    return (event.globalPos() - m_press).manhattanLength() < QApplication::startDragDistance();
+}
+
+void ListWatch::noteKey(const QKeyEvent& event)
+{
+    const auto vk = static_cast<UINT>(qt_key_to_ansi_vk(event.key()));
+    if (vk != VK_RETURN && vk != VK_ESCAPE)
+        return;
+    const auto look = [this, vk] {
+        if (!isListOpen(m_list))
+            m_closedByKey(vk);
+    };
+    QMetaObject::invokeMethod(this, look, Qt::QueuedConnection);
 }
 
 bool Releases::endsEdit(UINT vk)

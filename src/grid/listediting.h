@@ -7,6 +7,9 @@
 #include <QPointer>
 
 #include <array>
+#include <functional>
+
+class QMouseEvent;
 
 namespace xe {
 
@@ -21,21 +24,28 @@ Opening listOpening(unsigned ch);
 
 bool isListOpen(const CComboBox_X& list);
 
-/// Opens the list by a press of the mouse that Qt does not get to see: the release of that press, which would close it
-/// again, is kept from it.
-class ListOpener : public QObject
+/// What a box does not hear of its open list.
+///
+/// A press that opens the list by openByPress() is not seen by Qt: its release, which would close the list again, is
+/// kept from it. Return and Esc close the list, and their release may go with it: `closedByKey` is called behind that.
+class ListWatch : public QObject
 {
 public:
-    explicit ListOpener(CComboBox_X& list) : m_list(list) {}
+    ListWatch(CComboBox_X& list, std::function<void(UINT)> closedByKey);
 
+    /// The box has its widget.
+    void enter();
     void openByPress();
     bool eventFilter(QObject* target, QEvent* event) override;
 
 private:
+    void noteKey(const QKeyEvent& event);
+    bool takesRelease(const QMouseEvent& event);
     void forgetPress();
 
     CComboBox_X& m_list;
-    std::array<QPointer<QWidget>, 2> m_watched;
+    const std::function<void(UINT)> m_closedByKey;
+    std::array<QPointer<QWidget>, 2> m_watched; // while the button is down
     QPoint m_press;
 };
 

@@ -1,0 +1,836 @@
+// Cells with buttons: shared data, controls, their layout, clicks, keys, texts and painting.
+
+#include "btncell/btnstage.h"
+#include "leavenothing.h"
+#include "testclass.h"
+
+#include <QStyle>
+
+namespace {
+
+constexpr UINT pressed = DFCS_PUSHED;
+constexpr UINT checked = DFCS_CHECKED;
+constexpr UINT up = WM_LBUTTONUP;
+constexpr UINT down = WM_LBUTTONDOWN;
+constexpr UINT twice = WM_LBUTTONDBLCLK;
+
+QString textOf(const wchar_t* text) { return text ? QString(XeQString(text)) : QStringLiteral("null"); }
+
+CRect cellRect(const BtnStage& stage)
+{
+    CRect rect;
+    stage.grid->GetCellRect(1, 1, &rect);
+    return rect;
+}
+
+} // namespace
+
+class tst_BtnCell : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(LeaveNothing::leftovers(), QString()); }
+
+    void sharedStartValues();
+    void sharedValues();
+    void cellStartValues();
+    void withoutSharedData();
+    void forwarding();
+    void ownTextAndFormat();
+    void reset();
+    void indexOutside();
+    void numberOfControls();
+
+    void setupRefused_data();
+    void setupRefused();
+    void setup();
+    void setupLeavesGaps();
+
+    void layout_data();
+    void layout();
+    void spinPartners();
+    void layoutNeedsRoom();
+    void hitTest();
+
+    void checkBox();
+    void inactiveControl();
+    void radioButtons();
+    void pushButtonsOfAGroup();
+    void scrollControlIsNeverChecked();
+    void otherMessages();
+    void clickBesideControls();
+    void letGoElsewhere();
+
+    void editClicksTheControl();
+    void doubleClickTogglesTwice();
+    void spacePushesForAWhile();
+    void spaceAndInactiveControl();
+    void secondKeyCompletesTheFirst();
+    void hotKeys_data();
+    void hotKeys();
+    void hotKeyEdits();
+    void editorOverTheText();
+    void deletedWhilePushed();
+    void deletedByItsNotification();
+
+    void textRoom();
+    void tipText_data();
+    void tipText();
+    void longTip();
+    void tipRects();
+    void extent();
+    void drawing();
+    void drawnControls_data();
+    void drawnControls();
+};
+
+// ------------------------------------------------------------------------------------------------------ data and cells
+
+void tst_BtnCell::sharedStartValues()
+{
+    const CBtnDataBase_X data;
+    QCOMPARE(textOf(data.GetText(0, 0)), QString());
+    QCOMPARE(data.GetFormat(0, 0), 0x8024u);
+    QCOMPARE(data.GetImage(0, 0), -1);
+    QCOMPARE(data.GetTile(0, 0), 0);
+    QCOMPARE(data.GetTextClr(0, 0), 0xFF000000u);
+    QCOMPARE(data.GetBackClr(0, 0), 0xFF000000u);
+    QCOMPARE(data.GetData(0, 0), 0LL);
+    QCOMPARE(*data.GetFont(0, 0), QFont());
+    QCOMPARE(data.GetMargin(0, 0), 3u);
+    QVERIFY(!data.GetGrid());
+    QVERIFY(!data.GetEditWnd());
+}
+
+void tst_BtnCell::sharedValues()
+{
+    CBtnDataBase_X data;
+    data.SetText(1, 2, L"text");
+    data.SetImage(1, 2, 5);
+    data.SetTile(1, 2, 1);
+    data.SetData(1, 2, 1LL << 40);
+    data.SetFormat(1, 2, 7);
+    data.SetTextClr(1, 2, 8);
+    data.SetBackClr(1, 2, 9);
+    data.SetMargin(1, 2, 10);
+    const QFont font(QStringLiteral("DejaVu Sans"), 21);
+    data.SetFont(1, 2, reinterpret_cast<const CFont_X*>(&font));
+    data.SetFont(1, 2, nullptr);
+    QCOMPARE(textOf(data.GetText(7, 7)), QStringLiteral("text"));
+    QCOMPARE(data.GetImage(7, 7), 5);
+    QCOMPARE(data.GetTile(7, 7), 1);
+    QCOMPARE(data.GetData(7, 7), 1LL << 40);
+    QCOMPARE(data.GetFormat(7, 7), 7u);
+    QCOMPARE(data.GetTextClr(7, 7), 8u);
+    QCOMPARE(data.GetBackClr(7, 7), 9u);
+    QCOMPARE(data.GetMargin(7, 7), 10u);
+    QCOMPARE(*data.GetFont(7, 7), font);
+    data.SetText(0, 0, nullptr);
+    QCOMPARE(textOf(data.GetText(0, 0)), QString());
+}
+
+void tst_BtnCell::cellStartValues()
+{
+    const std::unique_ptr<CObject_X> object(RUNTIME_CLASS_X(CGridBtnCell_X)->CreateObject());
+    const auto& cell = *static_cast<CGridBtnCell_X*>(object.get());
+    QVERIFY(cell.IsKindOf(RUNTIME_CLASS_X(CGridBtnCellBase_X)));
+    QCOMPARE(cell.GetLastCtlClicked(), short(-1));
+    QCOMPARE(cell.GetDrawCtlNbr(), short(0));
+    QCOMPARE(cell.GetDrawCtlNbrMax(), short(4));
+    QVERIFY(cell.GetCoords() == CCellID_X(-1, -1));
+    QCOMPARE(cell.IsEditing(), 0);
+    QVERIFY(!cell.GetBtnDataBase());
+    QCOMPARE(cell.GetFormat(), 0x8026u);
+    QCOMPARE(textOf(cell.GetText()), QString());
+    QCOMPARE(CGridBtnCellBase_X().GetDrawCtlNbrMax(), short(0));
+}
+
+void tst_BtnCell::withoutSharedData()
+{
+    CGridBtnCellBase_X cell;
+    cell.SetText(L"x");
+    cell.SetFormat(1);
+    cell.SetImage(1);
+    cell.SetMargin(4);
+    cell.SetGrid(nullptr);
+    cell.SetEditWnd(nullptr);
+    QVERIFY(!cell.GetText());
+    QVERIFY(!cell.GetFont());
+    QVERIFY(!cell.GetGrid());
+    QVERIFY(!cell.GetEditWnd());
+    QCOMPARE(cell.GetFormat(), 0u);
+    QCOMPARE(cell.GetMargin(), 0u);
+    QCOMPARE(cell.GetImage(), 0);
+    QCOMPARE(cell.HasCellText(), 0);
+    QCOMPARE(cell.RelPointInCtl({0, 0}), -1);
+    QCOMPARE(cell.Edit(0, 0, CRect(), {0, 0}, 8, 1), 1);
+    QImage image(50, 20, QImage::Format_RGB32);
+    CDC_X dc(&image);
+    QCOMPARE(cell.Draw(&dc, 0, 0, CRect(0, 0, 40, 15), nullptr, 0), 0);
+    cell.EndEdit();
+    cell.OnEndEdit();
+    cell.OnClick({1, 1});
+    cell.OnDblClick({1, 1});
+    cell.OnRClick({1, 1});
+}
+
+void tst_BtnCell::forwarding()
+{
+    CBtnDataBase_X data;
+    CGridBtnCellBase_X cell;
+    cell.SetBtnDataBase(&data);
+    QCOMPARE(cell.GetBtnDataBase(), &data);
+    cell.SetText(L"shared");
+    cell.SetMargin(9);
+    cell.SetTextClr(1);
+    cell.SetBackClr(2);
+    cell.SetTile(1);
+    cell.SetData(3);
+    cell.SetImage(4);
+    cell.SetFormat(5);
+    QCOMPARE(textOf(data.GetText(0, 0)), QStringLiteral("shared"));
+    QCOMPARE(textOf(cell.GetText()), QStringLiteral("shared"));
+    QCOMPARE(data.m_nMargin, 9u);
+    QCOMPARE(cell.GetTextClr(), 1u);
+    QCOMPARE(cell.GetBackClr(), 2u);
+    QCOMPARE(cell.GetTile(), 1);
+    QCOMPARE(cell.GetData(), 3LL);
+    QCOMPARE(cell.GetImage(), 4);
+    QCOMPARE(cell.GetFormat(), 5u);
+}
+
+void tst_BtnCell::ownTextAndFormat()
+{
+    BtnStage stage;
+    stage.grid->SetItemText(1, 1, L"own");
+    QCOMPARE(textOf(stage.cell->GetText()), QStringLiteral("own"));
+    QCOMPARE(textOf(stage.shared.GetText(1, 1)), QString());
+    stage.grid->SetItemText(2, 2, L"kept");
+    stage.grid->SetCellType(2, 2, RUNTIME_CLASS_X(CGridBtnCell_X));
+    QCOMPARE(textOf(stage.grid->cellAt(2, 2)->GetText()), QStringLiteral("kept"));
+    stage.cell->SetText(nullptr);
+    QCOMPARE(textOf(stage.cell->GetText()), QString());
+}
+
+void tst_BtnCell::reset()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_BUTTON, 0, CTL_ALIGN_LEFT, 20, TRUE, L"&One");
+    stage.cell->SetText(L"x");
+    stage.cell->SetFormat(1);
+    stage.cell->m_nLastCtlClicked = 0;
+    stage.cell->Reset();
+    QCOMPARE(stage.cell->GetDrawCtlNbr(), short(0));
+    QCOMPARE(stage.cell->GetDrawCtlWidth(0), 0);
+    QCOMPARE(textOf(stage.cell->GetDrawCtlBtnText(0)), QString());
+    QCOMPARE(stage.cell->GetFormat(), 0x8026u);
+    QCOMPARE(textOf(stage.cell->GetText()), QString());
+    QVERIFY(stage.cell->GetCoords() == CCellID_X(-1, -1));
+    QVERIFY(!stage.cell->GetBtnDataBase());
+    QCOMPARE(stage.cell->GetLastCtlClicked(), short(-1));
+}
+
+void tst_BtnCell::indexOutside()
+{
+    CGridBtnCell_X cell;
+    for (const int index : {-1, 4}) {
+        cell.SetDrawCtlType(index, 1);
+        cell.SetDrawCtlState(index, 1);
+        cell.SetDrawCtlWidth(index, 1);
+        cell.SetDrawCtlAlign(index, CTL_ALIGN_LEFT);
+        cell.SetDrawCtlBtnText(index, L"x");
+        cell.SetDrawCtlIsMbrRadioGrp(index, 1);
+        QCOMPARE(cell.GetDrawCtlType(index), 0u);
+        QCOMPARE(cell.GetDrawCtlState(index), 0u);
+        QCOMPARE(cell.GetDrawCtlWidth(index), 0);
+        QCOMPARE(cell.GetDrawCtlAlign(index), CTL_ALIGN_FULLCELL);
+        QCOMPARE(textOf(cell.GetDrawCtlBtnText(index)), QString());
+        QCOMPARE(cell.GetDrawCtlIsMbrRadioGrp(index), 0);
+    }
+}
+
+void tst_BtnCell::numberOfControls()
+{
+    CGridBtnCell_X cell;
+    cell.SetDrawCtlNbr(9);
+    QCOMPARE(cell.GetDrawCtlNbr(), short(4));
+    cell.SetDrawCtlNbr(-2);
+    QCOMPARE(cell.GetDrawCtlNbr(), short(0));
+}
+
+// --------------------------------------------------------------------------------------------------------------- setup
+
+void tst_BtnCell::setupRefused_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<int>("align");
+
+    QTest::newRow("below 0") << -1 << 1;
+    QTest::newRow("a fifth") << 4 << 1;
+    QTest::newRow("no alignment") << 0 << 3;
+    QTest::newRow("a second one over the whole cell") << 1 << 0;
+}
+
+void tst_BtnCell::setupRefused()
+{
+    QFETCH(int, index);
+    QFETCH(int, align);
+    CGridBtnCell_X cell;
+    QCOMPARE(cell.SetupBtns(index, DFC_BUTTON, 0, static_cast<CTL_ALIGN>(align), 10, 0, L"x"), 0);
+    QCOMPARE(cell.GetDrawCtlNbr(), short(0));
+}
+
+void tst_BtnCell::setup()
+{
+    CGridBtnCell_X cell;
+    QCOMPARE(cell.SetupBtns(0, DFC_BUTTON, checked | DFCS_BUTTONRADIO, CTL_ALIGN_RIGHT, 17, 5, L"&One"), 1);
+    QCOMPARE(cell.GetDrawCtlNbr(), short(1));
+    QCOMPARE(cell.GetDrawCtlType(0), DFC_BUTTON);
+    QCOMPARE(cell.GetDrawCtlState(0), checked | DFCS_BUTTONRADIO);
+    QCOMPARE(cell.GetDrawCtlAlign(0), CTL_ALIGN_RIGHT);
+    QCOMPARE(cell.GetDrawCtlWidth(0), 17);
+    QCOMPARE(cell.GetDrawCtlIsMbrRadioGrp(0), 1);
+    QCOMPARE(textOf(cell.GetDrawCtlBtnText(0)), QStringLiteral("&One"));
+    QCOMPARE(cell.SetupBtns(0, DFC_SCROLL, 1, CTL_ALIGN_FULLCELL, -3, 0, nullptr), 1);
+    QCOMPARE(cell.GetDrawCtlNbr(), short(1));
+    QCOMPARE(cell.GetDrawCtlAlign(0), CTL_ALIGN_FULLCELL);
+    QCOMPARE(cell.GetDrawCtlIsMbrRadioGrp(0), 0);
+    QCOMPARE(cell.GetDrawCtlWidth(0), -3);
+}
+
+void tst_BtnCell::setupLeavesGaps()
+{
+    CGridBtnCell_X cell;
+    QCOMPARE(cell.SetupBtns(2, DFC_BUTTON, 0, CTL_ALIGN_LEFT, 10, 0, L"x"), 1);
+    QCOMPARE(cell.GetDrawCtlNbr(), short(3));
+    QCOMPARE(cell.GetDrawCtlType(0), 0u);
+    QCOMPARE(cell.GetDrawCtlAlign(1), CTL_ALIGN_FULLCELL);
+}
+
+// -------------------------------------------------------------------------------------------------------------- layout
+
+struct Ctl
+{
+    UINT type;
+    UINT state;
+    CTL_ALIGN align;
+    int width;
+};
+Q_DECLARE_METATYPE(QVector<Ctl>)
+
+void tst_BtnCell::layout_data()
+{
+    QTest::addColumn<QVector<Ctl>>("controls");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<QString>("layout");
+
+    const auto row = [](const char* name, const QVector<Ctl>& controls, int width, const char* layout) {
+        QTest::newRow(name) << controls << width << QString::fromLatin1(layout);
+    };
+    const Ctl leftCheck{DFC_BUTTON, 0, CTL_ALIGN_LEFT, 0};
+    const Ctl rightCheck{DFC_BUTTON, 0, CTL_ALIGN_RIGHT, 0};
+    const Ctl leftPush{DFC_BUTTON, DFCS_BUTTONPUSH, CTL_ALIGN_LEFT, 0};
+    const Ctl rightPush{DFC_BUTTON, DFCS_BUTTONPUSH, CTL_ALIGN_RIGHT, 0};
+    const Ctl left30{DFC_BUTTON, DFCS_BUTTONPUSH, CTL_ALIGN_LEFT, 30};
+    const Ctl right30{DFC_BUTTON, DFCS_BUTTONPUSH, CTL_ALIGN_RIGHT, 30};
+    row("the whole cell", {{DFC_BUTTON, 0, CTL_ALIGN_FULLCELL, 0}}, 100, "0-100 | none");
+    row("a square one of a wide cell", {leftCheck}, 100, "0-20 | 23-100");
+    row("one at the right", {rightCheck}, 100, "80-100 | 3-80");
+    row("a push button takes all", {leftPush}, 100, "0-100 | none");
+    row("two push buttons share", {leftPush, leftPush}, 100, "0-50 50-100 | none");
+    row("at either side", {leftPush, rightPush}, 100, "0-50 50-100 | none");
+    row("fixed widths", {left30, right30}, 100, "0-30 70-100 | 33-70");
+    row("fixed and automatic", {left30, leftCheck}, 100, "0-30 30-50 | 53-100");
+    row("square and push", {leftCheck, leftPush}, 100, "0-20 20-100 | none");
+    row("right before left", {right30, left30}, 100, "70-100 0-30 | 33-70");
+    row("cut to the cell", {left30, left30, left30, left30}, 100, "0-30 30-60 60-90 90-100 | none");
+    row("all of a narrow cell", {leftCheck}, 15, "0-15 | none");
+    row("less than a margin left", {left30}, 32, "0-30 | none");
+    row("a margin left", {left30}, 33, "0-30 | 33-33");
+}
+
+void tst_BtnCell::layout()
+{
+    QFETCH(QVector<Ctl>, controls);
+    QFETCH(int, width);
+    BtnStage stage;
+    for (int i = 0; i < controls.size(); ++i)
+        stage.setUp(i, controls[i].type, controls[i].state, controls[i].align, controls[i].width);
+    QTEST(stage.layout(width, 20), "layout");
+}
+
+void tst_BtnCell::spinPartners()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_SCROLL, DFCS_SCROLLUP, CTL_ALIGN_RIGHT, 16);
+    stage.setUp(1, DFC_SCROLL, DFCS_SCROLLDOWN, CTL_ALIGN_RIGHT, 16);
+    CRect rects[16];
+    QCOMPARE(stage.cell->CalcDrawCtlRects(rects, 16, CRect(0, 0, 100, 21)), 1);
+    QCOMPARE(rects[0], CRect(84, 0, 100, 10));
+    QCOMPARE(rects[1], CRect(84, 10, 100, 21));
+    QCOMPARE(rects[2], CRect(3, 0, 84, 21));
+}
+
+void tst_BtnCell::layoutNeedsRoom()
+{
+    BtnStage stage;
+    CRect rects[5];
+    QCOMPARE(stage.cell->CalcDrawCtlRects(rects, 5, CRect(0, 0, 100, 20)), 0);
+    stage.setUp(0, DFC_BUTTON, 0);
+    QCOMPARE(stage.cell->CalcDrawCtlRects(rects, 3, CRect(0, 0, 100, 20)), 0);
+    QCOMPARE(stage.cell->CalcDrawCtlRects(nullptr, 5, CRect(0, 0, 100, 20)), 0);
+    for (int i = 1; i < 4; ++i)
+        stage.setUp(i, DFC_BUTTON, 0);
+    rects[4] = CRect(1, 2, 3, 4);
+    QCOMPARE(stage.cell->CalcDrawCtlRects(rects, 4, CRect(0, 0, 100, 20)), 1);
+    QCOMPARE(rects[4], CRect(1, 2, 3, 4));
+}
+
+void tst_BtnCell::hitTest()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_BUTTON, 0, CTL_ALIGN_LEFT, 20);
+    stage.setUp(1, DFC_BUTTON, 0, CTL_ALIGN_RIGHT, 20);
+    const int right = cellRect(stage).Width();
+    const int bottom = cellRect(stage).Height();
+    QCOMPARE(stage.cell->RelPointInCtl({0, 0}), 0);
+    QCOMPARE(stage.cell->RelPointInCtl({20, bottom}), 0); // right and bottom count
+    QCOMPARE(stage.cell->RelPointInCtl({23, 5}), 0);      // where it is painted, by the margin further in
+    QCOMPARE(stage.cell->RelPointInCtl({24, 5}), -1);
+    QCOMPARE(stage.cell->RelPointInCtl({right, 5}), 1);
+    QCOMPARE(stage.cell->RelPointInCtl({right - 23, 5}), 1);
+    QCOMPARE(stage.cell->RelPointInCtl({right - 24, 5}), -1);
+    QCOMPARE(stage.cell->RelPointInCtl({10, bottom + 1}), -1);
+    QCOMPARE(stage.cell->RelPointInCtl({-1, -1}), -1);
+    stage.cell->SetCoords(9, 9);
+    QCOMPARE(stage.cell->RelPointInCtl({0, 0}), -1);
+}
+
+// -------------------------------------------------------------------------------------------------------------- clicks
+
+void tst_BtnCell::checkBox()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_BUTTON, 0);
+    stage.cell->OnClickDown({5, 5});
+    QCOMPARE(stage.state(), pressed);
+    QCOMPARE(stage.cell->GetLastCtlClicked(), short(0));
+    stage.cell->OnClick({5, 5});
+    QCOMPARE(stage.state(), checked);
+    stage.cell->OnClickDown({5, 5});
+    stage.cell->OnClick({5, 5});
+    QCOMPARE(stage.state(), 0u);
+    stage.cell->OnDblClick({5, 5});
+    QCOMPARE(stage.state(), checked);
+    QVERIFY(stage.owner.notes.isEmpty());
+}
+
+void tst_BtnCell::inactiveControl()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_BUTTON, DFCS_INACTIVE | checked);
+    stage.cell->m_nLastCtlClicked = 3;
+    for (const UINT message : {down, up, twice})
+        QCOMPARE(stage.cell->ClickedCellCtl(message, 0), 0);
+    QCOMPARE(stage.state(), DFCS_INACTIVE | checked);
+    QCOMPARE(stage.cell->GetLastCtlClicked(), short(3));
+}
+
+void tst_BtnCell::radioButtons()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_BUTTON, DFCS_BUTTONRADIO | checked, CTL_ALIGN_LEFT, 10, TRUE);
+    stage.setUp(1, DFC_BUTTON, DFCS_BUTTONRADIO, CTL_ALIGN_LEFT, 10, TRUE);
+    stage.setUp(2, DFC_BUTTON, DFCS_BUTTONRADIO, CTL_ALIGN_LEFT, 10, FALSE); // its look makes it a member
+    stage.setUp(3, DFC_BUTTON, checked, CTL_ALIGN_LEFT, 10, FALSE);
+    QCOMPARE(stage.cell->ClickedCellCtl(up, 1), 1);
+    QCOMPARE(stage.state(0), DFCS_BUTTONRADIO);
+    QCOMPARE(stage.state(1), DFCS_BUTTONRADIO | checked);
+    QCOMPARE(stage.state(3), checked);
+    QCOMPARE(stage.cell->ClickedCellCtl(up, 2), 1);
+    QCOMPARE(stage.state(1), DFCS_BUTTONRADIO);
+    QCOMPARE(stage.state(2), DFCS_BUTTONRADIO | checked);
+    QCOMPARE(stage.cell->ClickedCellCtl(up, 2), 1);
+    QCOMPARE(stage.state(2), DFCS_BUTTONRADIO | checked);
+}
+
+void tst_BtnCell::pushButtonsOfAGroup()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_BUTTON, DFCS_BUTTONPUSH, CTL_ALIGN_LEFT, 10, TRUE);
+    stage.setUp(1, DFC_BUTTON, DFCS_BUTTONPUSH, CTL_ALIGN_LEFT, 10, TRUE);
+    stage.setUp(2, DFC_BUTTON, DFCS_BUTTONPUSH, CTL_ALIGN_LEFT, 10, FALSE);
+    stage.cell->ClickedCellCtl(down, 0);
+    stage.cell->ClickedCellCtl(up, 0);
+    QCOMPARE(stage.state(0), DFCS_BUTTONPUSH | pressed | checked);
+    stage.cell->ClickedCellCtl(down, 1);
+    stage.cell->ClickedCellCtl(up, 1);
+    QCOMPARE(stage.state(0), DFCS_BUTTONPUSH);
+    QCOMPARE(stage.state(1), DFCS_BUTTONPUSH | pressed | checked);
+    stage.cell->ClickedCellCtl(down, 2);
+    stage.cell->ClickedCellCtl(up, 2);
+    QCOMPARE(stage.state(2), DFCS_BUTTONPUSH);
+    QCOMPARE(stage.state(1), DFCS_BUTTONPUSH | pressed | checked);
+}
+
+void tst_BtnCell::scrollControlIsNeverChecked()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_SCROLL, DFCS_SCROLLUP);
+    stage.cell->ClickedCellCtl(down, 0);
+    QCOMPARE(stage.state(), pressed);
+    stage.cell->ClickedCellCtl(up, 0);
+    QCOMPARE(stage.state(), 0u);
+}
+
+void tst_BtnCell::otherMessages()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_BUTTON, 0);
+    QCOMPARE(stage.cell->ClickedCellCtl(WM_RBUTTONUP, 0), 0);
+    QCOMPARE(stage.state(), 0u);
+    QCOMPARE(stage.cell->ClickedCellCtl(up, 1), 0);
+    QCOMPARE(stage.cell->ClickedCellCtl(up, -1), 0);
+}
+
+void tst_BtnCell::clickBesideControls()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_BUTTON, 0);
+    stage.cell->m_nLastCtlClicked = 0;
+    QCOMPARE(stage.cell->ProcessCtlClick(up, {60, 5}), 0);
+    QCOMPARE(stage.cell->GetLastCtlClicked(), short(-1));
+    QCOMPARE(stage.cell->ProcessCtlClick(up, {5, 5}), 1);
+}
+
+void tst_BtnCell::letGoElsewhere()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_BUTTON, DFCS_BUTTONPUSH, CTL_ALIGN_LEFT, 20);
+    stage.setUp(1, DFC_BUTTON, DFCS_BUTTONPUSH | pressed | checked, CTL_ALIGN_LEFT, 20, TRUE);
+    stage.cell->OnClickDown({5, 5});
+    stage.cell->OnClick({90, 5});
+    QCOMPARE(stage.state(0), DFCS_BUTTONPUSH);
+    stage.cell->OnClickDown({30, 5});
+    stage.cell->OnClick({90, 5});
+    QCOMPARE(stage.state(1), DFCS_BUTTONPUSH | pressed | checked);
+    stage.cell->OnClickDown({5, 5});
+    stage.cell->OnClick({30, 5});
+    QCOMPARE(stage.state(0), DFCS_BUTTONPUSH);
+}
+
+// ------------------------------------------------------------------------------------------------- editing and keys
+
+void tst_BtnCell::editClicksTheControl()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_BUTTON, 0);
+    QCOMPARE(stage.cell->Edit(1, 1, cellRect(stage), {5, 5}, 8, 1), 0);
+    QCOMPARE(stage.state(), checked);
+    QCOMPARE(stage.owner.notes, QStringList{QStringLiteral("-2 1,1")});
+    QCOMPARE(stage.cell->IsEditing(), 0);
+}
+
+void tst_BtnCell::doubleClickTogglesTwice()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_BUTTON, 0);
+    stage.cell->OnClickDown({5, 5});
+    stage.cell->OnClick({5, 5});
+    stage.cell->Edit(1, 1, cellRect(stage), {5, 5}, 8, 1); // the double click opens the editor first
+    stage.cell->OnDblClick({5, 5});
+    QCOMPARE(stage.state(), 0u);
+    stage.cell->Edit(1, 1, cellRect(stage), {5, 5}, 8, 1);
+    QCOMPARE(stage.state(), checked);
+    QCoreApplication::processEvents();
+    stage.cell->OnDblClick({5, 5}); // of another event
+    QCOMPARE(stage.state(), 0u);
+}
+
+void tst_BtnCell::spacePushesForAWhile()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_BUTTON, 0);
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(stage.cell->Edit(1, 1, cellRect(stage), {-1, -1}, 8, VK_SPACE), 0);
+    QVERIFY(timer.elapsed() < 100);
+    QCOMPARE(stage.state(), pressed);
+    QVERIFY(stage.owner.notes.isEmpty());
+    QCOMPARE(stage.cell->Edit(1, 1, cellRect(stage), {-1, -1}, 8, VK_SPACE), 0); // the key repeats
+    QCOMPARE(stage.state(), pressed);
+    QTRY_COMPARE(stage.owner.notes, QStringList{QStringLiteral("-2 1,1")});
+    QVERIFY(timer.elapsed() >= 140);
+    QCOMPARE(stage.state(), checked);
+}
+
+void tst_BtnCell::spaceAndInactiveControl()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_BUTTON, DFCS_INACTIVE);
+    QCOMPARE(stage.cell->Edit(1, 1, cellRect(stage), {-1, -1}, 8, VK_SPACE), 0);
+    QTest::qWait(200);
+    QCOMPARE(stage.state(), DFCS_INACTIVE);
+    QVERIFY(stage.owner.notes.isEmpty());
+}
+
+void tst_BtnCell::secondKeyCompletesTheFirst()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_BUTTON, DFCS_BUTTONPUSH, CTL_ALIGN_LEFT, 0, FALSE, L"&One");
+    stage.setUp(1, DFC_BUTTON, DFCS_BUTTONPUSH, CTL_ALIGN_LEFT, 0, FALSE, L"&Two");
+    stage.cell->Edit(1, 1, cellRect(stage), {-1, -1}, 8, 'o');
+    QCOMPARE(stage.state(0), DFCS_BUTTONPUSH | pressed);
+    stage.cell->Edit(1, 1, cellRect(stage), {-1, -1}, 8, 't');
+    QCOMPARE(stage.state(0), DFCS_BUTTONPUSH);
+    QCOMPARE(stage.state(1), DFCS_BUTTONPUSH | pressed);
+    QCOMPARE(stage.owner.notes.size(), 1);
+    QTRY_COMPARE(stage.owner.notes.size(), 2);
+}
+
+void tst_BtnCell::hotKeys_data()
+{
+    QTest::addColumn<QStringList>("texts");
+    QTest::addColumn<QChar>("key");
+    QTest::addColumn<int>("match");
+
+    const auto row = [](const char* name, const char* texts, char key, int match) {
+        QTest::newRow(name) << QString::fromLatin1(texts).split(QLatin1Char('|')) << QChar::fromLatin1(key) << match;
+    };
+    row("first", "&Open|&Close", 'o', 0);
+    row("second", "&Open|&Close", 'C', 1);
+    row("inside", "Sa&ve", 'v', 0);
+    row("no mark", "Open", 'o', -1);
+    row("two ampersands are none", "A&&B", 'b', -1);
+    row("two ampersands and a mark", "A&&&B", 'b', 0);
+    row("ampersand at the end", "A&", 'a', -1);
+    row("behind a control without text", "&One||&Two", 't', -1);
+    row("before one", "&One||&Two", 'o', 0);
+}
+
+void tst_BtnCell::hotKeys()
+{
+    QFETCH(QStringList, texts);
+    QFETCH(QChar, key);
+    BtnStage stage;
+    for (int i = 0; i < texts.size(); ++i)
+        stage.setUp(i, DFC_BUTTON, DFCS_BUTTONPUSH, CTL_ALIGN_LEFT, 0, FALSE, texts[i].toStdWString().c_str());
+    QTEST(stage.cell->HotKeyBtnMatch(static_cast<wchar_t>(key.unicode())), "match");
+}
+
+void tst_BtnCell::hotKeyEdits()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_BUTTON, DFCS_BUTTONPUSH, CTL_ALIGN_FULLCELL, 0, FALSE, L"&Go");
+    QCOMPARE(stage.cell->HasCellText(), 0);
+    QCOMPARE(stage.cell->Edit(1, 1, cellRect(stage), {-1, -1}, 8, 'x'), 1);
+    QVERIFY(stage.owner.notes.isEmpty());
+    QCOMPARE(stage.cell->Edit(1, 1, cellRect(stage), {-1, -1}, 8, 'G'), 0);
+    QTRY_COMPARE(stage.owner.notes, QStringList{QStringLiteral("-2 1,1")});
+}
+
+void tst_BtnCell::editorOverTheText()
+{
+    BtnStage stage;
+    QVERIFY(stage.comeUp());
+    stage.setUp(0, DFC_BUTTON, 0, CTL_ALIGN_LEFT, 20);
+    stage.cell->SetText(L"text");
+    stage.cell->SetFormat(0x8026);
+    QCOMPARE(stage.cell->Edit(1, 1, cellRect(stage), {60, 5}, 8, 1), 1);
+    QCOMPARE(stage.cell->IsEditing(), 1);
+    const QPointer<CInPlaceEdit_X> editor = qobject_cast<CInPlaceEdit_X*>(stage.cell->GetEditWnd());
+    QVERIFY(editor);
+    QCOMPARE(qobject_cast<QLineEdit*>(editor->GetSafeHwnd())->alignment(), Qt::AlignRight);
+    const CRect rect = cellRect(stage);
+    QCOMPARE(editor->GetSafeHwnd()->geometry(),
+             QRect(QPoint(rect.left + 23, rect.top), QPoint(rect.right - 1, rect.bottom - 1)));
+    editor->SetWindowText(L"new");
+    CGridBtnCell_X other; // of the same group, and not editing
+    other.SetBtnDataBase(&stage.shared);
+    other.EndEdit();
+    other.OnEndEdit();
+    QCOMPARE(stage.cell->GetEditWnd(), editor);
+    stage.cell->EndEdit();
+    QCOMPARE(textOf(stage.cell->GetText()), QStringLiteral("new"));
+    QCOMPARE(stage.cell->IsEditing(), 0);
+    QVERIFY(!stage.shared.GetEditWnd());
+    QVERIFY(stage.owner.notes.contains(QStringLiteral("-176 1,1")));
+}
+
+void tst_BtnCell::deletedWhilePushed()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_BUTTON, 0);
+    stage.cell->Edit(1, 1, cellRect(stage), {-1, -1}, 8, VK_SPACE);
+    stage.grid->DeleteAllItems();
+    QVERIFY(!stage.cell);
+    QTest::qWait(200);
+    QVERIFY(!stage.owner.notes.contains(QStringLiteral("-2 1,1")));
+}
+
+void tst_BtnCell::deletedByItsNotification()
+{
+    BtnStage stage;
+    stage.setUp(0, DFC_BUTTON, 0);
+    stage.owner.onNotify = [&](int code) {
+        if (code == -2)
+            stage.grid->DeleteAllItems();
+    };
+    QCOMPARE(stage.cell->Edit(1, 1, cellRect(stage), {5, 5}, 8, 1), 0);
+    QVERIFY(!stage.cell);
+}
+
+// ------------------------------------------------------------------------------------------------- texts and painting
+
+void tst_BtnCell::textRoom()
+{
+    BtnStage stage;
+    QCOMPARE(stage.cell->HasCellText(), 1);
+    stage.setUp(0, DFC_BUTTON, 0, CTL_ALIGN_LEFT, 20);
+    QCOMPARE(stage.cell->HasCellText(), 1);
+    CRect rect(0, 0, 100, 20);
+    QCOMPARE(stage.cell->GetTextRect(&rect), 1);
+    QCOMPARE(rect, CRect(26, 0, 97, 20));
+    stage.setUp(0, DFC_BUTTON, 0, CTL_ALIGN_FULLCELL);
+    QCOMPARE(stage.cell->HasCellText(), 0);
+    QCOMPARE(stage.cell->GetTextRect(&rect), 1);
+    QCOMPARE(rect, CRect(0, 0, 0, 0));
+    QCOMPARE(stage.cell->GetTextRect(nullptr), 0);
+}
+
+void tst_BtnCell::tipText_data()
+{
+    QTest::addColumn<QStringList>("texts");
+    QTest::addColumn<QString>("tip");
+
+    const auto row = [](const char* name, const char* texts, const char* tip) {
+        QTest::newRow(name) << QString::fromLatin1(texts).split(QLatin1Char('|')) << QString::fromLatin1(tip);
+    };
+    row("one", "&Open", "Open");
+    row("two", "&Open|Clo&se", "Open Close");
+    row("one without a text between", "&Open||Clo&se", "Open Close");
+    row("two ampersands are one", "Nuts && &Bolts", "Nuts & Bolts");
+    row("an ampersand at the end", "Open&", "Open");
+    row("none", "", "");
+}
+
+void tst_BtnCell::tipText()
+{
+    QFETCH(QStringList, texts);
+    BtnStage stage;
+    stage.cell->SetText(L"text");
+    QCOMPARE(textOf(stage.cell->GetTipText()), QStringLiteral("text"));
+    for (int i = 0; i < texts.size(); ++i)
+        stage.setUp(i, DFC_BUTTON, DFCS_BUTTONPUSH, CTL_ALIGN_LEFT, 0, FALSE, texts[i].toStdWString().c_str());
+    QTEST(textOf(stage.cell->GetTipText()), "tip");
+}
+
+void tst_BtnCell::longTip()
+{
+    BtnStage stage;
+    const std::wstring text(700, L'x');
+    stage.setUp(0, DFC_BUTTON, DFCS_BUTTONPUSH, CTL_ALIGN_LEFT, 0, FALSE, text.c_str());
+    stage.setUp(1, DFC_BUTTON, DFCS_BUTTONPUSH, CTL_ALIGN_LEFT, 0, FALSE, text.c_str());
+    QCOMPARE(static_cast<int>(std::wcslen(stage.cell->GetTipText())), 1022);
+}
+
+void tst_BtnCell::tipRects()
+{
+    BtnStage stage;
+    CRect rect(10, 20, 110, 40);
+    QCOMPARE(stage.cell->GetTipTextRect(&rect), 1); // without controls the text has all of it
+    QCOMPARE(rect, CRect(10, 20, 110, 40));
+    stage.setUp(0, DFC_BUTTON, 0, CTL_ALIGN_LEFT, 20);
+    QCOMPARE(stage.cell->GetTipTextRect(&rect), 1);
+    QCOMPARE(rect, CRect(36, 20, 107, 40));
+    stage.setUp(0, DFC_BUTTON, 0, CTL_ALIGN_FULLCELL);
+    rect = CRect(10, 20, 110, 40);
+    QCOMPARE(stage.cell->GetTipTextRect(&rect), 1);
+    QCOMPARE(rect, CRect(10, 20, 110, 40));
+    stage.cell->SetDrawCtlNbr(0);
+    stage.cell->SetCoords(9, 9); // no text can be seen, and there is no control
+    QCOMPARE(stage.cell->GetTipTextRect(&rect), 1);
+    QCOMPARE(rect, CRect(0, 0, 0, 0));
+    QCOMPARE(stage.cell->GetTipTextRect(nullptr), 0);
+}
+
+void tst_BtnCell::extent()
+{
+    BtnStage stage;
+    stage.cell->SetText(L"text");
+    const CSize base = stage.cell->GetCellExtent();
+    stage.setUp(0, DFC_BUTTON, 0, CTL_ALIGN_LEFT, 25);
+    QCOMPARE(stage.cell->GetCellExtent(), CSize(base.cx + 25 + 12, base.cy));
+    stage.setUp(1, DFC_BUTTON, 0, CTL_ALIGN_LEFT, 0);
+    QCOMPARE(stage.cell->GetCellExtent(), CSize(base.cx + 25 + base.cy + 12, base.cy));
+    stage.setUp(2, DFC_BUTTON, DFCS_BUTTONPUSH, CTL_ALIGN_LEFT, 0, FALSE, L"Caption");
+    const int caption =
+        QFontMetrics(*stage.cell->GetFont())
+            .boundingRect(QRect(QPoint(0, 0), QPoint(-1, -1)), ToQtTextFlag(0x8026), QStringLiteral("Caption"))
+            .width();
+    QCOMPARE(stage.cell->GetCellExtent(), CSize(base.cx + 25 + base.cy + caption + 12, base.cy));
+}
+
+void tst_BtnCell::drawing()
+{
+    BtnStage stage;
+    QImage image(120, 40, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    CDC_X dc(&image);
+    CRect rect(10, 5, 110, 30);
+    QCOMPARE(stage.cell->DrawBtnCell(&dc, 1, 1, &rect, 0), 1); // no controls: the whole cell is left
+    QCOMPARE(rect, CRect(10, 5, 110, 30));
+    stage.setUp(0, DFC_BUTTON, 0, CTL_ALIGN_LEFT, 20);
+    QCOMPARE(stage.cell->DrawBtnCell(&dc, 1, 1, &rect, 0), 1);
+    QCOMPARE(rect, CRect(36, 5, 107, 30));
+    QCOMPARE(stage.cell->DrawBtnCell(nullptr, 1, 1, &rect, 0), 0);
+    rect = CRect(10, 5, 10, 30);
+    QCOMPARE(stage.cell->DrawBtnCell(&dc, 1, 1, &rect, 0), 0);
+    stage.setUp(0, DFC_BUTTON, 0, CTL_ALIGN_FULLCELL);
+    image.fill(Qt::white);
+    QCOMPARE(stage.cell->Draw(&dc, 1, 1, CRect(10, 5, 110, 30), nullptr, 0), 1);
+    QVERIFY(image.pixelColor(10, 5) == Qt::white);
+    stage.cell->SetState(CGridCellBase_X::Selected);
+    stage.cell->Draw(&dc, 1, 1, CRect(10, 5, 110, 30), nullptr, 0);
+    QVERIFY(image.pixelColor(10, 5) == Qt::black); // an outline
+    QVERIFY(image.pixelColor(110, 30) == Qt::black);
+    QCOMPARE(stage.cell->PrintCell(&dc, 1, 1, CRect(10, 5, 110, 30)), 0);
+}
+
+void tst_BtnCell::drawnControls_data()
+{
+    QTest::addColumn<unsigned>("state");
+    QTest::addColumn<unsigned>("sameAs");
+    QTest::addColumn<unsigned>("unlike");
+
+    QTest::newRow("check box") << checked << (checked | pressed) << 0u;
+    QTest::newRow("radio button") << (DFCS_BUTTONRADIO | checked) << (DFCS_BUTTONRADIO | checked | 1)
+                                  << DFCS_BUTTONRADIO;
+    QTest::newRow("push button") << DFCS_BUTTONPUSH << (DFCS_BUTTONPUSH | checked) << (DFCS_BUTTONPUSH | pressed);
+    QTest::newRow("push before radio") << (DFCS_BUTTONPUSH | DFCS_BUTTONRADIO) << DFCS_BUTTONPUSH << DFCS_BUTTONRADIO;
+    QTest::newRow("inactive") << (DFCS_INACTIVE | checked) << (DFCS_INACTIVE | checked) << checked;
+    QTest::newRow("an arrow is a check box") << 1u << 0u << checked;
+}
+
+void tst_BtnCell::drawnControls()
+{
+    QFETCH(unsigned, state);
+    QFETCH(unsigned, sameAs);
+    QFETCH(unsigned, unlike);
+    const auto picture = [](unsigned look) {
+        BtnStage stage;
+        stage.setUp(0, DFC_BUTTON, look, CTL_ALIGN_FULLCELL, 0, FALSE, L"Go");
+        QImage image(100, 30, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        CDC_X dc(&image);
+        stage.cell->Draw(&dc, 1, 1, CRect(0, 0, 99, 29), nullptr, 0);
+        return image;
+    };
+    QVERIFY(picture(state) == picture(sameAs));
+    QVERIFY(picture(state) != picture(unlike));
+}
+
+XE_TEST(tst_BtnCell)
+
+#include "tst_btncell.moc"
