@@ -460,8 +460,10 @@ int CMainFrame::SelectedRow() const { return Table().currentRow(); }
 // A part of another kind or supplier brings all parts back.
 void CMainFrame::SelectRow(int row)
 {
-    if (row >= 0 && Table().isRowHidden(row))
+    if (row >= 0 && Table().isRowHidden(row)) {
         m_splitter.Tree().SelectAll();
+        Table().doItemsLayout(); // else the row is scrolled to within the few that were shown
+    }
     Table().setCurrentCell(row, 0);
 }
 

@@ -39,6 +39,7 @@ private slots:
     void keysSelectTheParts();
     void theListFollowsTheBook();
     void aHitOfAnotherKindBringsAllBack();
+    void whatIsBroughtBackIsSeen();
 
 private:
     QWidget* window() const { return m_frame->GetSafeHwnd(); }
@@ -196,6 +197,25 @@ void tst_PartsbookFind::aHitOfAnotherKindBringsAllBack()
     clickHit(0);
     QVERIFY(!parts()->isRowHidden(0));
     QCOMPARE(parts()->currentRow(), 0);
+}
+
+void tst_PartsbookFind::whatIsBroughtBackIsSeen()
+{
+    PartsBook large;
+    Part part;
+    for (int i = 0; i < 200; ++i) {
+        part.number.Format(L"P-%d", i);
+        part.kind = i < 3 ? L"Few" : L"Many";
+        large.add(part);
+    }
+    QVERIFY(large.saveAs(m_folder.filePath("large.csv")));
+    QVERIFY(m_frame->OpenBook(large.fileName()));
+    auto* const tree = window()->findChild<QTreeWidget*>("IDC_TREE");
+    tree->setCurrentItem(tree->findItems("Few", Qt::MatchExactly | Qt::MatchRecursive).constFirst());
+    QCoreApplication::processEvents();
+    find("p-150");
+    QCOMPARE(parts()->currentRow(), 150);
+    QVERIFY(parts()->viewport()->rect().intersects(parts()->visualItemRect(parts()->item(150, 0))));
 }
 
 XE_TEST(tst_PartsbookFind)
