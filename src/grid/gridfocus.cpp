@@ -110,9 +110,17 @@ namespace {
 
 constexpr unsigned wantedStates = 0x3F;
 
-// The first cell of a block, row by row, in one of the wanted states.
-CCellID_X firstIn(const CGridCtrl_X& grid, const CCellRange_X& range, int flags)
+// The part of a block that the grid has.
+CCellRange_X inside(const CGridCtrl_X& grid, const CCellRange_X& range)
 {
+    return {qMax(range.m_nMinRow, 0), qMax(range.m_nMinCol, 0), qMin(range.m_nMaxRow, grid.GetRowCount() - 1),
+            qMin(range.m_nMaxCol, grid.GetColumnCount() - 1)};
+}
+
+// The first cell of a block, row by row, in one of the wanted states.
+CCellID_X firstIn(const CGridCtrl_X& grid, const CCellRange_X& block, int flags)
+{
+    const CCellRange_X range = inside(grid, block);
     for (int row = range.m_nMinRow; row <= range.m_nMaxRow; ++row) {
         for (int col = range.m_nMinCol; col <= range.m_nMaxCol; ++col) {
             if (grid.GetItemState(row, col) & static_cast<unsigned>(flags) & wantedStates)
@@ -123,8 +131,9 @@ CCellID_X firstIn(const CGridCtrl_X& grid, const CCellRange_X& range, int flags)
 }
 
 // The same upwards or to the left: a block of one column or one row.
-CCellID_X lastIn(const CGridCtrl_X& grid, const CCellRange_X& range, int flags)
+CCellID_X lastIn(const CGridCtrl_X& grid, const CCellRange_X& block, int flags)
 {
+    const CCellRange_X range = inside(grid, block);
     for (int row = range.m_nMaxRow; row >= range.m_nMinRow; --row) {
         for (int col = range.m_nMaxCol; col >= range.m_nMinCol; --col) {
             if (grid.GetItemState(row, col) & static_cast<unsigned>(flags) & wantedStates)

@@ -326,5 +326,8 @@ bool CGridCtrl_X::eventFilter(QObject* target, QEvent* event)
     }
     if (living)
         m_state->isRealKey = wasRealKey;
+    if (!isConsumed)
+        event
+            ->accept(); // as a widget gets it: else a Tab that has moved the focus goes on to the parent, and moves it again
     return isConsumed;
 }
