@@ -18,8 +18,8 @@ public:
     {
         const auto& told = *reinterpret_cast<const XeGridNotification*>(record);
         notices += QStringLiteral("%1(%2, %3)").arg(nameOf(told.hdr.code)).arg(told.iRow).arg(told.iColumn);
-        if (onNotice)
-            onNotice(told);
+        if (const auto handler = onNotice) // it may replace itself
+            handler(told);
         return answer;
     }
 
