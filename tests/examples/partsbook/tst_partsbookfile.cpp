@@ -59,6 +59,10 @@ private slots:
     void newPartsComeLast();
     void removal();
     void find();
+    void findAll();
+    void namesOfKindsAndSuppliers();
+    void renaming();
+    void aLineOfAnEarlierVersion();
 
     void cannotBeRead_data();
     void cannotBeRead();
@@ -271,6 +275,47 @@ void tst_PartsbookFile::find()
     QCOMPARE(m_book.find(L"screw", false, -1), 0);
     QCOMPARE(m_book.find(L"no such thing", false, 0), -1);
     QCOMPARE(PartsBook().find(L"x", false, -1), -1);
+}
+
+void tst_PartsbookFile::findAll()
+{
+    QVERIFY(load(screw + bearing + motor));
+    QVERIFY(m_book.findAll(L"e", false) == (std::vector<int>{0, 1, 2}));
+    QVERIFY(m_book.findAll(L"MOTOR", false) == std::vector<int>{2});
+    QVERIFY(m_book.findAll(L"MOTOR", true).empty());
+}
+
+void tst_PartsbookFile::namesOfKindsAndSuppliers()
+{
+    QVERIFY(load(motor + screw + screw + "X-1,,,,made,0,0,0.00,yes,\n" + bearing));
+    QVERIFY(m_book.namesOf(&Part::kind) == (std::vector<CString_X>{L"Electrical", L"Fastener", L"Bearing"}));
+    QVERIFY(m_book.namesOf(&Part::supplier) == (std::vector<CString_X>{L"Kessler", L"华丰", L"瓦轴"}));
+    QVERIFY(PartsBook().namesOf(&Part::kind).empty());
+}
+
+void tst_PartsbookFile::renaming()
+{
+    QVERIFY(load(screw + motor + screw));
+    m_book.rename(&Part::kind, L"Nothing", L"Something");
+    QVERIFY(!m_book.isModified());
+    m_book.rename(&Part::kind, L"Fastener", L"Bolt");
+    m_book.rename(&Part::supplier, L"Kessler", L"K");
+    const QByteArray bolt = QByteArray(screw).replace("Fastener", "Bolt");
+    QCOMPARE(saved(), bolt + QByteArray(motor).replace("Kessler", "K") + bolt);
+}
+
+// A changed line gets the fields that such a file does not have only when there is something in them.
+void tst_PartsbookFile::aLineOfAnEarlierVersion()
+{
+    QVERIFY(load(screw + motor));
+    Part part = m_book.part(0);
+    part.stock = 11;
+    m_book.change(0, part);
+    part = m_book.part(1);
+    part.delivered = L"2026-03-31";
+    m_book.change(1, part);
+    QCOMPARE(saved(),
+             QByteArray(screw).replace(",10,", ",11,") + QByteArray(motor).replace("heavy", "heavy,2026-03-31"));
 }
 
 // ---------------------------------------------------------------------------------------------------------- failures
