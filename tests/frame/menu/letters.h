@@ -1,14 +1,13 @@
 // Menus to build on.
 #pragma once
 
+#include "deletelater.h"
 #include "menutext.h"
 
 #include <XeMFCEmu.h>
 
 inline constexpr auto idProperty = "MenuItemIdx";
 inline constexpr auto positionFarBehind = 0xFFFFFFFFu;
-
-inline void deleteLaterObjects() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
 inline UINT_PTR addressOf(const QMenu* menu) { return reinterpret_cast<UINT_PTR>(menu); }
 

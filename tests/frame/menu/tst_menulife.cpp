@@ -1,5 +1,6 @@
 // A menu and its wrappers: who makes whom, who deletes whom, in any order.
 
+#include "deletelater.h"
 #include "leavenothing.h"
 #include "menutext.h"
 #include "testclass.h"
@@ -11,8 +12,6 @@
 #include <QPushButton>
 
 namespace {
-
-void deleteLaterObjects() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
 int filtersOf(QObject& object)
 {

@@ -1,7 +1,7 @@
 // Items that are asked for: by identifier, which is looked for in submenus too, and by position.
 
 #include "leavenothing.h"
-#include "menutext.h"
+#include "letters.h"
 #include "testclass.h"
 
 #include <XeMFCEmu.h>
@@ -10,16 +10,12 @@
 
 namespace {
 
-constexpr auto idProperty = "MenuItemIdx";
-
 QAction* add(QMenu& menu, const char* text, const QVariant& id)
 {
     QAction* const action = menu.addAction(QString::fromUtf8(text));
     action->setProperty(idProperty, id);
     return action;
 }
-
-QVariant number(unsigned long long id) { return id; }
 
 QString textOf(const QAction* action) { return action ? action->text() : QStringLiteral("none"); }
 

@@ -1,5 +1,6 @@
 // The menu bar of a window, and that passing wrappers leave none behind.
 
+#include "deletelater.h"
 #include "leavenothing.h"
 #include "testclass.h"
 
@@ -39,8 +40,6 @@ QList<QWidget*> filteredBy(const QMenuBar* bar, const QList<QWidget*>& widgets)
     }
     return filtered;
 }
-
-void deleteLaterObjects() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
 void show(QMainWindow& window)
 {
