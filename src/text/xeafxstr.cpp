@@ -78,10 +78,15 @@ CString_X& CString_X::assignWide(std::wstring&& text) noexcept
 
 // ----------------------------------------------------------------------------------------------- elements, narrow text
 
+// A terminator stands at the very end of the room, where nobody writes an element: one that overwrites that of the text
+// ends in the room all the same for whoever goes by the address alone.
 void CString_X::SetAt(int index, wchar_t ch) noexcept
 {
-    if (index >= 0 && static_cast<size_type>(index) < capacity())
-        data()[index] = ch;
+    if (index < 0 || static_cast<size_type>(index) >= capacity())
+        return;
+    if (static_cast<size_type>(index) >= length())
+        data()[capacity()] = L'\0';
+    data()[index] = ch;
 }
 
 const char* CString_X::Utf8Ptr()
@@ -247,6 +252,7 @@ wchar_t* CString_X::GetBuffer(int count)
 {
     if (static_cast<size_type>(count) > capacity())
         reserve(static_cast<size_type>(count));
+    data()[capacity()] = L'\0';
     return data();
 }
 
@@ -269,6 +275,8 @@ void CString_X::ReleaseBuffer(int count)
     if (count >= 0 && static_cast<size_type>(count) <= length()) {
         data()[count] = L'\0';
         resize(std::wcslen(c_str()));
+    } else {
+        data()[capacity()] = L'\0';
     }
 }
 

@@ -26,6 +26,8 @@ private slots:
     void setLengthBeyondTheRoom();
     void setLengthShrinks();
     void badSetLength();
+    void anIgnoredCountLeavesATerminator();
+    void setAtLeavesATerminator();
     void setAtWritesBehindTheText();
     void setAtOutsideWritesNothing_data();
     void setAtOutsideWritesNothing();
@@ -207,6 +209,34 @@ void tst_StringBuffer::badSetLength()
     CString_X text = L"abc";
     QCOMPARE(thrownBy([&] { text.GetBufferSetLength(-1); }), QStringLiteral("length_error"));
     QCOMPARE(text, CString_X(L"abc"));
+}
+
+// The caller wrote over the terminator of the text, and of the room.
+void tst_StringBuffer::anIgnoredCountLeavesATerminator()
+{
+    for (const int count : {100, INT_MAX, -2}) {
+        CString_X text;
+        wchar_t* const buffer = text.GetBuffer(100);
+        const std::size_t room = text.capacity();
+        QCOMPARE(buffer[room], L'\0');
+        std::wmemset(buffer, L'x', room + 1);
+        text.ReleaseBuffer(count);
+        QCOMPARE(text.GetLength(), 0);
+        QCOMPARE(std::wcslen(text.GetString()), room);
+    }
+}
+
+void tst_StringBuffer::setAtLeavesATerminator()
+{
+    for (const CString_X& start : {CString_X(L"ab"), CString_X(L'a', 50)}) {
+        CString_X text = start;
+        const std::size_t room = text.capacity();
+        const_cast<wchar_t*>(text.GetString())[room] = L'x';
+        for (std::size_t i = 0; i < room; ++i)
+            text.SetAt(static_cast<int>(i), L'x');
+        if (room > start.length())
+            QCOMPARE(std::wcslen(text.GetString()), room);
+    }
 }
 
 void tst_StringBuffer::setAtWritesBehindTheText()
