@@ -1,68 +1,13 @@
 // Combo boxes: how they are made, their items, the list.
 
+#include "combobox/combostage.h"
 #include "leavenothing.h"
 #include "testclass.h"
 
 #include <XeCustomUI.h>
 #include <XeMFCEmu.h>
 
-#include <QSignalSpy>
-
 #include <climits>
-
-Q_DECLARE_METATYPE(CString_X)
-
-namespace {
-
-CString_X textOf(const CWnd_X& window)
-{
-    CString_X text(L"untouched");
-    window.GetWindowText(text);
-    return text;
-}
-
-QString itemsOf(const QComboBox& box)
-{
-    QStringList items;
-    for (int i = 0; i < box.count(); ++i)
-        items += box.itemText(i);
-    return items.join(QLatin1Char(' '));
-}
-
-// Counts what the box tells its clients.
-struct Signals
-{
-    explicit Signals(QComboBox& box)
-        : index(&box, QOverload<int>::of(&QComboBox::currentIndexChanged)),
-          text(&box, &QComboBox::currentTextChanged),
-          edited(&box, &QComboBox::editTextChanged)
-    {}
-
-    int count() const { return index.count() + text.count() + edited.count(); }
-
-    QSignalSpy index;
-    QSignalSpy text;
-    QSignalSpy edited;
-};
-
-// A wrapped box of these items.
-struct Stage
-{
-    explicit Stage(const QStringList& items = {}, bool editable = true)
-    {
-        box.setEditable(editable);
-        box.addItems(items);
-        combo.SubclassWindow(&box);
-    }
-
-    QComboBox box;
-    CComboBox_X combo;
-};
-
-const QStringList fruit{QStringLiteral("apple"), QStringLiteral("Pear"), QStringLiteral("plum"),
-                        QStringLiteral("pear")};
-
-} // namespace
 
 class tst_ComboBox : public QObject
 {

@@ -1,62 +1,16 @@
 // Combo boxes: what is found and selected, the text and the field.
 
+#include "combobox/combostage.h"
 #include "leavenothing.h"
 #include "testclass.h"
 
 #include <XeCustomUI.h>
 #include <XeMFCEmu.h>
 
-#include <QSignalSpy>
 #include <QSortFilterProxyModel>
 #include <QStandardItemModel>
 
 #include <climits>
-
-Q_DECLARE_METATYPE(CString_X)
-
-namespace {
-
-CString_X textOf(const CWnd_X& window)
-{
-    CString_X text(L"untouched");
-    window.GetWindowText(text);
-    return text;
-}
-
-// Counts what the box tells its clients.
-struct Signals
-{
-    explicit Signals(QComboBox& box)
-        : index(&box, QOverload<int>::of(&QComboBox::currentIndexChanged)),
-          text(&box, &QComboBox::currentTextChanged),
-          edited(&box, &QComboBox::editTextChanged)
-    {}
-
-    int count() const { return index.count() + text.count() + edited.count(); }
-
-    QSignalSpy index;
-    QSignalSpy text;
-    QSignalSpy edited;
-};
-
-// A wrapped box of these items.
-struct Stage
-{
-    explicit Stage(const QStringList& items = {}, bool editable = true)
-    {
-        box.setEditable(editable);
-        box.addItems(items);
-        combo.SubclassWindow(&box);
-    }
-
-    QComboBox box;
-    CComboBox_X combo;
-};
-
-const QStringList fruit{QStringLiteral("apple"), QStringLiteral("Pear"), QStringLiteral("plum"),
-                        QStringLiteral("pear")};
-
-} // namespace
 
 class tst_ComboField : public QObject
 {
