@@ -62,6 +62,7 @@ private Q_SLOTS:
     void wrapperMayGoFirst();
     void manyRows();
     void manyRowsWithGapsSelected();
+    void manyRowsSelectedOneByOne();
 };
 
 void tst_ListLife::createMakesATable()
@@ -244,6 +245,22 @@ void tst_ListLife::manyRowsWithGapsSelected()
         selected += list.GetItemState(row, LVIS_SELECTED) == LVIS_SELECTED;
     QCOMPARE(selected, count / 2);
     QVERIFY2(timer.elapsed() < 10'000, "a step takes time by the square of the rows");
+}
+
+void tst_ListLife::manyRowsSelectedOneByOne()
+{
+    constexpr int count = 100'000;
+    QTableWidget table(count, 2);
+    table.setSelectionBehavior(QAbstractItemView::SelectRows);
+    table.setSelectionMode(QAbstractItemView::MultiSelection);
+    CListCtrl_X list;
+    list.SubclassWindow(&table);
+    QElapsedTimer timer;
+    timer.start();
+    for (int row = 0; row < count; ++row)
+        list.SetItemState(row, LVIS_SELECTED, LVIS_SELECTED);
+    QCOMPARE(list.GetSelectedCount(), static_cast<UINT>(count));
+    QVERIFY2(timer.elapsed() < 30'000, "a step takes time by the square of the rows");
 }
 
 XE_TEST(tst_ListLife)

@@ -29,6 +29,8 @@ private Q_SLOTS:
     void setStateSelects();
     void setStateLeavesWhatIsSelected();
     void setStateOfSingleCells();
+    void rowsAddUpAsQtAddsThem_data();
+    void rowsAddUpAsQtAddsThem();
     void setItemSelects();
     void count();
     void positions();
@@ -140,6 +142,61 @@ void tst_ListSelection::setStateOfSingleCells()
     QCOMPARE(f.table.currentColumn(), 0);
     QVERIFY(f.table.item(3, 0)->isSelected());
     QVERIFY(!f.table.item(3, 1)->isSelected());
+}
+
+void tst_ListSelection::rowsAddUpAsQtAddsThem_data()
+{
+    QTest::addColumn<QVector<int>>("rows");
+    QTest::newRow("downwards") << QVector<int>{1, 2, 3, 4};
+    QTest::newRow("upwards") << QVector<int>{4, 3, 2, 1};
+    QTest::newRow("with gaps") << QVector<int>{0, 2, 4, 6};
+    QTest::newRow("closing a gap") << QVector<int>{0, 2, 1, 3};
+    QTest::newRow("behind an older range") << QVector<int>{1, 2, 5, 3, 4, 6};
+    QTest::newRow("some twice") << QVector<int>{1, 2, 2, 1, 3};
+    QTest::newRow("with an unselectable row") << QVector<int>{6, 7, 8, 9};
+    QTest::newRow("the last") << QVector<int>{8, 9, 10};
+}
+
+void tst_ListSelection::rowsAddUpAsQtAddsThem()
+{
+    QFETCH(QVector<int>, rows);
+    // What the table has selected, in its order, the current row, and what each change was told as.
+    const auto trace = [&rows](auto select) {
+        QTableWidget table(10, 3);
+        table.setSelectionBehavior(QAbstractItemView::SelectRows);
+        table.setSelectionMode(QAbstractItemView::MultiSelection);
+        for (int column = 0; column < 3; ++column) {
+            table.setItem(7, column, new QTableWidgetItem);
+            table.item(7, column)->setFlags(Qt::ItemIsEnabled);
+        }
+        QStringList words;
+        const auto note = [&words](const QModelIndexList& indices) {
+            for (const QModelIndex& index : indices)
+                words += QStringLiteral("%1.%2").arg(index.row()).arg(index.column());
+            words += QStringLiteral("/");
+        };
+        QObject::connect(table.selectionModel(), &QItemSelectionModel::selectionChanged,
+                         [&note](const QItemSelection& selected, const QItemSelection& deselected) {
+                             note(selected.indexes());
+                             note(deselected.indexes());
+                         });
+        select(table);
+        note(table.selectionModel()->selectedRows());
+        return words.join(QLatin1Char(' ')) + QString::number(table.currentRow());
+    };
+    const QString ours = trace([&rows](QTableWidget& table) {
+        CListCtrl_X list;
+        list.SubclassWindow(&table);
+        for (const int row : qAsConst(rows))
+            list.SetItemState(row, LVIS_SELECTED, LVIS_SELECTED);
+    });
+    const QString qts = trace([&rows](QTableWidget& table) {
+        for (const int row : qAsConst(rows)) {
+            if (!table.selectionModel()->isRowSelected(row, {})) // else it would be deselected
+                table.selectRow(row);
+        }
+    });
+    QCOMPARE(ours, qts);
 }
 
 void tst_ListSelection::setItemSelects()
