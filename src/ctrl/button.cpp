@@ -1,3 +1,4 @@
+#include "ctrl/creation.h"
 #include "xeafxctrl.h"
 
 #include <QAbstractButton>
@@ -61,12 +62,8 @@ int checkOf(Qt::CheckState state)
 
 int CButton_X::Create(const wchar_t* text, DWORD style, const tagRECT& rect, xe::detail::ParentWindow parent, UINT)
 {
-    const QPointer<CButton_X> living(this); // what the window says as it comes up may end it
-    if (!CWnd_X::Create(style, rect, parent))
-        return 0;
-    if (living)
-        SetWindowText(text);
-    return 1;
+    const auto create = [&] { return CWnd_X::Create(style, rect, parent); };
+    return xe::createAndFinish<QWidget>(*this, create, [&](QWidget&) { SetWindowText(text); });
 }
 
 bool CButton_X::AttachDefault(QWidget* parent)

@@ -1,4 +1,5 @@
 #include "XeCustomUI.h"
+#include "ctrl/creation.h"
 #include "xeafxctrl.h"
 
 #include <QAbstractItemView>
@@ -13,12 +14,9 @@ IMPLEMENT_DYNCREATE_X(CComboBox_X, CWnd_X)
 
 int CComboBox_X::Create(DWORD style, const tagRECT& rect, xe::detail::ParentWindow parent, UINT)
 {
-    const QPointer<CComboBox_X> living(this); // what the window says as it comes up may end it
-    if (!CWnd_X::Create(style & ~WS_VSCROLL, rect, parent))
-        return 0;
-    if (auto* const box = living ? Imp<QComboBox>() : nullptr)
-        box->setEditable((style & CBS_DROPDOWNLIST) != CBS_DROPDOWNLIST);
-    return 1;
+    const auto create = [&] { return CWnd_X::Create(style & ~WS_VSCROLL, rect, parent); };
+    return xe::createAndFinish<QComboBox>(
+        *this, create, [style](QComboBox& box) { box.setEditable((style & CBS_DROPDOWNLIST) != CBS_DROPDOWNLIST); });
 }
 
 bool CComboBox_X::AttachDefault(QWidget* parent) { return Attach(new XeCUIComboBox(parent), parent, false); }

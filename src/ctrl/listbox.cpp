@@ -1,3 +1,4 @@
+#include "ctrl/creation.h"
 #include "geometry/rectangle.h"
 #include "xeafxctrl.h"
 
@@ -40,13 +41,11 @@ int firstRow(const QListWidget* list, int start, const QString& text, Qt::MatchF
 
 int CListBox_X::Create(DWORD style, const tagRECT& rect, xe::detail::ParentWindow parent, UINT)
 {
-    const QPointer<CListBox_X> living(this); // what the window says as it comes up may end it
-    if (!CWnd_X::Create(style & ~(WS_HSCROLL | WS_VSCROLL), rect, parent))
-        return 0;
-    auto* const list = living ? Imp<QListWidget>() : nullptr;
-    if (list && style & LBS_MULTIPLESEL)
-        list->setSelectionMode(QAbstractItemView::MultiSelection);
-    return 1;
+    const auto create = [&] { return CWnd_X::Create(style & ~(WS_HSCROLL | WS_VSCROLL), rect, parent); };
+    return xe::createAndFinish<QListWidget>(*this, create, [style](QListWidget& list) {
+        if (style & LBS_MULTIPLESEL)
+            list.setSelectionMode(QAbstractItemView::MultiSelection);
+    });
 }
 
 bool CListBox_X::AttachDefault(QWidget* parent) { return Attach(new QListWidget(parent), parent, false); }

@@ -1,3 +1,4 @@
+#include "ctrl/creation.h"
 #include "xeafxdtctl.h"
 
 IMPLEMENT_DYNCREATE_X(CMonthCalCtrl_X, CWnd_X)
@@ -6,23 +7,18 @@ bool CMonthCalCtrl_X::AttachDefault(QWidget* parent) { return Attach(new QCalend
 
 int CMonthCalCtrl_X::Create(DWORD style, const tagRECT& rect, QWidget* parent)
 {
-    const QPointer<CMonthCalCtrl_X> living(this);
-    if (!CWnd_X::Create(style, rect, parent))
-        return 0;
-    if (auto* const calendar = living ? Imp<QCalendarWidget>() : nullptr)
-        calendar->setVerticalHeaderFormat(style & MCS_WEEKNUMBERS ? QCalendarWidget::ISOWeekNumbers
-                                                                  : QCalendarWidget::NoVerticalHeader);
-    return 1;
+    const auto create = [&] { return CWnd_X::Create(style, rect, parent); };
+    return xe::createAndFinish<QCalendarWidget>(*this, create, [style](QCalendarWidget& calendar) {
+        calendar.setVerticalHeaderFormat(style & MCS_WEEKNUMBERS ? QCalendarWidget::ISOWeekNumbers
+                                                                 : QCalendarWidget::NoVerticalHeader);
+    });
 }
 
 int CMonthCalCtrl_X::Create(DWORD style, const tagPOINT& point, QWidget* parent)
 {
-    const QPointer<CMonthCalCtrl_X> living(this);
     const tagRECT place{point.x, point.y, point.x, point.y};
-    const int result = Create(style, place, parent);
-    if (QWidget* const calendar = living ? GetSafeHwnd() : nullptr)
-        calendar->resize(calendar->sizeHint());
-    return result;
+    const auto create = [&] { return Create(style, place, parent); };
+    return xe::createAndFinish<QWidget>(*this, create, [](QWidget& calendar) { calendar.resize(calendar.sizeHint()); });
 }
 
 BOOL CMonthCalCtrl_X::SetCurSel(const QDate& date)

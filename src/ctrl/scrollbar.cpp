@@ -1,3 +1,4 @@
+#include "ctrl/creation.h"
 #include "xerangectrl.h"
 
 IMPLEMENT_DYNCREATE_X(CScrollBar_X, CWnd_X)
@@ -6,12 +7,10 @@ bool CScrollBar_X::AttachDefault(QWidget* parent) { return Attach(new QScrollBar
 
 int CScrollBar_X::Create(DWORD style, const tagRECT& rect, QWidget* parent, UINT)
 {
-    const QPointer<CScrollBar_X> living(this);
-    if (!CWnd_X::Create(style & ~WS_VSCROLL, rect, parent))
-        return 0;
-    if (auto* const bar = living ? Imp<QScrollBar>() : nullptr)
-        bar->setOrientation(style & SBS_VERT ? Qt::Vertical : Qt::Horizontal);
-    return 1;
+    const auto create = [&] { return CWnd_X::Create(style & ~WS_VSCROLL, rect, parent); };
+    return xe::createAndFinish<QScrollBar>(*this, create, [style](QScrollBar& bar) {
+        bar.setOrientation(style & SBS_VERT ? Qt::Vertical : Qt::Horizontal);
+    });
 }
 
 int CScrollBar_X::GetScrollPos() const

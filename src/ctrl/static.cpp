@@ -1,16 +1,13 @@
 #include "XeCustomUI.h"
+#include "ctrl/creation.h"
 #include "xeafxctrl.h"
 
 IMPLEMENT_DYNCREATE_X(CStatic_X, CWnd_X)
 
 int CStatic_X::Create(const wchar_t* text, DWORD style, const tagRECT& rect, xe::detail::ParentWindow parent, UINT)
 {
-    const QPointer<CStatic_X> living(this); // what the window says as it comes up may end it
-    if (!CWnd_X::Create(style, rect, parent))
-        return 0;
-    if (living)
-        SetWindowText(text);
-    return 1;
+    const auto create = [&] { return CWnd_X::Create(style, rect, parent); };
+    return xe::createAndFinish<QWidget>(*this, create, [&](QWidget&) { SetWindowText(text); });
 }
 
 bool CStatic_X::AttachDefault(QWidget* parent) { return Attach(new XeCUILabel(parent), parent, false); }

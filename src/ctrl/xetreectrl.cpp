@@ -2,6 +2,7 @@
 
 #include "xetreectrl.h"
 
+#include "ctrl/creation.h"
 #include "ctrl/itemicons.h"
 #include "ctrl/treeroles.h"
 
@@ -13,11 +14,7 @@ namespace {
 
 constexpr DWORD ownBars = WS_VSCROLL | WS_HSCROLL;
 
-void hideHeader(QTreeWidget* tree)
-{
-    if (tree)
-        tree->setHeaderHidden(true);
-}
+void hideHeader(QTreeWidget& tree) { tree.setHeaderHidden(true); }
 
 } // namespace
 
@@ -31,20 +28,14 @@ bool CTreeCtrl_X::AttachDefault(QWidget* parent) { return Attach(new QTreeWidget
 
 int CTreeCtrl_X::Create(DWORD style, xe::detail::ParentWindow parent)
 {
-    const QPointer<CTreeCtrl_X> living(this);
-    const int result = CWnd_X::Create(style & ~ownBars, parent);
-    if (living && result)
-        hideHeader(Imp<QTreeWidget>());
-    return result;
+    const auto create = [&] { return CWnd_X::Create(style & ~ownBars, parent); };
+    return xe::createAndFinish<QTreeWidget>(*this, create, hideHeader);
 }
 
 int CTreeCtrl_X::Create(DWORD style, const tagRECT& rect, xe::detail::ParentWindow parent)
 {
-    const QPointer<CTreeCtrl_X> living(this);
-    const int result = CWnd_X::Create(style & ~ownBars, rect, parent);
-    if (living && result)
-        hideHeader(Imp<QTreeWidget>());
-    return result;
+    const auto create = [&] { return CWnd_X::Create(style & ~ownBars, rect, parent); };
+    return xe::createAndFinish<QTreeWidget>(*this, create, hideHeader);
 }
 
 int CTreeCtrl_X::Create(DWORD style, const tagRECT& rect, xe::detail::ParentWindow parent, UINT)
