@@ -32,6 +32,17 @@ struct Dock
     void put(CControlBar_X* bar) { dock.m_arrBars.Add(bar); }
     void put(ULONG_PTR number) { dock.m_arrBars.Add(reinterpret_cast<void*>(number)); }
 
+    /// Bars "a" and "b" in one line, "c" in the next.
+    void putTwoLines(const QRect& a, const QRect& b, const QRect& c)
+    {
+        put(ULONG_PTR(0));
+        put(add('a', a));
+        put(add('b', b));
+        put(ULONG_PTR(0));
+        put(add('c', c));
+        put(ULONG_PTR(0));
+    }
+
     /// "0 a b 0 #5 0": ends of rows, bars, a placeholder.
     QString text() const
     {
@@ -294,16 +305,8 @@ void tst_DockBar::dropOnRows()
     QFETCH(int, left);
     QFETCH(int, y);
     Dock dock(CBRS_TOP);
-    CControlBar_X* const a = dock.add('a', {0, 0, 100, 20});
-    CControlBar_X* const b = dock.add('b', {100, 0, 100, 28});
-    CControlBar_X* const c = dock.add('c', {0, 30, 100, 20});
+    dock.putTwoLines({0, 0, 100, 20}, {100, 0, 100, 28}, {0, 30, 100, 20});
     CControlBar_X* const x = dock.add('x', {});
-    dock.put(ULONG_PTR(0));
-    dock.put(a);
-    dock.put(b);
-    dock.put(ULONG_PTR(0));
-    dock.put(c);
-    dock.put(ULONG_PTR(0));
     QTEST(dock.dock.Insert(x, CRect(left, 0, left + 50, 20), CPoint(0, y)), "index");
     QTEST(dock.text(), "text");
 }
@@ -329,16 +332,8 @@ void tst_DockBar::dropOnColumns()
     QFETCH(int, top);
     QFETCH(int, x);
     Dock dock(CBRS_LEFT);
-    CControlBar_X* const a = dock.add('a', {0, 0, 20, 100});
-    CControlBar_X* const b = dock.add('b', {0, 100, 31, 100});
-    CControlBar_X* const c = dock.add('c', {30, 0, 20, 100});
+    dock.putTwoLines({0, 0, 20, 100}, {0, 100, 31, 100}, {30, 0, 20, 100});
     CControlBar_X* const dropped = dock.add('x', {});
-    dock.put(ULONG_PTR(0));
-    dock.put(a);
-    dock.put(b);
-    dock.put(ULONG_PTR(0));
-    dock.put(c);
-    dock.put(ULONG_PTR(0));
     QTEST(dock.dock.Insert(dropped, CRect(0, top, 20, top + 50), CPoint(x, 0)), "index");
     QTEST(dock.text(), "text");
 }
