@@ -11,7 +11,7 @@
 #include <utility>
 
 /// The top-level window of a grid: writes down the grid's notifications, as "CLICK(1, 2)".
-class NotifiedWindow : public CWnd_X
+class GridParent : public CWnd_X
 {
 public:
     LRESULT OnNotify(WPARAM, LPARAM record)
@@ -62,7 +62,7 @@ public:
 
     void OnMessageMap() override
     {
-        using ThisClass = NotifiedWindow;
+        using ThisClass = GridParent;
         CWnd_X::OnMessageMap();
         ON_MESSAGE_X(WM_NOTIFY, OnNotify)
         ON_MESSAGE_X(WM_COMMAND, OnCommand)
@@ -141,7 +141,7 @@ struct GridWindow
     /// The focus as "row,column".
     QString focus() const { return textOf(grid->m_idCurrentCell.row, grid->m_idCurrentCell.col); }
 
-    NotifiedWindow window;
+    GridParent window;
     QWidget* widget;
     std::unique_ptr<Grid> grid;
 };
