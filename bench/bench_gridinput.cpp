@@ -1,0 +1,177 @@
+// What selecting, sorting and copying in a grid cost: beside a hash map of as many cells, beside a QTableWidget, and
+// twice the cells beside half of them.
+
+#include <XeMFCEmu.h>
+
+#include <benchmark/benchmark.h>
+
+#include <QMimeData>
+#include <QTableWidget>
+
+#include <memory>
+#include <random>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace {
+
+// ------------------------------------------------------------------------------------------------------------ selecting
+
+constexpr int side = 1000; // of a million cells
+
+void selectAndClear(benchmark::State& state, int rows)
+{
+    CGridCtrl_X grid(rows, side, 0, 0);
+    for (auto _ : state) {
+        grid.SelectAllCells();
+        if (grid.m_SelectedCellMap.GetCount() != static_cast<long long>(rows) * side)
+            state.SkipWithError("cells are missing");
+        grid.SetSelectedRange(-1, -1, -1, -1);
+        if (!grid.m_SelectedCellMap.IsEmpty())
+            state.SkipWithError("cells are left");
+    }
+}
+
+void selectMillion(benchmark::State& state) { selectAndClear(state, side); }
+void selectTwice(benchmark::State& state) { selectAndClear(state, side / 2); }
+void selectHalf(benchmark::State& state) { selectAndClear(state, side / 4); }
+
+void fillHashMap(benchmark::State& state)
+{
+    for (auto _ : state) {
+        std::unordered_map<unsigned, CCellID_X> map;
+        for (int row = 0; row < side; ++row) {
+            for (int col = 0; col < side; ++col)
+                map[static_cast<unsigned>(row) | static_cast<unsigned>(col) << 16] = CCellID_X(row, col);
+        }
+        if (map.size() != static_cast<std::size_t>(side) * side)
+            state.SkipWithError("cells are missing");
+        map.clear();
+    }
+}
+
+constexpr int draggedRows = 1000;
+constexpr int draggedColumns = 100;
+
+// A drag of a large selection goes one row further, and one row back.
+void dragOneRow(benchmark::State& state)
+{
+    CGridCtrl_X grid(draggedRows + 10, draggedColumns, 0, 0);
+    grid.SetSelectedRange(0, 0, draggedRows - 1, draggedColumns - 1);
+    bool isLonger = false;
+    for (auto _ : state) {
+        isLonger = !isLonger;
+        grid.SetSelectedRange(0, 0, draggedRows - 1 + isLonger, draggedColumns - 1);
+    }
+    if (grid.m_SelectedCellMap.GetCount() != (draggedRows + isLonger) * draggedColumns)
+        state.SkipWithError("cells are missing");
+}
+
+// -------------------------------------------------------------------------------------------------------------- sorting
+
+constexpr int sortedRows = 10'000;
+constexpr int sortedColumns = 10;
+
+std::vector<std::wstring> someTexts()
+{
+    std::mt19937 random(1);
+    std::vector<std::wstring> texts;
+    for (int i = 0; i < sortedRows; ++i)
+        texts.push_back(L"part " + std::to_wstring(random()));
+    return texts;
+}
+
+void sortGrid(benchmark::State& state)
+{
+    const std::vector<std::wstring> texts = someTexts();
+    CGridCtrl_X grid(sortedRows, sortedColumns, 0, 0);
+    for (auto _ : state) {
+        state.PauseTiming();
+        for (int row = 0; row < sortedRows; ++row)
+            grid.SetItemText(row, 0, texts[static_cast<std::size_t>(row)].c_str());
+        state.ResumeTiming();
+        grid.SortTextItems(0, TRUE);
+    }
+    for (int row = 1; row < sortedRows; ++row) {
+        if (grid.GetItemText(row - 1, 0).Compare(grid.GetItemText(row, 0)) > 0)
+            state.SkipWithError("not in order");
+    }
+}
+
+void sortTable(benchmark::State& state)
+{
+    const std::vector<std::wstring> texts = someTexts();
+    QTableWidget table(sortedRows, sortedColumns);
+    for (int row = 0; row < sortedRows; ++row) {
+        for (int col = 0; col < sortedColumns; ++col)
+            table.setItem(row, col, new QTableWidgetItem);
+    }
+    for (auto _ : state) {
+        state.PauseTiming();
+        for (int row = 0; row < sortedRows; ++row)
+            table.item(row, 0)->setText(QString::fromStdWString(texts[static_cast<std::size_t>(row)]));
+        state.ResumeTiming();
+        table.sortItems(0);
+    }
+    for (int row = 1; row < sortedRows; ++row) {
+        if (table.item(row, 0)->text() < table.item(row - 1, 0)->text())
+            state.SkipWithError("not in order");
+    }
+}
+
+// -------------------------------------------------------------------------------------------------------------- copying
+
+constexpr int copiedColumns = 100;
+
+std::unique_ptr<CGridCtrl_X> filledGrid(int rows)
+{
+    auto grid = std::make_unique<CGridCtrl_X>(rows, copiedColumns, 0, 0);
+    for (int row = 0; row < rows; ++row) {
+        for (int col = 0; col < copiedColumns; ++col)
+            grid->SetItemText(row, col, L"twelve signs");
+    }
+    grid->SelectAllCells();
+    return grid;
+}
+
+void copyCells(benchmark::State& state, int rows)
+{
+    const std::unique_ptr<CGridCtrl_X> grid = filledGrid(rows);
+    for (auto _ : state) {
+        const std::unique_ptr<QMimeData> data(grid->CopyTextFromGrid());
+        if (!data)
+            state.SkipWithError("nothing is copied");
+    }
+}
+
+void pasteCells(benchmark::State& state, int rows)
+{
+    const std::unique_ptr<CGridCtrl_X> grid = filledGrid(rows);
+    const std::unique_ptr<QMimeData> data(grid->CopyTextFromGrid());
+    for (auto _ : state) {
+        if (!grid->PasteTextToGrid({0, 0}, data.get()))
+            state.SkipWithError("nothing is pasted");
+    }
+}
+
+constexpr int copiedRows = 1000;
+
+void copyTwice(benchmark::State& state) { copyCells(state, copiedRows); }
+void copyHalf(benchmark::State& state) { copyCells(state, copiedRows / 2); }
+void pasteTwice(benchmark::State& state) { pasteCells(state, copiedRows); }
+void pasteHalf(benchmark::State& state) { pasteCells(state, copiedRows / 2); }
+
+} // namespace
+
+BENCHMARK(selectMillion)->Name("grid_select/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(fillHashMap)->Name("grid_select/peer:unordered_map")->Unit(benchmark::kMillisecond);
+BENCHMARK(selectTwice)->Name("grid_select_growth/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(selectHalf)->Name("grid_select_growth/peer:half")->Unit(benchmark::kMillisecond);
+BENCHMARK(dragOneRow)->Name("grid_drag_selection/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(sortGrid)->Name("grid_sort/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(sortTable)->Name("grid_sort/peer:sortItems")->Unit(benchmark::kMillisecond);
+BENCHMARK(copyTwice)->Name("grid_copy/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(copyHalf)->Name("grid_copy/peer:half")->Unit(benchmark::kMillisecond);
+BENCHMARK(pasteTwice)->Name("grid_paste/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(pasteHalf)->Name("grid_paste/peer:half")->Unit(benchmark::kMillisecond);
