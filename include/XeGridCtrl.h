@@ -487,6 +487,7 @@ private:
     int widestExtent(int column, int firstRow) const;
     int highestExtent(int row) const;
     void endOpenEditor();
+    bool editByInputMethod(QEvent& event);
 
     bool beforeChange();
     bool clearFocus();

@@ -100,6 +100,7 @@ int CGridCtrl_X::OnCreate(tagCREATESTRUCTW* createStruct)
         return 0;
     widget->setMouseTracking(true);
     widget->setAttribute(Qt::WA_OpaquePaintEvent);
+    widget->setAttribute(Qt::WA_InputMethodEnabled);
     if (widget->focusPolicy() == Qt::NoFocus)
         widget->setFocusPolicy(Qt::StrongFocus);
     EnableScrollBars(SB_BOTH, TRUE);

@@ -4,6 +4,8 @@
 #include "grid/editorlife.h"
 #include "grid/gridstate.h"
 
+#include <QCoreApplication>
+
 #include <utility>
 
 // Each call of a cell, a notification and a virtual may delete cells, rows and the grid.
@@ -36,6 +38,18 @@ void CGridCtrl_X::EndEditing()
 {
     if (CGridCellBase_X* const cell = cellAt(m_idCurrentCell.row, m_idCurrentCell.col))
         cell->EndEdit();
+}
+
+// What is composed goes into an editor from its first stroke on.
+bool CGridCtrl_X::editByInputMethod(QEvent& event)
+{
+    const QPointer<CGridCtrl_X> living(this);
+    OnEditCell(m_idCurrentCell.row, m_idCurrentCell.col, CPoint(-1, -1), VK_TAB);
+    const xe::EditorLife* const life = living ? m_state->editor : nullptr;
+    if (!life)
+        return !living;
+    QCoreApplication::sendEvent(life->editor().GetSafeHwnd(), &event);
+    return true;
 }
 
 // An editor may stand over another cell than the one with the focus, which is all that EndEditing() knows of.

@@ -311,6 +311,8 @@ void CGridCtrl_X::OnChar(UINT character, UINT repeatCount, UINT modifiers)
 // Qt makes a key of its own of Tab with Shift, and that has no number here: it comes as what it is.
 bool CGridCtrl_X::eventFilter(QObject* target, QEvent* event)
 {
+    if (event && event->type() == QEvent::InputMethod && target == GetImpQObject())
+        return editByInputMethod(*event);
     const bool isKey = event && (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease);
     if (!isKey || target != GetImpQObject())
         return CWnd_X::eventFilter(target, event);

@@ -9,7 +9,7 @@
 #include <functional>
 
 /// Writes down what a grid notifies its window of: "code row,column".
-class NotifiedWindow : public CWnd_X
+class BtnWindow : public CWnd_X
 {
 public:
     LRESULT OnNotify(WPARAM, LPARAM record)
@@ -28,7 +28,7 @@ public:
     DECLARE_MESSAGE_MAP_X()
 };
 
-inline BEGIN_MESSAGE_MAP_X(NotifiedWindow, CWnd_X) ON_MESSAGE_X(WM_NOTIFY, OnNotify)
+inline BEGIN_MESSAGE_MAP_X(BtnWindow, CWnd_X) ON_MESSAGE_X(WM_NOTIFY, OnNotify)
 END_MESSAGE_MAP_X
 ()
 
@@ -99,7 +99,7 @@ END_MESSAGE_MAP_X
 
     QWidget window;
     QWidget* widget;
-    NotifiedWindow owner;
+    BtnWindow owner;
     CBtnDataBase_X shared;
     std::unique_ptr<CGridCtrl_X> grid;
     QPointer<CGridBtnCell_X> cell;

@@ -1,0 +1,592 @@
+// Editing in a grid: what opens an editor, what is stored and told, how a key goes on to the next cell, and who may
+// delete what meanwhile. The keys are real.
+
+#include "gridwindow.h"
+#include "leavenothing.h"
+#include "testclass.h"
+#include "virtualinput.h"
+
+#include <XeMFCEmu.h>
+
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QPointer>
+
+#include <X11/keysym.h>
+
+namespace {
+
+/// A grid of 6 x 4 cells with a fixed row and column, in an active window; the cells have their places as texts.
+template <class Grid = CGridCtrl_X>
+struct EditedGrid
+{
+    EditedGrid() : grid(std::make_unique<Grid>())
+    {
+        window.resize(500, 300);
+        widget = new QWidget(&window);
+        widget->setGeometry(0, 0, 450, 250);
+        other = new QLineEdit(&window);
+        other->setGeometry(0, 260, 100, 25);
+        owner.SubclassWindow(&window);
+        grid->SubclassWindow(widget);
+        grid->SetRowCount(6);
+        grid->SetColumnCount(4);
+        grid->SetFixedRowCount(1);
+        grid->SetFixedColumnCount(1);
+        for (int row = 0; row < 6; ++row) {
+            for (int col = 0; col < 4; ++col)
+                grid->SetItemText(row, col, CString_X(QStringLiteral("%1.%2").arg(row).arg(col)));
+        }
+        grid->SetModified(FALSE);
+    }
+
+    bool comeUp()
+    {
+        window.show();
+        const bool isActive = QTest::qWaitFor([this] {
+            window.activateWindow();
+            return window.isActiveWindow();
+        });
+        widget->setFocus();
+        grid->SetFocusCell(2, 2);
+        QCoreApplication::processEvents();
+        owner.take();
+        return isActive && QTest::qWaitForWindowExposed(&window);
+    }
+
+    void edit(int row = 2, int col = 2, UINT ch = 1) { grid->OnEditCell(row, col, CPoint(-1, -1), ch); }
+    QLineEdit* field() const { return widget ? widget->findChild<QLineEdit*>() : nullptr; }
+    /// The field that is open now; one that has ended is still there, and hidden.
+    QLineEdit* openField() const
+    {
+        const auto fields = widget ? widget->findChildren<QLineEdit*>() : QList<QLineEdit*>();
+        for (QLineEdit* field : fields) {
+            if (!field->isHidden())
+                return field;
+        }
+        return nullptr;
+    }
+    QString openText() const { return openField() ? openField()->text() : QStringLiteral("none"); }
+    QString text(int row, int col) const { return XeQString(grid->GetItemText(row, col)); }
+
+    static void settle()
+    {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    QWidget window;
+    QPointer<QWidget> widget;
+    QLineEdit* other;
+    GridParent owner;
+    std::unique_ptr<Grid> grid;
+};
+
+/// A grid whose end of an edit does not reach the base.
+class ForgetfulGrid : public CGridCtrl_X
+{
+public:
+    void OnEndEditCell(int, int, CString_X) override {}
+};
+
+} // namespace
+
+class tst_GridEditing : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QVERIFY(m_input.isUsable()); }
+    void init() { m_input.movePointer({1200, 1000}); }
+    void cleanup()
+    {
+        m_input.releaseAll();
+        QCOMPARE(LeaveNothing::leftovers(), QString());
+    }
+
+    void opens();
+    void opensNothing_data();
+    void opensNothing();
+    void alignedAsTheCell_data();
+    void alignedAsTheCell();
+    void oneAtATime();
+
+    void changedTextIsStored();
+    void sameTextIsNoChange();
+    void endOfACellThatIsNotThere();
+    void messageWithoutARecord();
+
+    void tabGoesOn();
+    void tabGoesBack();
+    void arrowsGoOn();
+    void returnAndEscapeStay();
+    void typedLetterOpens();
+    void backspaceOpens();
+    void functionKeyOpens();
+
+    void clickElsewhereStores();
+    void otherFieldStores();
+    void structuralChangeEndsFirst_data();
+    void structuralChangeEndsFirst();
+    void resizeEnds();
+    void inputMethodOpens();
+
+    void forgetfulHost();
+    void gridGoesWithAnOpenEditor();
+    void cellGoesWithAnOpenEditor();
+    void deletedInANotification_data();
+    void deletedInANotification();
+
+private:
+    VirtualInput m_input;
+};
+
+void tst_GridEditing::opens()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    stage.edit();
+    QCOMPARE(stage.owner.take(), QStringLiteral("BEGIN(2, 2)"));
+    QVERIFY(stage.openField());
+    QVERIFY(stage.openField()->hasFocus());
+    QCOMPARE(stage.openText(), QStringLiteral("2.2"));
+    CRect rect;
+    stage.grid->GetCellRect(2, 2, &rect);
+    QCOMPARE(stage.openField()->geometry(),
+             QRect(QPoint(rect.left, rect.top), QPoint(rect.right - 1, rect.bottom - 1)));
+    QCOMPARE(stage.openField()->textMargins(), QMargins(3, 0, 3, 0));
+    QCOMPARE(stage.grid->IsItemEditing(2, 2), 1);
+    stage.grid->EndEditing();
+    QCOMPARE(stage.grid->IsItemEditing(2, 2), 0);
+    QCOMPARE(stage.owner.take(), QStringLiteral("END(2, 2)"));
+    QVERIFY(stage.widget->hasFocus());
+}
+
+void tst_GridEditing::opensNothing_data()
+{
+    QTest::addColumn<int>("what");
+    QTest::newRow("no such cell") << 0;
+    QTest::newRow("read-only grid") << 1;
+    QTest::newRow("read-only cell") << 2;
+    QTest::newRow("hidden row") << 3;
+    QTest::newRow("hidden column") << 4;
+}
+
+void tst_GridEditing::opensNothing()
+{
+    QFETCH(int, what);
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    if (what == 1)
+        stage.grid->m_bEditable = FALSE;
+    if (what == 2)
+        stage.grid->SetItemState(2, 2, CGridCellBase_X::ReadOnly);
+    if (what == 3)
+        stage.grid->SetRowHeight(2, 0);
+    if (what == 4)
+        stage.grid->SetColumnWidth(2, 0);
+    stage.edit(what == 0 ? 99 : 2);
+    QVERIFY(!stage.field());
+    QCOMPARE(stage.owner.take(), QString());
+}
+
+void tst_GridEditing::alignedAsTheCell_data()
+{
+    QTest::addColumn<unsigned>("format");
+    QTest::addColumn<int>("alignment");
+    QTest::newRow("left") << DT_LEFT << 1;
+    QTest::newRow("centred") << DT_CENTER << 132;
+    QTest::newRow("right") << DT_RIGHT << 2;
+}
+
+void tst_GridEditing::alignedAsTheCell()
+{
+    QFETCH(unsigned, format);
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    stage.grid->SetItemFormat(2, 2, format);
+    stage.edit();
+    QTEST(static_cast<int>(stage.openField()->alignment()), "alignment");
+    stage.grid->EndEditing();
+}
+
+void tst_GridEditing::oneAtATime()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    stage.edit();
+    stage.openField()->setText(QStringLiteral("first"));
+    stage.edit(3, 3);
+    QCOMPARE(stage.text(2, 2), QStringLiteral("first"));
+    QCOMPARE(stage.openText(), QStringLiteral("3.3"));
+    QCOMPARE(stage.owner.take(), QStringLiteral("BEGIN(2, 2) END(2, 2) BEGIN(3, 3)"));
+    stage.settle();
+    QCOMPARE(stage.widget->findChildren<QLineEdit*>().size(), 1);
+    stage.other->setFocus();
+    QCOMPARE(stage.owner.take(), QStringLiteral("END(3, 3)"));
+}
+
+// ---------------------------------------------------------------------------------------------------------- the ends
+
+void tst_GridEditing::changedTextIsStored()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    stage.edit();
+    stage.openField()->setText(QStringLiteral("new"));
+    stage.grid->EndEditing();
+    QCOMPARE(stage.text(2, 2), QStringLiteral("new"));
+    QVERIFY(stage.grid->GetModified(2, 2));
+    QVERIFY(stage.grid->GetModified());
+}
+
+void tst_GridEditing::sameTextIsNoChange()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    stage.edit();
+    m_input.typeKey(XK_x);
+    QTRY_COMPARE(stage.openText(), QStringLiteral("2.2x"));
+    m_input.typeKey(XK_Escape);
+    QTRY_VERIFY(!stage.openField());
+    QCOMPARE(stage.text(2, 2), QStringLiteral("2.2"));
+    QVERIFY(!stage.grid->GetModified());
+    QCOMPARE(stage.grid->IsItemEditing(2, 2), 0);
+    QCOMPARE(stage.owner.take(), QStringLiteral("BEGIN(2, 2) END(2, 2)"));
+}
+
+void tst_GridEditing::endOfACellThatIsNotThere()
+{
+    EditedGrid<> stage;
+    stage.grid->OnEndEditCell(99, 1, L"x");
+    stage.grid->OnEndEditCell(1, -1, L"x");
+    QVERIFY(!stage.grid->GetModified());
+    XeGridEditEnd end{};
+    end.item.row = 99;
+    end.item.col = 1;
+    QCOMPARE(stage.grid->SendMessage(XE_WM_ENDEDIT, 8, reinterpret_cast<LPARAM>(&end)), LRESULT(1));
+    QCOMPARE(stage.owner.take(), QStringLiteral("END(99, 1)"));
+}
+
+void tst_GridEditing::messageWithoutARecord()
+{
+    EditedGrid<> stage;
+    QCOMPARE(stage.grid->SendMessage(XE_WM_ENDEDIT, 8, 0), LRESULT(0));
+    CGridCtrl_X bare;
+    XeGridEditEnd end{};
+    QCOMPARE(bare.OnEndInPlaceEdit(8, reinterpret_cast<LPARAM>(&end)), LRESULT(0));
+}
+
+// ------------------------------------------------------------------------------------------------------------ the keys
+
+void tst_GridEditing::tabGoesOn()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    stage.edit();
+    m_input.typeKey(XK_a);
+    m_input.typeKey(XK_Tab);
+    QTRY_COMPARE(stage.openText(), QStringLiteral("2.3"));
+    QCOMPARE(stage.text(2, 2), QStringLiteral("2.2a"));
+    QVERIFY(stage.grid->m_idCurrentCell == CCellID_X(2, 3));
+    QCOMPARE(stage.openField()->selectedText(), QStringLiteral("2.3"));
+    const QString told = stage.owner.take();
+    QVERIFY2(told.startsWith(QStringLiteral("BEGIN(2, 2) END(2, 2) ")) && told.endsWith(QStringLiteral("BEGIN(2, 3)")),
+             qPrintable(told));
+    m_input.typeKey(XK_b);
+    m_input.typeKey(XK_Tab);
+    QTRY_COMPARE(stage.openText(), QStringLiteral("3.1"));
+    QCOMPARE(stage.text(2, 3), QStringLiteral("b"));
+    m_input.typeKey(XK_Return);
+    QTRY_VERIFY(!stage.openField());
+}
+
+void tst_GridEditing::tabGoesBack()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    stage.edit();
+    m_input.pressKey(XK_Shift_L);
+    m_input.typeKey(XK_Tab);
+    m_input.releaseKey(XK_Shift_L);
+    QTRY_COMPARE(stage.openText(), QStringLiteral("2.1"));
+    QVERIFY(stage.grid->m_idCurrentCell == CCellID_X(2, 1));
+    stage.grid->EndEditing();
+}
+
+void tst_GridEditing::arrowsGoOn()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    stage.edit(2, 2, 'x');
+    QCOMPARE(stage.openText(), QStringLiteral("x"));
+    m_input.typeKey(XK_Down);
+    QTRY_COMPARE(stage.openText(), QStringLiteral("3.2"));
+    m_input.typeKey(XK_Right);
+    QTRY_COMPARE(stage.openText(), QStringLiteral("3.3"));
+    m_input.typeKey(XK_Up);
+    QTRY_COMPARE(stage.openText(), QStringLiteral("2.3"));
+    m_input.typeKey(XK_Left);
+    QTRY_COMPARE(stage.openText(), QStringLiteral("x"));
+    m_input.typeKey(XK_Escape);
+    QTRY_VERIFY(!stage.openField());
+    QVERIFY(stage.grid->m_idCurrentCell == CCellID_X(2, 2));
+}
+
+void tst_GridEditing::returnAndEscapeStay()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    for (const unsigned long key : {XK_Return, XK_KP_Enter, XK_Escape}) {
+        stage.edit();
+        m_input.typeKey(key);
+        QTRY_VERIFY(!stage.openField());
+        stage.settle();
+        QVERIFY(!stage.openField());
+        QVERIFY(stage.grid->m_idCurrentCell == CCellID_X(2, 2));
+        QVERIFY(stage.widget->hasFocus());
+    }
+}
+
+void tst_GridEditing::typedLetterOpens()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    m_input.typeKey(XK_k);
+    QTRY_COMPARE(stage.openText(), QStringLiteral("k"));
+    m_input.typeKey(XK_l);
+    QTRY_COMPARE(stage.openText(), QStringLiteral("kl"));
+    m_input.typeKey(XK_Return);
+    QTRY_COMPARE(stage.text(2, 2), QStringLiteral("kl"));
+}
+
+void tst_GridEditing::backspaceOpens()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    m_input.typeKey(XK_BackSpace);
+    QTRY_COMPARE(stage.openText(), QStringLiteral("2."));
+    m_input.typeKey(XK_BackSpace);
+    QTRY_COMPARE(stage.openText(), QStringLiteral("2"));
+    m_input.typeKey(XK_Escape);
+    QTRY_VERIFY(!stage.openField());
+}
+
+void tst_GridEditing::functionKeyOpens()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    m_input.typeKey(XK_F2);
+    QTRY_COMPARE(stage.openText(), QStringLiteral("2.2"));
+    QCOMPARE(stage.openField()->selectedText(), QString());
+    m_input.typeKey(XK_Left); // inside the field
+    m_input.typeKey(XK_x);
+    QTRY_COMPARE(stage.openText(), QStringLiteral("2.x2"));
+    m_input.typeKey(XK_Escape);
+    QTRY_VERIFY(!stage.openField());
+}
+
+// -------------------------------------------------------------------------------------------------- focus and changes
+
+void tst_GridEditing::clickElsewhereStores()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    stage.edit();
+    stage.openField()->setText(QStringLiteral("new"));
+    CRect rect;
+    stage.grid->GetCellRect(3, 3, &rect);
+    m_input.movePointer(m_input.windowOrigin(stage.window.winId()) + QPoint(rect.left + 5, rect.top + 5));
+    m_input.clickButton(1);
+    QTRY_COMPARE(stage.text(2, 2), QStringLiteral("new"));
+    QTRY_VERIFY(stage.grid->m_idCurrentCell == CCellID_X(3, 3));
+    QVERIFY(!stage.openField());
+}
+
+void tst_GridEditing::otherFieldStores()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    stage.edit();
+    stage.openField()->setText(QStringLiteral("new"));
+    m_input.movePointer(m_input.windowOrigin(stage.window.winId()) + QPoint(20, 270));
+    m_input.clickButton(1);
+    QTRY_COMPARE(stage.text(2, 2), QStringLiteral("new"));
+    QTRY_VERIFY(stage.other->hasFocus());
+}
+
+void tst_GridEditing::structuralChangeEndsFirst_data()
+{
+    QTest::addColumn<int>("what");
+    QTest::addColumn<int>("row");
+
+    QTest::newRow("inserted row") << 0 << 3;
+    QTest::newRow("deleted row") << 1 << 1;
+    QTest::newRow("row count") << 2 << 2;
+    QTest::newRow("inserted column") << 3 << 2;
+    QTest::newRow("cell type") << 4 << 2;
+    QTest::newRow("sort") << 5 << 2;
+}
+
+void tst_GridEditing::structuralChangeEndsFirst()
+{
+    QFETCH(int, what);
+    QFETCH(int, row);
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    stage.edit();
+    stage.openField()->setText(QStringLiteral("2.2 new"));
+    switch (what) {
+    case 0:
+        stage.grid->InsertRow(L"", 1);
+        break;
+    case 1:
+        stage.grid->DeleteRow(1);
+        break;
+    case 2:
+        stage.grid->SetRowCount(20);
+        break;
+    case 3:
+        stage.grid->InsertColumn(L"");
+        break;
+    case 4:
+        stage.grid->SetCellType(2, 2, RUNTIME_CLASS_X(CGridCell_X));
+        break;
+    default:
+        stage.grid->SortTextItems(1, TRUE);
+    }
+    QVERIFY(!stage.openField());
+    QCOMPARE(stage.text(row, 2), QStringLiteral("2.2 new"));
+    QVERIFY(stage.owner.take().startsWith(QStringLiteral("BEGIN(2, 2) END(2, 2)")));
+}
+
+void tst_GridEditing::resizeEnds()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    stage.edit();
+    stage.openField()->setText(QStringLiteral("new"));
+    stage.widget->resize(400, 200);
+    QTRY_COMPARE(stage.text(2, 2), QStringLiteral("new"));
+}
+
+void tst_GridEditing::inputMethodOpens()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    QVERIFY(stage.widget->testAttribute(Qt::WA_InputMethodEnabled));
+    QInputMethodEvent composing(QStringLiteral("ni"), {});
+    QCoreApplication::sendEvent(stage.widget, &composing);
+    QVERIFY(stage.openField());
+    QInputMethodEvent done;
+    done.setCommitString(QString(QChar(0x4F60)));
+    QCoreApplication::sendEvent(stage.openField(), &done);
+    QCOMPARE(stage.openText(), QString(QChar(0x4F60)));
+    stage.grid->EndEditing();
+    stage.grid->SetItemState(2, 2, CGridCellBase_X::ReadOnly);
+    QCoreApplication::sendEvent(stage.widget, &composing);
+    QVERIFY(!stage.openField());
+}
+
+// --------------------------------------------------------------------------------------------------------------- death
+
+void tst_GridEditing::forgetfulHost()
+{
+    EditedGrid<ForgetfulGrid> stage;
+    QVERIFY(stage.comeUp());
+    stage.edit();
+    stage.openField()->setText(QStringLiteral("new"));
+    stage.other->setFocus();
+    QCOMPARE(stage.grid->IsItemEditing(2, 2), 0);
+    QCOMPARE(static_cast<CGridCell_X*>(stage.grid->cellAt(2, 2))->m_pEditWnd, nullptr);
+    stage.settle();
+    stage.grid->EndEditing();
+    QCOMPARE(stage.text(2, 2), QStringLiteral("2.2"));
+}
+
+void tst_GridEditing::gridGoesWithAnOpenEditor()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    stage.edit();
+    stage.openField()->setText(QStringLiteral("new"));
+    stage.owner.take();
+    stage.grid.reset();
+    QCOMPARE(stage.owner.take(), QString());
+    stage.settle();
+    QVERIFY(!stage.field());
+    EditedGrid<> second;
+    QVERIFY(second.comeUp());
+    second.edit();
+    delete second.widget;
+    second.grid.reset();
+}
+
+void tst_GridEditing::cellGoesWithAnOpenEditor()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    stage.edit();
+    stage.owner.take();
+    delete stage.grid->cellAt(2, 2);
+    (*stage.grid->m_RowData[2])[2] = nullptr;
+    QCOMPARE(stage.owner.take(), QString());
+    stage.settle();
+    QVERIFY(!stage.field());
+    QVERIFY(stage.widget->hasFocus());
+    stage.edit(); // there is no cell
+    QVERIFY(!stage.field());
+}
+
+void tst_GridEditing::deletedInANotification_data()
+{
+    QTest::addColumn<unsigned>("code");
+    QTest::addColumn<int>("what");
+    QTest::addColumn<unsigned long>("key");
+
+    const char* const what[] = {"cell", "rows", "grid", "grid and widget"};
+    for (int i = 0; i < 4; ++i) {
+        QTest::addRow("%s as it begins", what[i]) << LVN_BEGINLABELEDITW << i << static_cast<unsigned long>(XK_Return);
+        QTest::addRow("%s as it ends by Return", what[i])
+            << LVN_ENDLABELEDITW << i << static_cast<unsigned long>(XK_Return);
+        QTest::addRow("%s as it ends by Tab", what[i]) << LVN_ENDLABELEDITW << i << static_cast<unsigned long>(XK_Tab);
+    }
+}
+
+void tst_GridEditing::deletedInANotification()
+{
+    QFETCH(unsigned, code);
+    QFETCH(int, what);
+    QFETCH(unsigned long, key);
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    bool isTold = false;
+    stage.owner.onNotice = [&](const XeGridNotification& told) {
+        if (told.hdr.code != code || isTold)
+            return;
+        isTold = true;
+        if (what == 0) {
+            delete stage.grid->cellAt(2, 2);
+            (*stage.grid->m_RowData[2])[2] = nullptr;
+        } else if (what == 1) {
+            stage.grid->DeleteAllItems();
+        } else {
+            stage.grid.reset();
+        }
+        if (what == 3)
+            delete stage.widget;
+    };
+    stage.edit();
+    if (code == LVN_ENDLABELEDITW)
+        m_input.typeKey(key);
+    QTRY_VERIFY(isTold);
+    stage.settle();
+    if (stage.grid && what == 0 && key == XK_Tab)
+        stage.grid->EndEditing();
+    stage.settle();
+    QVERIFY(!stage.openField());
+}
+
+XE_TEST(tst_GridEditing)
+
+#include "tst_gridediting.moc"
