@@ -10,7 +10,6 @@
 #include "loadprogress.h"
 #include "partdialog.h"
 #include "partmenu.h"
-#include "partstable.h"
 #include "recentmenu.h"
 #include "settings.h"
 #include "text.h"
@@ -50,6 +49,7 @@ BEGIN_MESSAGE_MAP_X(CMainFrame, CWnd_X)
     ON_WM_CLOSE_X()
     ON_WM_CONTEXTMENU_X()
     ON_WM_TIMER_X()
+    ON_MESSAGE_X(WM_NOTIFY, OnGridNotified)
     ON_MESSAGE_X(WM_FIND_PART, OnFindPart)
     ON_MESSAGE_X(WM_SELECT_ROW, OnSelectRow)
     ON_MESSAGE_X(WM_RENAMED, OnRenamed)
@@ -62,8 +62,6 @@ bool CMainFrame::AttachDefault(QWidget* parent) { return Attach(new CTavoMainFra
 void CMainFrame::SetupUI()
 {
     Ui::CTavoMainFrame().setupUi(Imp<QMainWindow>());
-    setUpPartsTable(Table());
-    showColumns(Table(), settings::hiddenColumns());
 }
 
 int CMainFrame::OnCreate(tagCREATESTRUCTW* createStruct)
@@ -71,8 +69,10 @@ int CMainFrame::OnCreate(tagCREATESTRUCTW* createStruct)
     if (CWnd_X::OnCreate(createStruct))
         return -1;
     m_chart.SubclassWindow(&control<QWidget>(*this, IDC_CHART));
-    if (!m_splitter.Surround(&Table()))
+    auto& list = control<QWidget>(*this, IDC_PARTS);
+    if (!m_parts.Open(&list) || !m_splitter.Surround(&list))
         return -1;
+    m_parts.ShowColumns(settings::hiddenColumns());
     m_splitter.Tree().SetPictures(m_pictures);
     m_toolBar.Open(*this);
     m_statusBar.Open(*this);
@@ -102,8 +102,6 @@ void CMainFrame::ConnectCommands()
     Connect(ID_VIEW_MESSAGES, SIGNAL(triggered()), this, SLOT(OnViewMessages()), window);
     Connect(ID_VIEW_SHORT_COLOR, SIGNAL(triggered()), this, SLOT(OnViewShortColor()), window);
     Connect(ID_VIEW_COLUMNS, SIGNAL(triggered()), this, SLOT(OnViewColumns()), window);
-    Connect(IDC_PARTS, SIGNAL(cellActivated(int, int)), this, SLOT(OnPartEdit()), window);
-    Connect(IDC_PARTS, SIGNAL(currentCellChanged(int, int, int, int)), this, SLOT(OnPartSelected()), window);
     Connect(IDC_TREE, SIGNAL(currentItemChanged(QTreeWidgetItem*, QTreeWidgetItem*)), this, SLOT(OnNameSelected()),
             window);
     Connect(this, SIGNAL(updateCmdUi()), this, SLOT(OnUpdateCommands()));
@@ -330,7 +328,6 @@ void CMainFrame::OnPartNew()
     if (dialog.DoModal() != IDOK)
         return;
     m_book.add(dialog.m_part);
-    Table().setRowCount(m_book.count());
     ShowPart(m_book.count() - 1);
     ShowStatus(IDS_ADDED, dialog.m_part.number);
 }
@@ -359,7 +356,10 @@ void CMainFrame::OnPartDelete()
     if (MessageBox(question, nullptr, MB_YESNO | MB_ICONQUESTION) != IDYES)
         return;
     m_book.remove(row);
-    Table().removeRow(row);
+    m_parts.RemovePart(row);
+    const int next = std::min(row, m_book.count() - 1);
+    if (next >= 0 && !m_parts.IsHidden(next))
+        SelectRow(next);
     ShowChart();
     ShowStatus(IDS_DELETED, part.number);
 }
@@ -391,7 +391,7 @@ LRESULT CMainFrame::OnRenamed(WPARAM, LPARAM lParam)
 void CMainFrame::OnContextMenu(QWidget*, CPoint point)
 {
     ClientToScreen(&point);
-    const QWidget& list = *Table().viewport();
+    const QWidget& list = *m_parts.GetSafeHwnd();
     if (!list.rect().contains(list.mapFromGlobal({point.x, point.y}))) {
         SetCurrentEventAccepted(false);
         return;
@@ -404,13 +404,13 @@ void CMainFrame::OnContextMenu(QWidget*, CPoint point)
 
 void CMainFrame::ShowParts()
 {
-    showParts(Table(), m_book, settings::shortColor());
+    m_parts.Show(m_book, settings::shortColor());
     ShowChart();
 }
 
 void CMainFrame::ShowPart(int row)
 {
-    showPart(Table(), row, m_book.part(row), settings::shortColor());
+    m_parts.ShowPart(row, m_book.part(row), settings::shortColor());
     ShowChart();
     SelectRow(row);
 }
@@ -426,21 +426,30 @@ void CMainFrame::ShowChart()
     OnPartSelected();
 }
 
-// Rows of other kinds or suppliers are hidden, and the list keeps a current row that can be seen.
+// Parts of other kinds or suppliers are hidden, and the list keeps a selected one that can be seen.
 void CMainFrame::OnNameSelected()
 {
-    QTableWidget& table = Table();
     int first = -1;
-    for (int row = m_book.count(); row-- > 0;) {
+    m_parts.ShowOnly([&](int row) {
         const bool included = m_splitter.Tree().Includes(m_book.part(row));
-        table.setRowHidden(row, !included);
-        first = included ? row : first;
-    }
-    if (SelectedRow() < 0 || table.isRowHidden(SelectedRow()))
+        first = included && first < 0 ? row : first;
+        return included;
+    });
+    if (SelectedRow() < 0 || m_parts.IsHidden(SelectedRow()))
         SelectRow(first);
 }
 
-// While a row is being removed, the table may still name one that the book has no more.
+LRESULT CMainFrame::OnGridNotified(WPARAM, LPARAM record)
+{
+    const NMHDR& header = *reinterpret_cast<const NMHDR*>(record);
+    if (header.code == LVN_ITEMCHANGED)
+        OnPartSelected();
+    else if (header.code == NM_DBLCLK)
+        OnPartEdit();
+    return 0;
+}
+
+// While a row is being removed, the list may still name one that the book has no more.
 void CMainFrame::OnPartSelected()
 {
     const int row = SelectedRow();
@@ -453,18 +462,15 @@ LRESULT CMainFrame::OnSelectRow(WPARAM row, LPARAM)
     return TRUE;
 }
 
-QTableWidget& CMainFrame::Table() const { return control<QTableWidget>(*this, IDC_PARTS); }
-
-int CMainFrame::SelectedRow() const { return Table().currentRow(); }
+int CMainFrame::SelectedRow() const { return m_parts.SelectedPart(); }
 
 // A part of another kind or supplier brings all parts back.
 void CMainFrame::SelectRow(int row)
 {
-    if (row >= 0 && Table().isRowHidden(row)) {
+    if (row >= 0 && m_parts.IsHidden(row))
         m_splitter.Tree().SelectAll();
-        Table().doItemsLayout(); // else the row is scrolled to within the few that were shown
-    }
-    Table().setCurrentCell(row, 0);
+    m_parts.SelectPart(row);
+    OnPartSelected();
 }
 
 // ------------------------------------------------------------------------------------------------------- the search
@@ -530,12 +536,12 @@ void CMainFrame::OnViewShortColor()
 
 void CMainFrame::OnViewColumns()
 {
-    CColumnsDialog dialog(headingsOf(Table()), this);
+    CColumnsDialog dialog(CPartsGrid::Headings(), this);
     dialog.m_hidden = settings::hiddenColumns();
     if (dialog.DoModal() != IDOK)
         return;
     settings::setHiddenColumns(dialog.m_hidden);
-    showColumns(Table(), dialog.m_hidden);
+    m_parts.ShowColumns(dialog.m_hidden);
 }
 
 bool CMainFrame::TraceTo(const QString& fileName)

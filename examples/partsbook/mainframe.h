@@ -3,14 +3,13 @@
 #include "findbar.h"
 #include "messageview.h"
 #include "partsbook.h"
+#include "partsgrid.h"
 #include "statusbar.h"
 #include "stockchart.h"
 #include "toolbar.h"
 #include "treesplitter.h"
 
 #include <QMainWindow>
-
-class QTableWidget;
 
 /// The widget of the main window, by its class and its name the one that the library knows as such.
 class CTavoMainFrame : public QMainWindow
@@ -39,6 +38,7 @@ class CMainFrame : public CWnd_X
     void OnClose();
     void OnContextMenu(QWidget* widget, CPoint point);
     void OnTimer(UINT_PTR id);
+    LRESULT OnGridNotified(WPARAM, LPARAM record);
     LRESULT OnFindPart(WPARAM matchCase, LPARAM text);
     LRESULT OnSelectRow(WPARAM row, LPARAM);
     LRESULT OnRenamed(WPARAM, LPARAM renaming);
@@ -84,7 +84,6 @@ private:
     void ShowParts();
     void ShowPart(int row);
     void ShowChart();
-    QTableWidget& Table() const;
     int SelectedRow() const;
     void SelectRow(int row);
     void ShowStatus(const CString_X& text);
@@ -92,6 +91,7 @@ private:
 
     PartsBook m_book;
     CPartPictures m_pictures;
+    CPartsGrid m_parts;
     CStockChart m_chart;
     CTreeSplitter m_splitter;
     CPartsToolBar m_toolBar;

@@ -3,10 +3,10 @@
 #include "chartpainter.h"
 #include "leavenothing.h"
 #include "mainframe.h"
+#include "partsview.h"
 #include "resource.h"
 #include "testclass.h"
 
-#include <QTableWidget>
 #include <QTemporaryDir>
 #include <xeresource.h>
 
@@ -70,7 +70,7 @@ private slots:
 private:
     QWidget* pane() const { return m_frame->GetSafeHwnd()->findChild<QWidget*>("IDC_CHART"); }
     CStockChart* chart() const { return static_cast<CStockChart*>(CWnd_X::FromHandlePermanent(pane())); }
-    QTableWidget* table() const { return m_frame->GetSafeHwnd()->findChild<QTableWidget*>("IDC_PARTS"); }
+    PartsView table() const { return PartsView(*m_frame->GetSafeHwnd()); }
     void click(CPoint place) { QTest::mouseClick(pane(), Qt::LeftButton, {}, {place.x, place.y}); }
 
     QScopedPointer<QTemporaryDir> m_folder;
@@ -200,35 +200,35 @@ void tst_PartsbookChart::theSelectedBarIsInverted()
 
 void tst_PartsbookChart::aClickSelectsTheFirstPart()
 {
-    QCOMPARE(table()->currentRow(), 0);
+    QCOMPARE(table().currentRow(), 0);
     click(chart()->Layout().bars[1].inUse.CenterPoint());
-    QCOMPARE(table()->currentRow(), 1);
+    QCOMPARE(table().currentRow(), 1);
     click(chart()->Layout().bars[0].unused.CenterPoint());
-    QCOMPARE(table()->currentRow(), 0);
+    QCOMPARE(table().currentRow(), 0);
     const CRect last = chart()->Layout().bars[2].inUse;
     click({last.right - 1, last.bottom - 1});
-    QCOMPARE(table()->currentRow(), 4);
+    QCOMPARE(table().currentRow(), 4);
 }
 
 void tst_PartsbookChart::aClickBesideTheBars()
 {
-    table()->setCurrentCell(3, 0);
+    table().setCurrentCell(3, 0);
     const CRect bar = chart()->Layout().bars[1].whole();
     click({bar.right, bar.top});
     click({bar.left, bar.bottom});
     click({bar.left - 1, bar.top});
     click({1, 1});
-    QCOMPARE(table()->currentRow(), 3);
+    QCOMPARE(table().currentRow(), 3);
 }
 
 void tst_PartsbookChart::theMarkFollowsTheList()
 {
     QCOMPARE(chart()->SelectedBar(), 0);
     const QImage before = pane()->grab().toImage();
-    table()->setCurrentCell(4, 2);
+    table().setCurrentCell(4, 2);
     QCOMPARE(chart()->SelectedBar(), 2);
     QVERIFY(pane()->grab().toImage() != before);
-    table()->setCurrentCell(3, 2);
+    table().setCurrentCell(3, 2);
     QCOMPARE(chart()->SelectedBar(), 0);
     QCOMPARE(pane()->grab().toImage(), before);
 }

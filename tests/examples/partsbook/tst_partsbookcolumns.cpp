@@ -4,6 +4,7 @@
 #include "leavenothing.h"
 #include "mainframe.h"
 #include "modaldriver.h"
+#include "partsview.h"
 #include "resource.h"
 #include "settings.h"
 #include "testclass.h"
@@ -11,7 +12,6 @@
 #include <QAction>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTableWidget>
 #include <xeresource.h>
 
 #include <functional>
@@ -103,25 +103,25 @@ void tst_PartsbookColumns::theListOfPartsFollows()
     CMainFrame frame;
     QCOMPARE(frame.Create(nullptr), 1);
     frame.ShowWindow(SW_SHOW);
-    const auto* const table = frame.GetSafeHwnd()->findChild<QTableWidget*>("IDC_PARTS");
+    const PartsView table(*frame.GetSafeHwnd());
     constexpr int delivered = 10;
-    QVERIFY(table->isColumnHidden(delivered));
-    QVERIFY(!table->isColumnHidden(2));
+    QVERIFY(table.isColumnHidden(delivered));
+    QVERIFY(!table.isColumnHidden(2));
     const ModalDriver<QDialog> driver([&](QDialog* window) {
         auto* const list = window->findChild<QListWidget*>();
-        QCOMPARE(list->count(), table->columnCount());
+        QCOMPARE(list->count(), table.columnCount());
         clickBox(list, delivered);
         clickBox(list, 2);
         QTest::mouseClick(window->findChild<QPushButton*>("OK"), Qt::LeftButton);
     });
     frame.GetSafeHwnd()->findChild<QAction*>(ToStringId(ID_VIEW_COLUMNS))->trigger();
-    QVERIFY(!table->isColumnHidden(delivered));
-    QVERIFY(table->isColumnHidden(2));
+    QVERIFY(!table.isColumnHidden(delivered));
+    QVERIFY(table.isColumnHidden(2));
     frame.DestroyWindow();
 
     CMainFrame later; // as in the next run
     QCOMPARE(later.Create(nullptr), 1);
-    QVERIFY(later.GetSafeHwnd()->findChild<QTableWidget*>("IDC_PARTS")->isColumnHidden(2));
+    QVERIFY(PartsView(*later.GetSafeHwnd()).isColumnHidden(2));
     later.DestroyWindow();
 }
 

@@ -138,8 +138,8 @@ QByteArray tst_PartsbookDialogs::read(const QString& name) const
 bool tst_PartsbookDialogs::screenHas(unsigned long color) const
 {
     const QPoint origin = m_user.windowOrigin(m_window);
-    for (int y = 0; y < 200; ++y) {
-        for (int x = 0; x < 200; ++x) {
+    for (int y = 60; y < 200; ++y) {
+        for (int x = 200; x < 400; ++x) { // the numbers of the parts
             if ((m_user.pixelAt(origin + QPoint(x, y)) & 0xFFFFFF) == color)
                 return true;
         }

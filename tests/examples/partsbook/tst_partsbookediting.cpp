@@ -223,7 +223,7 @@ void tst_PartsbookEditing::deletionOfThePartUnderTheMouse()
     openSearch();
     m_user.press("Escape");
     QTRY_VERIFY(!isSearchOpen());
-    const QPoint place = m_user.windowOrigin(m_window) + QPoint(200, 400);
+    const QPoint place = m_user.windowOrigin(m_window) + QPoint(300, 400);
     const unsigned long before = m_user.pixelAt(place);
     m_user.movePointer(place);
     m_user.clickButton(1);

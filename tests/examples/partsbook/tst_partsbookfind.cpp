@@ -2,6 +2,7 @@
 
 #include "leavenothing.h"
 #include "mainframe.h"
+#include "partsview.h"
 #include "resource.h"
 #include "testclass.h"
 
@@ -43,7 +44,7 @@ private slots:
 
 private:
     QWidget* window() const { return m_frame->GetSafeHwnd(); }
-    QTableWidget* parts() const { return window()->findChild<QTableWidget*>("IDC_PARTS"); }
+    PartsView parts() const { return PartsView(*window()); }
     QTableWidget* hits() const { return window()->findChild<QTableWidget*>("IDC_FIND_HITS"); }
     void find(const QString& text) const;
     QString hitsText() const;
@@ -149,7 +150,7 @@ void tst_PartsbookFind::theNextOneIsSelected()
     QCOMPARE(hitsText(), QString("FA-1, *FA-3"));
     window()->findChild<QAction*>(ToStringId(ID_EDIT_REPEAT))->trigger();
     QCOMPARE(hitsText(), QString("*FA-1, FA-3"));
-    QCOMPARE(parts()->currentRow(), 0);
+    QCOMPARE(parts().currentRow(), 0);
 }
 
 void tst_PartsbookFind::aClickSelectsThePart()
@@ -157,9 +158,9 @@ void tst_PartsbookFind::aClickSelectsThePart()
     find("e");
     clickHit(3);
     QCOMPARE(hitsText(), QString("FA-1, BE-2, FA-3, *EL-4"));
-    QCOMPARE(parts()->currentRow(), 3);
+    QCOMPARE(parts().currentRow(), 3);
     clickHit(0);
-    QCOMPARE(parts()->currentRow(), 0);
+    QCOMPARE(parts().currentRow(), 0);
 }
 
 void tst_PartsbookFind::keysSelectTheParts()
@@ -167,7 +168,7 @@ void tst_PartsbookFind::keysSelectTheParts()
     find("e");
     clickHit(0);
     QTest::keyClick(hits(), Qt::Key_Down);
-    QCOMPARE(parts()->currentRow(), 1);
+    QCOMPARE(parts().currentRow(), 1);
     QTest::keyClick(hits(), Qt::Key_End);
     QTest::keyClick(hits(), Qt::Key_Down, Qt::ControlModifier);
     QTest::keyClick(hits(), Qt::Key_Escape);
@@ -192,11 +193,11 @@ void tst_PartsbookFind::aHitOfAnotherKindBringsAllBack()
 {
     auto* const tree = window()->findChild<QTreeWidget*>("IDC_TREE");
     tree->setCurrentItem(tree->findItems("Bearing", Qt::MatchExactly | Qt::MatchRecursive).constFirst());
-    QVERIFY(parts()->isRowHidden(0));
+    QVERIFY(parts().isRowHidden(0));
     find("e");
     clickHit(0);
-    QVERIFY(!parts()->isRowHidden(0));
-    QCOMPARE(parts()->currentRow(), 0);
+    QVERIFY(!parts().isRowHidden(0));
+    QCOMPARE(parts().currentRow(), 0);
 }
 
 void tst_PartsbookFind::whatIsBroughtBackIsSeen()
@@ -214,8 +215,8 @@ void tst_PartsbookFind::whatIsBroughtBackIsSeen()
     tree->setCurrentItem(tree->findItems("Few", Qt::MatchExactly | Qt::MatchRecursive).constFirst());
     QCoreApplication::processEvents();
     find("p-150");
-    QCOMPARE(parts()->currentRow(), 150);
-    QVERIFY(parts()->viewport()->rect().intersects(parts()->visualItemRect(parts()->item(150, 0))));
+    QCOMPARE(parts().currentRow(), 150);
+    QVERIFY(parts().widget()->rect().contains(parts().center(150, 0)));
 }
 
 XE_TEST(tst_PartsbookFind)

@@ -3,6 +3,7 @@
 #include "leavenothing.h"
 #include "mainframe.h"
 #include "modaldriver.h"
+#include "partsview.h"
 #include "resource.h"
 #include "testclass.h"
 
@@ -18,7 +19,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStatusBar>
-#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QToolBar>
 #include <xeprocess.h>
@@ -94,9 +94,9 @@ private slots:
 
 private:
     QWidget* window() const { return m_frame->GetSafeHwnd(); }
-    QTableWidget* table() const { return window()->findChild<QTableWidget*>("IDC_PARTS"); }
+    PartsView table() const { return PartsView(*window()); }
     QAction* command(unsigned id) const { return window()->findChild<QAction*>(ToStringId(id)); }
-    QString cell(int row, int column) const { return table()->item(row, column)->text(); }
+    QString cell(int row, int column) const { return table().text(row, column); }
     QString status() const;
     QString path() const { return m_folder->filePath("parts.csv"); }
     QByteArray content() const;
@@ -158,7 +158,7 @@ bool tst_PartsbookFrame::open(const QByteArray& text)
 
 void tst_PartsbookFrame::deleteRow(int row, const QString& answer)
 {
-    table()->setCurrentCell(row, 0);
+    table().setCurrentCell(row, 0);
     const Answer given(answer);
     command(ID_PART_DELETE)->trigger();
     updateCommands();
@@ -227,14 +227,14 @@ void tst_PartsbookFrame::showsTheParts()
 {
     QVERIFY(open(heading + screw + bearing + motor));
     QCOMPARE(window()->windowTitle(), QString("Parts Book 零件簿 - parts.csv[*]"));
-    QCOMPARE(table()->rowCount(), 3);
-    QCOMPARE(table()->columnCount(), 11);
-    QCOMPARE(table()->currentRow(), 0);
+    QCOMPARE(table().rowCount(), 3);
+    QCOMPARE(table().columnCount(), 11);
+    QCOMPARE(table().currentRow(), 0);
     QCOMPARE(cell(0, 1), QString("Screw 螺钉"));
     QCOMPARE(cell(2, 9), QString("heavy"));
     QCOMPARE(status(), QString("|3 parts 零件|1 short 缺货|"));
-    QVERIFY(table()->item(0, 0)->foreground() != table()->item(1, 0)->foreground()); // short
-    QVERIFY(table()->item(1, 0)->foreground() != table()->item(2, 0)->foreground()); // not in use
+    QVERIFY(table().color(0, 0) != table().color(1, 0)); // short
+    QVERIFY(table().color(1, 0) != table().color(2, 0)); // not in use
 }
 
 void tst_PartsbookFrame::badLinesAreReported()
@@ -249,7 +249,7 @@ void tst_PartsbookFrame::badLinesAreReported()
     QCOMPARE(told.first(), QString("15 lines of parts.csv could not be read. They stay in the file as they are."));
     QCOMPARE(told.at(2), QString("Line 3: 2 fields in place of 10 to 12."));
     QCOMPARE(told.last(), QString("... and 3 more."));
-    QCOMPARE(table()->rowCount(), 1);
+    QCOMPARE(table().rowCount(), 1);
 }
 
 void tst_PartsbookFrame::aFileThatCannotBeRead()
@@ -288,23 +288,23 @@ void tst_PartsbookFrame::newPart()
     command(ID_PART_NEW)->trigger();
     QVERIFY(driver.hasActed());
     updateCommands();
-    QCOMPARE(table()->rowCount(), 2);
+    QCOMPARE(table().rowCount(), 2);
     QCOMPARE(cell(1, 0), QString("N-1"));
     QCOMPARE(cell(1, 3), QString("华丰"));
-    QCOMPARE(table()->currentRow(), 1);
+    QCOMPARE(table().currentRow(), 1);
     QVERIFY(window()->isWindowModified());
 }
 
 void tst_PartsbookFrame::editPart()
 {
     QVERIFY(open(heading + screw + bearing));
-    table()->setCurrentCell(1, 3);
+    table().setCurrentCell(1, 3);
     const ModalDriver<QDialog> driver([](QDialog* dialog) {
         QCOMPARE(dialog->findChild<QListWidget*>()->count(), 2);
         dialog->findChild<QLineEdit*>("IDC_STOCK")->setText("7");
         dialog->findChild<QPushButton*>("OK")->click();
     });
-    QTest::keyClick(table(), Qt::Key_Return);
+    QTest::keyClick(table().widget(), Qt::Key_Return);
     QVERIFY(driver.hasActed());
     updateCommands();
     QCOMPARE(cell(1, 5), QString("7"));
@@ -316,7 +316,7 @@ void tst_PartsbookFrame::deleteAfterYes()
 {
     QVERIFY(open(heading + screw + bearing));
     deleteRow(0, "是");
-    QCOMPARE(table()->rowCount(), 1);
+    QCOMPARE(table().rowCount(), 1);
     QCOMPARE(cell(0, 0), QString("BE-2"));
     QVERIFY(window()->isWindowModified());
 }
@@ -325,7 +325,7 @@ void tst_PartsbookFrame::noDeletionAfterNo()
 {
     QVERIFY(open(heading + screw + bearing));
     deleteRow(0, "否");
-    QCOMPARE(table()->rowCount(), 2);
+    QCOMPARE(table().rowCount(), 2);
     QVERIFY(!window()->isWindowModified());
 }
 
@@ -336,19 +336,19 @@ void tst_PartsbookFrame::findAtTheBottom()
     command(ID_EDIT_FIND)->trigger();
     auto* const bar = window()->findChild<QDockWidget*>();
     QVERIFY(bar && bar->isVisible());
-    QTRY_VERIFY(bar->geometry().top() > table()->parentWidget()->geometry().bottom());
+    QTRY_VERIFY(bar->geometry().top() > table().widget()->parentWidget()->geometry().bottom());
     const auto find = [bar](const char* text) {
         bar->findChild<QLineEdit*>()->setText(text);
         bar->findChild<QPushButton*>("IDC_FIND_NEXT")->click();
         return bar->findChild<QLabel*>("IDC_FIND_RESULT")->text();
     };
     QCOMPARE(find("mot"), QString("1 found 条结果"));
-    QCOMPARE(table()->currentRow(), 2);
+    QCOMPARE(table().currentRow(), 2);
     QCOMPARE(status(), QString("Found EL-3 已找到|3 parts 零件|1 short 缺货|"));
     QCOMPARE(find("轴"), QString("1 found 条结果"));
-    QCOMPARE(table()->currentRow(), 1);
+    QCOMPARE(table().currentRow(), 1);
     QCOMPARE(find("nothing"), QString("No match 未找到"));
-    QCOMPARE(table()->currentRow(), 1);
+    QCOMPARE(table().currentRow(), 1);
     bar->findChild<QCheckBox*>()->setChecked(true);
     QCOMPARE(find("mot"), QString("No match 未找到"));
     QCOMPARE(find(""), QString());
@@ -363,7 +363,7 @@ void tst_PartsbookFrame::findAtTheBottom()
 void tst_PartsbookFrame::findAgain()
 {
     QVERIFY(open(heading + screw + bearing + motor));
-    table()->setFocus();
+    table().widget()->setFocus();
     command(ID_EDIT_REPEAT)->trigger(); // opens the search, as there is nothing to look for yet
     auto* const bar = window()->findChild<QDockWidget*>();
     QVERIFY(bar && bar->isVisible());
@@ -371,14 +371,14 @@ void tst_PartsbookFrame::findAgain()
     QCOMPARE(window()->focusWidget(), text);
     QTest::keyClicks(text, "r");
     QTest::keyClick(text, Qt::Key_Return);
-    QCOMPARE(table()->currentRow(), 1);
+    QCOMPARE(table().currentRow(), 1);
     QTest::keyClick(text, Qt::Key_Escape);
     QVERIFY(!bar->isVisible());
-    QCOMPARE(window()->focusWidget(), table());
+    QCOMPARE(window()->focusWidget(), table().widget());
     command(ID_EDIT_REPEAT)->trigger();
-    QCOMPARE(table()->currentRow(), 2);
+    QCOMPARE(table().currentRow(), 2);
     command(ID_EDIT_REPEAT)->trigger();
-    QCOMPARE(table()->currentRow(), 0);
+    QCOMPARE(table().currentRow(), 0);
     QVERIFY(!bar->isVisible());
 }
 

@@ -2,11 +2,11 @@
 
 #include "leavenothing.h"
 #include "mainframe.h"
+#include "partsview.h"
 #include "testclass.h"
 
 #include <QProgressBar>
 #include <QStatusBar>
-#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QWindow>
@@ -57,7 +57,7 @@ private slots:
 
 private:
     QWidget* window() const { return m_frame->GetSafeHwnd(); }
-    QTableWidget* table() const { return window()->findChild<QTableWidget*>("IDC_PARTS"); }
+    PartsView table() const { return PartsView(*window()); }
     QString path(const char* name) const { return m_folder.filePath(name); }
 
     QTemporaryDir m_folder;
@@ -104,7 +104,7 @@ void tst_PartsbookLoading::theBarMoves()
     QVERIFY2(values.size() > 20, qPrintable(QString::number(values.size())));
     QVERIFY(std::is_sorted(values.cbegin(), values.cend()));
     QVERIFY(values.last() >= 90);
-    QCOMPARE(table()->rowCount(), 10000);
+    QCOMPARE(table().rowCount(), 10000);
     QTRY_VERIFY(!window()->findChild<QProgressBar*>());
 }
 
@@ -113,7 +113,7 @@ void tst_PartsbookLoading::aSmallArchiveShowsNoBar()
     bool shown = false;
     const BarWatch watch([&](QProgressBar*) { shown = true; });
     QVERIFY(m_frame->OpenBook(path("small.parts")));
-    QCOMPARE(table()->rowCount(), 10);
+    QCOMPARE(table().rowCount(), 10);
     QVERIFY(!shown);
     QVERIFY(!window()->findChild<QProgressBar*>());
 }
@@ -121,7 +121,7 @@ void tst_PartsbookLoading::aSmallArchiveShowsNoBar()
 void tst_PartsbookLoading::theUserHasToWait()
 {
     QVERIFY(m_frame->OpenBook(path("small.parts")));
-    table()->setFocus();
+    table().widget()->setFocus();
     bool acted = false;
     QTimer::singleShot(0, window(), [&] { // the loading has events handled
         acted = true;
@@ -129,13 +129,13 @@ void tst_PartsbookLoading::theUserHasToWait()
         QVERIFY(!window()->close());
         QTest::keyClick(window()->windowHandle(), Qt::Key_Delete);
         QVERIFY(!QApplication::activeModalWidget());
-        QCOMPARE(table()->rowCount(), 10);
+        QCOMPARE(table().rowCount(), 10);
     });
     QVERIFY(m_frame->OpenBook(path("large.parts")));
     QVERIFY(acted);
     QVERIFY(window()->isVisible());
     QVERIFY(window()->isEnabled());
-    QCOMPARE(window()->focusWidget(), table());
+    QCOMPARE(window()->focusWidget(), table().widget());
 }
 
 void tst_PartsbookLoading::aDamagedArchive()

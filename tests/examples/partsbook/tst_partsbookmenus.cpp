@@ -3,6 +3,7 @@
 #include "leavenothing.h"
 #include "mainframe.h"
 #include "modaldriver.h"
+#include "partsview.h"
 #include "resource.h"
 #include "testclass.h"
 #include "virtualinput.h"
@@ -12,7 +13,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QWindow>
@@ -56,7 +56,7 @@ private slots:
 
 private:
     QWidget* window() const { return m_frame->GetSafeHwnd(); }
-    QTableWidget* table() const { return window()->findChild<QTableWidget*>("IDC_PARTS"); }
+    PartsView table() const { return PartsView(*window()); }
     QAction* command(unsigned id) const { return window()->findChild<QAction*>(ToStringId(id)); }
     bool isMessageWindowVisible() const;
     QPoint onScreen(const QWidget* widget, QPoint point) const;
@@ -114,10 +114,7 @@ void tst_PartsbookMenus::rightClick(const QWidget* widget, QPoint point)
     m_input.clickButton(3);
 }
 
-void tst_PartsbookMenus::rightClickRow(int row)
-{
-    rightClick(table()->viewport(), table()->visualItemRect(table()->item(row, 1)).center());
-}
+void tst_PartsbookMenus::rightClickRow(int row) { rightClick(table().widget(), table().center(row, 1)); }
 
 QString tst_PartsbookMenus::choose(int item)
 {
@@ -149,18 +146,18 @@ void tst_PartsbookMenus::contextMenu()
     rightClickRow(0);
     QCOMPARE(choose(-1), QString("&New... 新建\tCtrl+N, &Edit... 编辑\tCtrl+E, &Delete 删除\tDel, -, "
                                  "In &use 在用\tCtrl+U*"));
-    QCOMPARE(table()->currentRow(), 0);
+    QCOMPARE(table().currentRow(), 0);
     rightClickRow(1); // the menu is that of the part under the mouse
     QCOMPARE(choose(-1), QString("&New... 新建\tCtrl+N, &Edit... 编辑\tCtrl+E, &Delete 删除\tDel, -, "
                                  "In &use 在用\tCtrl+U"));
-    QCOMPARE(table()->currentRow(), 1);
+    QCOMPARE(table().currentRow(), 1);
     QVERIFY(!window()->isWindowModified());
 }
 
 void tst_PartsbookMenus::contextMenuWithoutAPart()
 {
-    table()->setCurrentItem(nullptr);
-    rightClick(table()->viewport(), QPoint(50, table()->viewport()->height() - 10));
+    table().setCurrentCell(-3, -2); // none
+    rightClick(table().widget(), QPoint(150, table().widget()->height() - 40));
     QCOMPARE(choose(-1), QString("&New... 新建\tCtrl+N, &Edit... 编辑\tCtrl+E(gray), &Delete 删除\tDel(gray), -, "
                                  "In &use 在用\tCtrl+U(gray)"));
 }
@@ -187,7 +184,7 @@ void tst_PartsbookMenus::commandsFromTheContextMenu()
     rightClickRow(1);
     choose(2);
     QTRY_VERIFY(question.hasActed());
-    QCOMPARE(table()->rowCount(), 1);
+    QCOMPARE(table().rowCount(), 1);
 
     const ModalDriver<QDialog> dialog([](QDialog* open) {
         QCOMPARE(open->windowTitle(), QString("Edit Part 编辑零件"));
@@ -202,17 +199,17 @@ void tst_PartsbookMenus::partInUse()
 {
     rightClickRow(0);
     choose(4);
-    QCOMPARE(table()->item(0, 8)->text(), QString("no"));
+    QCOMPARE(table().text(0, 8), QString("no"));
     m_frame->OnEnterIdle();
     QVERIFY(!command(ID_PART_IN_USE)->isChecked());
     QVERIFY(window()->isWindowModified());
     rightClickRow(0);
     QVERIFY(choose(4).endsWith("Ctrl+U"));
-    QCOMPARE(table()->item(0, 8)->text(), QString("yes"));
+    QCOMPARE(table().text(0, 8), QString("yes"));
     m_frame->OnEnterIdle();
     QVERIFY(command(ID_PART_IN_USE)->isChecked());
     command(ID_PART_IN_USE)->trigger(); // from the menu bar
-    QCOMPARE(table()->item(0, 8)->text(), QString("no"));
+    QCOMPARE(table().text(0, 8), QString("no"));
 }
 
 void tst_PartsbookMenus::checkMarkOfTheMessageWindow()
@@ -242,7 +239,7 @@ void tst_PartsbookMenus::recentFiles()
     QVERIFY(recent);
     QCOMPARE(recent->text(), name);
     command(ID_PART_IN_USE)->trigger();
-    QCOMPARE(table()->item(0, 8)->text(), QString("no"));
+    QCOMPARE(table().text(0, 8), QString("no"));
 
     const ModalDriver<QMessageBox> question([](QMessageBox* box) {
         for (QAbstractButton* button : box->buttons()) {
@@ -261,7 +258,7 @@ void tst_PartsbookMenus::recentFiles()
     QCoreApplication::processEvents();
     m_input.clickButton(1);
     QTRY_VERIFY(question.hasActed());
-    QTRY_COMPARE(table()->item(0, 8)->text(), QString("yes"));
+    QTRY_COMPARE(table().text(0, 8), QString("yes"));
     QVERIFY(CMenu_X::findAction(ID_FILE_MRU_FILE1, menu));
 }
 

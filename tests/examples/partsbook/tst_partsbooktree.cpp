@@ -4,6 +4,7 @@
 #include "leavenothing.h"
 #include "mainframe.h"
 #include "modaldriver.h"
+#include "partsview.h"
 #include "resource.h"
 #include "testclass.h"
 #include "virtualinput.h"
@@ -11,7 +12,6 @@
 #include <QAction>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
@@ -59,7 +59,7 @@ private slots:
 private:
     void open();
     QWidget* window() const { return m_frame->GetSafeHwnd(); }
-    QTableWidget* table() const { return window()->findChild<QTableWidget*>("IDC_PARTS"); }
+    PartsView table() const { return PartsView(*window()); }
     QTreeWidget* tree() const { return window()->findChild<QTreeWidget*>("IDC_TREE"); }
     QTreeWidgetItem* item(const QString& text) const
     {
@@ -132,9 +132,9 @@ QString tst_PartsbookTree::treeText() const
 QString tst_PartsbookTree::rowsText() const
 {
     QStringList texts;
-    for (int row = 0; row < table()->rowCount(); ++row) {
-        if (!table()->isRowHidden(row))
-            texts += (row == table()->currentRow() ? "*" : "") + table()->item(row, 0)->text();
+    for (int row = 0; row < table().rowCount(); ++row) {
+        if (!table().isRowHidden(row))
+            texts += (row == table().currentRow() ? "*" : "") + table().text(row, 0);
     }
     return texts.join(", ");
 }
@@ -194,7 +194,7 @@ void tst_PartsbookTree::showsTheParts()
     QCOMPARE(item("Kessler")->parent(), item("Suppliers 供应商"));
     QCOMPARE(splitter()->count(), 2);
     QCOMPARE(splitter()->indexOf(tree()), 0);
-    QCOMPARE(splitter()->indexOf(table()), 1);
+    QCOMPARE(splitter()->indexOf(table().widget()), 1);
 }
 
 // Each kind has a picture of its own, suppliers have the same one.
@@ -325,7 +325,7 @@ void tst_PartsbookTree::theDividerIsDragged()
     const int width = tree()->width();
     drag(60);
     QTRY_COMPARE(tree()->width(), width + 60);
-    QCOMPARE(table()->mapTo(splitter(), QPoint()).x(), width + 60 + splitter()->handleWidth());
+    QCOMPARE(table().widget()->mapTo(splitter(), QPoint()).x(), width + 60 + splitter()->handleWidth());
     drag(-40);
     QTRY_COMPARE(tree()->width(), width + 20);
 }

@@ -1,0 +1,204 @@
+#include "partsgrid.h"
+
+#include "partsbook.h"
+#include "text.h"
+
+#include <xeafxdc.h>
+
+#include <iterator>
+
+namespace {
+
+constexpr UINT oneLine = DT_VCENTER | DT_SINGLELINE;
+
+struct Column
+{
+    int width;
+    UINT format;
+    const wchar_t* heading;
+};
+
+// In the order of the fields.
+constexpr Column columns[] = {
+    {112, DT_LEFT, L"Number 编号"},     {230, DT_LEFT, L"Name 名称"},     {115, DT_LEFT, L"Kind 种类"},
+    {134, DT_LEFT, L"Supplier 供应商"}, {80, DT_LEFT, L"Source 来源"},    {76, DT_RIGHT, L"Stock 库存"},
+    {72, DT_RIGHT, L"Min. 最低"},       {76, DT_RIGHT, L"Price 单价"},    {80, DT_CENTER, L"In use 在用"},
+    {110, DT_LEFT, L"Remark 备注"},     {96, DT_LEFT, L"Delivered 到货"},
+};
+constexpr int columnCount = static_cast<int>(std::size(columns));
+
+struct Group
+{
+    int first; // column of the grid
+    int count;
+    const wchar_t* heading;
+};
+
+constexpr Group groups[] = {
+    {1, 3, L"Part 零件"},
+    {4, 2, L"Supply 供应"},
+    {6, 3, L"Stock 库存"},
+    {9, 3, L"Use 使用"},
+};
+
+constexpr int numberWidth = 52;
+constexpr int pictureSize = 18;
+constexpr COLORREF unusedColor = RGB(0x9a, 0xa3, 0xaf);
+
+COLORREF colorOf(const Part& part, COLORREF shortColor)
+{
+    if (!part.inUse)
+        return unusedColor;
+    return part.isShort() ? shortColor : CLR_DEFAULT;
+}
+
+QImage* smallPicture(const CImageList_X& images, int place)
+{
+    const auto* const picture = static_cast<const QImage*>(images.ExtractIcon(place));
+    return new QImage(picture->scaled(pictureSize, pictureSize, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+}
+
+} // namespace
+
+IMPLEMENT_DYNAMIC_X(CPartsGrid, CGridCtrl_X)
+
+BEGIN_MESSAGE_MAP_X(CPartsGrid, CGridCtrl_X)
+    ON_WM_KEYDOWN_X()
+    ON_WM_RBUTTONDOWN_X()
+END_MESSAGE_MAP_X()
+
+CPartsGrid::CPartsGrid()
+{
+    m_bListMode = TRUE;
+    m_bSingleRowSelection = TRUE;
+    m_bSortOnClick = FALSE; // a part's row is its place in the book
+    m_bEditable = FALSE;
+    m_bHandleTabKey = FALSE;
+    m_nGridLines = 1;
+    m_crGridColour = RGB(0xe5, 0xe7, 0xeb);
+    m_crBkColour = m_crTextBkColour;
+    m_nDefCellHeight = rowHeight;
+}
+
+bool CPartsGrid::Open(QWidget* widget)
+{
+    const CPartPictures pictures;
+    for (int place = 0; place < CPartPictures::count; ++place) {
+        m_bitmaps[place].Attach(smallPicture(pictures.Images(), place));
+        m_images.Add(&m_bitmaps[place], nullptr);
+    }
+    m_pImageList = &m_images;
+    if (!SubclassWindow(widget))
+        return false;
+    MakeHeadings();
+    return true;
+}
+
+void CPartsGrid::MakeHeadings()
+{
+    SetRowCount(headingRows);
+    SetColumnCount(columnCount + 1);
+    SetFixedRowCount(headingRows);
+    SetFixedColumnCount(1);
+    SetColumnWidth(0, numberWidth);
+    SetFixedCellCombine(0, 0, 1, 0);
+    for (const Group& group : groups) {
+        SetItemText(0, group.first, group.heading);
+        SetItemFormat(0, group.first, DT_CENTER | oneLine);
+        SetFixedCellCombine(0, group.first, 0, group.count - 1);
+    }
+    for (int column = 0; column < columnCount; ++column) {
+        SetItemText(1, column + 1, columns[column].heading);
+        SetItemFormat(1, column + 1, columns[column].format | oneLine);
+        SetColumnWidth(column + 1, columns[column].width);
+    }
+}
+
+void CPartsGrid::Show(const PartsBook& book, COLORREF shortColor)
+{
+    SetRedraw(FALSE);
+    SetRowCount(headingRows + book.count());
+    for (int part = 0; part < book.count(); ++part)
+        ShowPart(part, book.part(part), shortColor);
+    NumberFrom(0);
+    SetRedraw(TRUE, TRUE);
+}
+
+void CPartsGrid::ShowPart(int part, const Part& shown, COLORREF shortColor)
+{
+    if (part >= PartCount()) {
+        SetRowCount(headingRows + part + 1);
+        NumberFrom(part);
+    }
+    const int row = part + headingRows;
+    const CsvFields fields = fieldsOf(shown);
+    const int count = static_cast<int>(fields.size()); // the last ones may be left out
+    for (int column = 0; column < columnCount; ++column) {
+        SetItemText(row, column + 1, column < count ? fields[static_cast<std::size_t>(column)].GetString() : L"");
+        SetItemFormat(row, column + 1, columns[column].format | oneLine);
+        SetItemFgColour(row, column + 1, colorOf(shown, shortColor));
+    }
+    SetItemImage(row, 1, CPartPictures::PlaceOfKind(shown.kind));
+    Refresh();
+}
+
+void CPartsGrid::RemovePart(int part)
+{
+    DeleteRow(part + headingRows);
+    NumberFrom(part);
+}
+
+void CPartsGrid::NumberFrom(int part)
+{
+    for (; part < PartCount(); ++part) {
+        SetItemText(part + headingRows, 0, formatText(L"%d", part + 1));
+        SetItemFormat(part + headingRows, 0, DT_RIGHT | oneLine);
+    }
+}
+
+int CPartsGrid::SelectedPart() const { return std::max(m_idCurrentCell.row - headingRows, -1); }
+
+void CPartsGrid::SelectPart(int part)
+{
+    if (part < 0 || part >= PartCount()) {
+        ResetSelectedRange();
+        return;
+    }
+    const int column = std::max(m_idCurrentCell.col, 1);
+    SetFocusCell(part + headingRows, column);
+    EnsureVisible(part + headingRows, column);
+}
+
+bool CPartsGrid::IsHidden(int part) const { return GetRowHeight(part + headingRows) == 0; }
+
+std::vector<CString_X> CPartsGrid::Headings()
+{
+    std::vector<CString_X> headings;
+    for (const Column& column : columns)
+        headings.emplace_back(column.heading);
+    return headings;
+}
+
+void CPartsGrid::ShowColumns(unsigned hidden)
+{
+    for (int column = 0; column < columnCount; ++column)
+        SetColumnWidth(column + 1, hidden >> column & 1 ? 0 : columns[column].width);
+}
+
+// Return on a part does what a double click does.
+void CPartsGrid::OnKeyDown(UINT vk, UINT repeatCount, UINT modifiers)
+{
+    if (vk == VK_RETURN && SelectedPart() >= 0)
+        SendMessageToParent(m_idCurrentCell.row, m_idCurrentCell.col, static_cast<int>(NM_DBLCLK));
+    else
+        CGridCtrl_X::OnKeyDown(vk, repeatCount, modifiers);
+}
+
+// The menu that follows is that of the part under the pointer.
+void CPartsGrid::OnRButtonDown(UINT flags, CPoint point)
+{
+    const CCellID_X cell = GetCellFromPt(point);
+    if (IsValid(cell) && cell.row >= headingRows)
+        SetFocusCell(cell);
+    CGridCtrl_X::OnRButtonDown(flags, point);
+}
