@@ -43,6 +43,7 @@ constexpr Group groups[] = {
 
 constexpr int numberWidth = 52;
 constexpr int pictureSize = 18;
+constexpr int pictureTop = 4;
 constexpr COLORREF unusedColor = RGB(0x9a, 0xa3, 0xaf);
 
 COLORREF colorOf(const Part& part, COLORREF shortColor)
@@ -52,10 +53,12 @@ COLORREF colorOf(const Part& part, COLORREF shortColor)
     return part.isShort() ? shortColor : CLR_DEFAULT;
 }
 
+// In the middle of a row: a cell puts its picture to its top.
 QImage* smallPicture(const CImageList_X& images, int place)
 {
     const auto* const picture = static_cast<const QImage*>(images.ExtractIcon(place));
-    return new QImage(picture->scaled(pictureSize, pictureSize, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    const QImage small = picture->scaled(pictureSize, pictureSize, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    return new QImage(small.copy(0, -pictureTop, small.width(), small.height() + pictureTop));
 }
 
 } // namespace
