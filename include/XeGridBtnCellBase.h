@@ -86,7 +86,7 @@ public:
     QPointer<CWnd_X> m_pEditWnd;
 };
 
-// -------------------------------------------------------------------------------------------------------- the base cell
+// ------------------------------------------------------------------------------------------------------- the base cell
 
 /// The base of cells with buttons: how controls are placed, painted and clicked.
 ///
@@ -119,7 +119,7 @@ class XE_EXPORT CGridBtnCellBase_X : public CGridCellBase_X
     void SetBtnDataBase(CBtnDataBase_X* data) { m_pBtnDataBase = data; }
     CBtnDataBase_X* GetBtnDataBase() const { return m_pBtnDataBase; }
 
-    // ---------------------------------------------------------------------------------- items, by way of the shared data
+    // -------------------------------------------------------------------------------- items, by way of the shared data
 
     void SetText(const wchar_t* text) override;
     void SetImage(int image) override;
@@ -167,7 +167,7 @@ class XE_EXPORT CGridBtnCellBase_X : public CGridCellBase_X
     void OnRClick(CPoint point) override;
     void OnDblClick(CPoint point) override;
 
-    // --------------------------------------------------------------------------------------------------------- controls
+    // -------------------------------------------------------------------------------------------------------- controls
     // Counted from 0. An index without a control gives 0 or an empty text, and sets nothing.
 
     virtual short GetDrawCtlNbr() const; ///< how many there are

@@ -7,8 +7,8 @@
 /// that opens from it does not end it; another window that becomes active does.
 ///
 /// No key that an editor gets reaches the grid or a dialog's default button. The numbers of the keys that an editor
-/// stores and is opened by are characters (1 for an opening by F2 or the mouse) or VK codes: 9, 13, 27, and 33 to 40 for
-/// the arrow and page keys.
+/// stores and is opened by are characters (1 for an opening by F2 or the mouse) or VK codes: 9, 13, 27, and for the
+/// arrow and page keys 33 to 40.
 #pragma once
 
 #include "xeafxarray.h"

@@ -269,8 +269,8 @@ bool EditorLife::loseFocus(QObject& target, QFocusEvent& event, const BaseFilter
     return !widget;
 }
 
-// The editor has its keys delivered itself, and says that it has taken them: what Qt's fields leave alone would go on to
-// the grid, and to a dialog. Qt's key for Shift and Tab has no VK code.
+// The editor has its keys delivered itself, and says that it has taken them: what Qt's fields leave alone would go on
+// to the grid, and to a dialog. Qt's key for Shift and Tab has no VK code.
 bool EditorLife::filterKey(QObject& target, QKeyEvent& event, const BaseFilter& base)
 {
     event.accept();

@@ -25,16 +25,16 @@ public:
     QStringList notes;
     std::function<void(int)> onNotify;
 
-    DECLARE_MESSAGE_MAP_X()
+    void OnMessageMap() override
+    {
+        CWnd_X::OnMessageMap();
+        AddMsgMapEntry(WM_NOTIFY, AfxSig_l_w_l, XeHandler<LRESULT(WPARAM, LPARAM)>::of(&BtnWindow::OnNotify));
+    }
 };
 
-inline BEGIN_MESSAGE_MAP_X(BtnWindow, CWnd_X) ON_MESSAGE_X(WM_NOTIFY, OnNotify)
-END_MESSAGE_MAP_X
-()
-
-    /// A grid of 4 x 4 cells, 100 x 30 each, in a window that writes its notifications down. Row 1, column 1 is a cell of
-    /// a class with buttons, with shared data.
-    struct BtnStage
+/// A grid of 4 x 4 cells, 100 x 30 each, in a window that writes its notifications down. Row 1, column 1 is a cell of a
+/// class with buttons, with shared data.
+struct BtnStage
 {
     explicit BtnStage(CRuntimeClass_X* type = RUNTIME_CLASS_X(CGridBtnCell_X)) : grid(std::make_unique<CGridCtrl_X>())
     {
@@ -104,3 +104,18 @@ END_MESSAGE_MAP_X
     std::unique_ptr<CGridCtrl_X> grid;
     QPointer<CGridBtnCell_X> cell;
 };
+
+inline constexpr UINT pressed = DFCS_PUSHED;
+inline constexpr UINT checked = DFCS_CHECKED;
+inline constexpr UINT up = WM_LBUTTONUP;
+inline constexpr UINT down = WM_LBUTTONDOWN;
+inline constexpr UINT twice = WM_LBUTTONDBLCLK;
+
+inline QString textOf(const wchar_t* text) { return text ? QString(XeQString(text)) : QStringLiteral("null"); }
+
+inline CRect cellRect(const BtnStage& stage)
+{
+    CRect rect;
+    stage.grid->GetCellRect(1, 1, &rect);
+    return rect;
+}

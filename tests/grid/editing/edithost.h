@@ -40,15 +40,16 @@ public:
     _GV_ITEM_X lastItem;
     std::function<void()> onEnd;
 
-    DECLARE_MESSAGE_MAP_X()
+    void OnMessageMap() override
+    {
+        CWnd_X::OnMessageMap();
+        AddMsgMapEntry(XE_WM_ENDEDIT, AfxSig_l_w_l, XeHandler<LRESULT(WPARAM, LPARAM)>::of(&EditHost::OnEnd));
+        AddMsgMapEntry(WM_KEYDOWN, AfxSig_v_u_uu, XeHandler<void(UINT, UINT, UINT)>::of(&EditHost::OnKeyDown));
+    }
 };
 
-inline BEGIN_MESSAGE_MAP_X(EditHost, CWnd_X) ON_MESSAGE_X(XE_WM_ENDEDIT, OnEnd) ON_WM_KEYDOWN_X()
-END_MESSAGE_MAP_X
-()
-
-    /// A window with a host and another field that can have the focus, shown and active.
-    struct EditStage
+/// A window with a host and another field that can have the focus, shown and active.
+struct EditStage
 {
     EditStage()
     {
