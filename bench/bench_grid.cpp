@@ -252,11 +252,16 @@ void gridInsert(benchmark::State& state)
 {
     constexpr int rows = 10'000;
     for (auto _ : state) {
-        Shown shown(0, columns, false);
+        state.PauseTiming();
+        auto shown = std::make_unique<Shown>(0, columns, false);
+        state.ResumeTiming();
         for (int row = 0; row < rows; ++row)
-            shown.grid.InsertRow(cellText);
-        if (shown.grid.GetRowCount() != rows)
+            shown->grid.InsertRow(cellText);
+        if (shown->grid.GetRowCount() != rows)
             state.SkipWithError("rows are missing");
+        state.PauseTiming();
+        shown.reset();
+        state.ResumeTiming();
     }
 }
 
@@ -264,9 +269,11 @@ void tableInsert(benchmark::State& state)
 {
     constexpr int rows = 10'000;
     for (auto _ : state) {
-        const std::unique_ptr<QTableWidget> table = makeTable(0, columns, false);
+        state.PauseTiming();
+        std::unique_ptr<QTableWidget> table = makeTable(0, columns, false);
         table->resize(1600, 900);
         table->show();
+        state.ResumeTiming();
         for (int row = 0; row < rows; ++row) {
             table->insertRow(row);
             table->setItem(row, 0, new QTableWidgetItem(plainText()));
@@ -275,6 +282,9 @@ void tableInsert(benchmark::State& state)
         }
         if (table->rowCount() != rows)
             state.SkipWithError("rows are missing");
+        state.PauseTiming();
+        table.reset();
+        state.ResumeTiming();
     }
 }
 

@@ -1,6 +1,7 @@
-// How much room a cell needs.
+#include "grid/cellextent.h"
 
 #include "XeGridCtrl.h"
+#include "core/overrides.h"
 #include "grid/cellpicture.h"
 
 #include <QFontMetrics>
@@ -42,6 +43,17 @@ QSize sizeOfLines(const QFontMetrics& metrics, const QString& text, int flags)
 }
 
 } // namespace
+
+int xe::textHeightOf(CGridCellBase_X& cell, const wchar_t* text)
+{
+    static const void* const plain = [] {
+        const CGridCellBase_X one;
+        return xe::virtualTarget(&one, &CGridCellBase_X::GetTextExtent);
+    }();
+    if (!plain || xe::virtualTarget(&cell, &CGridCellBase_X::GetTextExtent) != plain)
+        return cell.GetTextExtent(text).cy;
+    return metricsOf(cell).height() + static_cast<int>(2 * cell.GetMargin());
+}
 
 CSize CGridCellBase_X::GetTextExtent(const wchar_t* text)
 {

@@ -2,6 +2,7 @@
 
 #include "XeGridCtrl.h"
 
+#include "grid/cellextent.h"
 #include "grid/gridstate.h"
 
 #include <QPointer>
@@ -71,7 +72,8 @@ int CGridCtrl_X::InsertRow(const wchar_t* text, int pos)
     tellCoords(row + 1, 0);
     if (text)
         SetItemText(row, 0, text);
-    setSize(SB_VERT, row, std::max<int>(GetTextExtent(row, 0, text).cy, 0));
+    CGridCellBase_X* const first = cellAt(row, 0);
+    setSize(SB_VERT, row, first ? std::max(xe::textHeightOf(*first, text), 0) : 0);
     resetBars();
     SetModified(TRUE, -1, -1);
     return row;

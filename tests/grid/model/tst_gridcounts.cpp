@@ -18,6 +18,14 @@ class CPlacedCell : public CGridCell_X
     CCellID_X place;
 };
 
+// Higher than its text.
+class CHighCell : public CGridCell_X
+{
+    Q_OBJECT
+    DECLARE_DYNCREATE_X(CHighCell)
+    CSize GetTextExtent(const wchar_t*) override { return {10, 77}; }
+};
+
 // Counts what is made and destroyed through the overridables.
 class CCountingGrid : public CGridCtrl_X
 {
@@ -39,6 +47,7 @@ public:
 };
 
 IMPLEMENT_DYNCREATE_X(CPlacedCell, CGridCell_X)
+IMPLEMENT_DYNCREATE_X(CHighCell, CGridCell_X)
 
 void fill(CGridCtrl_X& grid, int rows, int cols, int fixedRows = 0, int fixedCols = 0)
 {
@@ -302,6 +311,8 @@ void tst_GridCounts::insertRow()
     QCOMPARE(grid.InsertRow(nullptr, 1), 1);
     QCOMPARE(textOf(grid), QStringLiteral("0.0,0.1|,|new,|1.0,1.1|2.0,2.1|end,"));
     QVERIFY(grid.GetRowHeight(1) > 0);
+    grid.SetDefaultCellType(RUNTIME_CLASS_X(CHighCell));
+    QCOMPARE(grid.GetRowHeight(grid.InsertRow(L"high")), 77);
 }
 
 void tst_GridCounts::insertPositions()
