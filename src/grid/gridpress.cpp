@@ -59,7 +59,8 @@ bool Press::pressCell()
     clicked() = m_grid->GetCellFromPt(m_point, TRUE);
     if (!m_grid->IsValid(clicked()))
         return false;
-    m_grid->m_SelectionStartCell = m_hasShift ? m_grid->m_idCurrentCell : clicked();
+    const bool extends = m_hasShift && m_grid->IsValid(m_grid->m_idCurrentCell);
+    m_grid->m_SelectionStartCell = extends ? m_grid->m_idCurrentCell : clicked();
     if (CGridCellBase_X* const pressed = cell())
         pressed->OnClickDown(m_grid->GetPointClicked(clicked().row, clicked().col, m_point));
     return isValid();

@@ -236,8 +236,11 @@ void tst_GridMouse::shiftExtends()
     QCOMPARE(host.selected(), QStringLiteral("1,1 1,2 2,1 2,2"));
     QCOMPARE(host.focus(), QStringLiteral("2,2"));
     host.grid->ResetSelectedRange();
-    QTest::mouseClick(host.widget, Qt::LeftButton, Qt::ShiftModifier, host.middleOf(3, 3)); // from no cell
+    QTest::mousePress(host.widget, Qt::LeftButton, Qt::ShiftModifier, host.middleOf(3, 3)); // from no cell
     QCOMPARE(host.selected(), QStringLiteral("3,3"));
+    moveMouse(host.widget, host.middleOf(4, 4), Qt::LeftButton, Qt::ShiftModifier);
+    QCOMPARE(host.selected(), QStringLiteral("3,3 3,4 4,3 4,4"));
+    QTest::mouseRelease(host.widget, Qt::LeftButton, Qt::ShiftModifier, host.middleOf(4, 4));
 }
 
 void tst_GridMouse::controlAdds()
