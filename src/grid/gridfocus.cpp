@@ -45,12 +45,13 @@ public:
     {
         if (!m_grid->IsValid(m_from))
             return true;
-        if (!tell(m_from, LVN_ITEMCHANGING))
+        const bool goesOn = tell(m_from, LVN_ITEMCHANGING);
+        if (!m_grid || m_grid->m_idCurrentCell == m_from)
             return false;
-        setFocused(*m_grid, m_from, false);
+        setFocused(*m_grid, m_from, false); // a move of the parent's has not known this cell
         m_grid->RedrawCell(m_from);
         redrawHeadings(*m_grid, m_from, m_to);
-        return true;
+        return goesOn;
     }
 
     bool arrive()

@@ -106,7 +106,7 @@ void tst_GridFocus::aNoticeMoves()
     host.grid->SetFocusCell(2, 2);
     QCOMPARE(host.focus(), QStringLiteral("3,3"));
     QCOMPARE(host.window.take(), notices);
-    QVERIFY(host.grid->GetItemState(3, 3) & CGridCellBase_X::Focused);
+    QCOMPARE(host.inState(CGridCellBase_X::Focused), QStringLiteral("3,3"));
 }
 
 void tst_GridFocus::aNoticeDeletes_data()
