@@ -30,9 +30,13 @@ void dragSelection(CGridCtrl_X& grid, const CPoint& point)
         return;
     }
     const bool selectsLines = grid.m_MouseMode != CGridCtrl_X::MOUSE_SELECT_CELLS;
+    const bool isHeading = grid.m_bListMode && cell.row < grid.m_nFixedRows;
     grid.OnSelecting(cell);
-    if (selectsLines || !grid.IsCellFixed(cell.row, cell.col))
-        xe::moveFocus(grid, cell, xe::RowSelection::Stays); // the rows are selected already
+    if (!selectsLines && grid.IsCellFixed(cell.row, cell.col))
+        return;
+    // The rows are selected already, but for the first when the focus comes there from its heading.
+    if (xe::moveFocus(grid, cell, xe::RowSelection::Stays) && isHeading)
+        grid.OnSelecting(grid.m_idCurrentCell);
 }
 
 void dragTo(CGridCtrl_X& grid, const CPoint& point)

@@ -387,7 +387,10 @@ void tst_GridMouse::listModeRows()
     QCOMPARE(host.selected(), QStringLiteral("2,1 2,2"));
     moveMouse(host.widget, host.middleOf(3, 1), Qt::LeftButton);
     QCOMPARE(host.selected(), QStringLiteral("2,1 2,2 3,1 3,2"));
-    QTest::mouseRelease(host.widget, Qt::LeftButton, {}, host.middleOf(3, 1));
+    moveMouse(host.widget, host.middleOf(0, 2), Qt::LeftButton); // a heading stands for the first row
+    QCOMPARE(host.selected(), QStringLiteral("1,1 1,2 2,1 2,2"));
+    QCOMPARE(host.focus(), QStringLiteral("1,2"));
+    QTest::mouseRelease(host.widget, Qt::LeftButton, {}, host.middleOf(0, 2));
     host.grid->m_bSingleRowSelection = TRUE;
     QTest::mousePress(host.widget, Qt::LeftButton, {}, host.middleOf(4, 2));
     moveMouse(host.widget, host.middleOf(5, 1), Qt::LeftButton);
