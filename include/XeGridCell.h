@@ -70,7 +70,7 @@ class XE_EXPORT CGridCell_X : public CGridCellBase_X
     void EndEdit() override;
     void OnEndEdit() override;
 
-    // ----------------------------------------------------------------------------------------------------------- fields
+    // ---------------------------------------------------------------------------------------------------------- fields
 
     unsigned int m_nFormat = 0x8824; ///< DT_LEFT, DT_VCENTER, DT_SINGLELINE, DT_NOPREFIX, DT_END_ELLIPSIS
     CString_X m_strText;

@@ -175,7 +175,7 @@ class XE_EXPORT CGridCellBase_X : public CObject_X
     CGridCellBase_X() = default;
     ~CGridCellBase_X() override;
 
-    // ---------------------------------------------------------------------------------------------- setters and getters
+    // --------------------------------------------------------------------------------------------- setters and getters
 
     virtual void SetText(const wchar_t* text);
     virtual void SetImage(int image);
@@ -207,7 +207,7 @@ class XE_EXPORT CGridCellBase_X : public CObject_X
     virtual unsigned int GetMargin() const;
     virtual int IsEditing() const;
 
-    // ------------------------------------------------------------------------------------------------------- operations
+    // ------------------------------------------------------------------------------------------------------ operations
 
     /// Copies what the getters of the other cell give into the setters of this one: grid, text, image, tile, data,
     /// state, format, text colour, background, font and margin. The cell stays in its own merged block. Nothing for the
@@ -239,7 +239,7 @@ class XE_EXPORT CGridCellBase_X : public CObject_X
     virtual int PrintCell(CDC_X* dc, int row, int col, CRect rect);
     virtual void OnEndEdit(); ///< the editor has gone; here nothing
 
-    // ------------------------------------------------------------------------------------ called by the grid; here nothing
+    // -------------------------------------------------------------------------------- called by the grid; here nothing
     // The points are relative to the cell.
 
     virtual void OnMouseEnter();
@@ -255,7 +255,7 @@ class XE_EXPORT CGridCellBase_X : public CObject_X
     /// CGridCtrl_X::SendMessageToParent() of the grid; 0 without one.
     long long SendMessageToParent(int row, int col, int code);
 
-    // ----------------------------------------------------------------------------------------------------------- fields
+    // ---------------------------------------------------------------------------------------------------------- fields
 
     unsigned int m_nState = 0;
     int m_bMergeRight = 0;          ///< 1: a cell of the same block stands at the right

@@ -126,7 +126,7 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
     /// Deletes the cells. The widget stays its owner's.
     ~CGridCtrl_X() override;
 
-    // ------------------------------------------------------------------------------------------------------- attachment
+    // ------------------------------------------------------------------------------------------------------ attachment
 
     using CWnd_X::Create;
     /// SubclassWindow(), and gives all rows and columns the default sizes. `parent` and `id` have no meaning. 0 when
@@ -135,7 +135,7 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
     /// Wraps a widget, which gets the keyboard focus by a click from then on.
     int SubclassWindow(QWidget* widget);
 
-    // -------------------------------------------------------------------------------------------------- counts and sizes
+    // ------------------------------------------------------------------------------------------------ counts and sizes
 
     int GetRowCount() const { return m_nRows; }
     int GetColumnCount() const { return m_nCols; }
@@ -147,8 +147,9 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
     /// old number, below 0 and for want of memory.
     int SetRowCount(int n);
     int SetColumnCount(int n); ///< likewise
-    /// Sets the number of fixed rows, and makes as many rows if there are fewer. Cells that become fixed, and those that
-    /// no longer are, lose their own colours. The focus is cleared if its row becomes fixed. 1; 0 as SetRowCount().
+    /// Sets the number of fixed rows, and makes as many rows if there are fewer. Cells that become fixed, and those
+    /// that no longer are, lose their own colours. The focus is cleared if its row becomes fixed. 1; 0 as
+    /// SetRowCount().
     int SetFixedRowCount(int n = 1);
     int SetFixedColumnCount(int n = 1); ///< likewise
     /// Inserts a row before `pos`, a negative one appends, and sets the text of its first cell, whose height the row
@@ -171,7 +172,7 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
     int GetFixedColumnWidth() const;           ///< of the fixed columns
     int GetFixedRowHeight() const;             ///< of the fixed rows
 
-    // ------------------------------------------------------------------------------------------------------------ cells
+    // ----------------------------------------------------------------------------------------------------------- cells
 
     /// The cell; null where there is none.
     CGridCellBase_X* cellAt(int row, int col) const;
@@ -226,7 +227,7 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
     int IsCellSelected(const CCellID_X& cell) const { return IsCellSelected(cell.row, cell.col); }
     CCellRange_X GetCellRange() const { return {0, 0, m_nRows - 1, m_nCols - 1}; }
 
-    // --------------------------------------------------------------------------------------------------------- geometry
+    // -------------------------------------------------------------------------------------------------------- geometry
     // Pixels of the widget.
 
     /// The first ordinary row and column that are not scrolled away.
@@ -254,7 +255,7 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
     void EnsureVisible(int row, int col);
     void EnsureVisible(const CCellID_X& cell) { EnsureVisible(cell.row, cell.col); }
 
-    // -------------------------------------------------------------------------------------------------------- scrolling
+    // ------------------------------------------------------------------------------------------------------- scrolling
 
     /// Shows the bars that are needed, gives them their ranges and repaints. Nothing without a window or while drawing
     /// is off.
@@ -275,7 +276,7 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
     void ExpandRowsToFit();
     void ExpandToFit();
 
-    // --------------------------------------------------------------------------------------------------------- painting
+    // -------------------------------------------------------------------------------------------------------- painting
 
     void SetRedraw(int allow, int resetScrollBars = FALSE);
     void Refresh(); ///< asks for a repaint
@@ -294,7 +295,7 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
     int SetFixedCellCombine(int row, int col, int nRows, int nCols);
     int UndoCellCombine(int row, int col);
 
-    // ------------------------------------------------------------------------------------------------ focus and selection
+    // --------------------------------------------------------------------------------------------- focus and selection
 
     CCellID_X SetFocusCell(CCellID_X cell);
     CCellID_X SetFocusCell(int row, int col) { return SetFocusCell(CCellID_X(row, col)); }
@@ -314,7 +315,7 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
     int MouseOverColumnResizeArea(CPoint& point) const;
     int MouseOverRowResizeArea(CPoint& point) const;
 
-    // ------------------------------------------------------------------------------------------------- text, files, stubs
+    // ---------------------------------------------------------------------------------------------- text, files, stubs
 
     int SortTextItems(int column, int ascending);
     int SortTextItems(int column, int ascending, int low, int high);
@@ -364,7 +365,7 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
     void OnMessageMap() override;
     bool eventFilter(QObject* target, QEvent* event) override;
 
-    // --------------------------------------------------------------------------------------------------------- handlers
+    // -------------------------------------------------------------------------------------------------------- handlers
 
     void OnPaint();
     void OnSize(UINT type, int width, int height);
@@ -396,7 +397,7 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
     void OnUpdateEditCut(CCmdUI_X* command);
     void OnUpdateEditPaste(CCmdUI_X* command);
 
-    // ----------------------------------------------------------------------------------------------------------- fields
+    // ---------------------------------------------------------------------------------------------------------- fields
 
     COLORREF m_crTextColour;      ///< of ordinary cells
     COLORREF m_crTextBkColour;    ///< behind ordinary cells

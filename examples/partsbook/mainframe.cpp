@@ -59,10 +59,7 @@ END_MESSAGE_MAP_X()
 
 bool CMainFrame::AttachDefault(QWidget* parent) { return Attach(new CTavoMainFrame(parent), parent, false); }
 
-void CMainFrame::SetupUI()
-{
-    Ui::CTavoMainFrame().setupUi(Imp<QMainWindow>());
-}
+void CMainFrame::SetupUI() { Ui::CTavoMainFrame().setupUi(Imp<QMainWindow>()); }
 
 int CMainFrame::OnCreate(tagCREATESTRUCTW* createStruct)
 {

@@ -81,7 +81,8 @@ int CGridCtrl_X::GetCellRect(int row, int col, tagRECT* rect) const
     CPoint origin;
     if (!rect || !GetCellOrigin(row, col, &origin))
         return 0;
-    *rect = {origin.x, origin.y, origin.x + GetColumnWidth(col) - 1, origin.y + GetRowHeight(row) - 1};
+    const auto last = [](int begin, int size) { return begin + std::min(size, xe::GridLines::maximum) - 1; };
+    *rect = {origin.x, origin.y, last(origin.x, GetColumnWidth(col)), last(origin.y, GetRowHeight(row))};
     return 1;
 }
 

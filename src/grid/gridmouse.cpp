@@ -238,7 +238,7 @@ void CGridCtrl_X::OnLButtonUp(UINT flags, CPoint point)
         release.end();
 }
 
-// ------------------------------------------------------------------------------------------- double click, right button
+// ------------------------------------------------------------------------------------------ double click, right button
 
 void CGridCtrl_X::OnLButtonDblClk(UINT, CPoint point)
 {

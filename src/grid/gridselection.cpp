@@ -69,7 +69,7 @@ CCellRange_X CGridCtrl_X::GetSelectedCellRange() const
     return range;
 }
 
-// ------------------------------------------------------------------------------------------- what a mouse or key selects
+// ----------------------------------------------------------------------------------------- what a mouse or key selects
 
 void CGridCtrl_X::SelectAllCells() { SetSelectedRange(m_nFixedRows, m_nFixedCols, m_nRows - 1, m_nCols - 1); }
 
