@@ -78,14 +78,18 @@ std::vector<std::wstring> someTexts()
     std::mt19937 random(1);
     std::vector<std::wstring> texts;
     for (int i = 0; i < sortedRows; ++i)
-        texts.push_back(L"part " + std::to_wstring(random()));
+        texts.push_back(std::to_wstring(random()));
     return texts;
 }
 
 void sortGrid(benchmark::State& state)
 {
     const std::vector<std::wstring> texts = someTexts();
+    QWidget widget;
+    widget.resize(1600, 900);
     CGridCtrl_X grid(sortedRows, sortedColumns, 0, 0);
+    grid.SubclassWindow(&widget);
+    widget.show();
     for (auto _ : state) {
         state.PauseTiming();
         for (int row = 0; row < sortedRows; ++row)
@@ -107,6 +111,8 @@ void sortTable(benchmark::State& state)
         for (int col = 0; col < sortedColumns; ++col)
             table.setItem(row, col, new QTableWidgetItem);
     }
+    table.resize(1600, 900);
+    table.show();
     for (auto _ : state) {
         state.PauseTiming();
         for (int row = 0; row < sortedRows; ++row)

@@ -328,8 +328,8 @@ bool CGridCtrl_X::eventFilter(QObject* target, QEvent* event)
     }
     if (living)
         m_state->isRealKey = wasRealKey;
+    // As a widget gets it: else a Tab that has moved the focus would go on to the parent, and move it again.
     if (!isConsumed)
-        event
-            ->accept(); // as a widget gets it: else a Tab that has moved the focus goes on to the parent, and moves it again
+        event->accept();
     return isConsumed;
 }

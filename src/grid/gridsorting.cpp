@@ -1,5 +1,6 @@
 #include "grid/gridsorting.h"
 
+#include "core/overrides.h"
 #include "grid/gridstate.h"
 #include "grid/selectionmaps.h"
 
@@ -11,24 +12,52 @@ namespace {
 
 constexpr unsigned fixed = CGridCellBase_X::Fixed;
 
+// The first two elements, which have a sign. A missing one counts as the least.
+unsigned long long beginningOf(std::wstring_view text)
+{
+    const auto unsignedAt = [text](std::size_t i) {
+        return i < text.size() ? static_cast<unsigned>(text[i]) ^ 0x80000000U : 0U;
+    };
+    return static_cast<unsigned long long>(unsignedAt(0)) << 32 | unsignedAt(1);
+}
+
+// Whether a class of cells knows its place: the plain one does not.
+bool knowsPlace(const CGridCellBase_X& cell)
+{
+    static const CGridCellBase_X plain;
+    static const CGridCell_X plainCell;
+    static const void* const none[] = {virtualTarget(&plain, &CGridCellBase_X::SetCoords),
+                                       virtualTarget<CGridCellBase_X>(&plainCell, &CGridCellBase_X::SetCoords)};
+    const void* const target = virtualTarget(&cell, &CGridCellBase_X::SetCoords);
+    return !target || (target != none[0] && target != none[1]);
+}
+
 } // namespace
 
 RowSorting::RowSorting(CGridCtrl_X& grid, int column, int low, int high) : m_grid(grid), m_low(low)
 {
-    for (int row = low; row <= high; ++row)
-        m_texts.push_back(grid.GetItemText(row, column));
-    for (std::size_t i = 0; i < m_texts.size(); ++i)
-        m_order.push_back({std::wstring_view(m_texts[i].GetString(), static_cast<std::size_t>(m_texts[i].GetLength())),
-                           low + static_cast<int>(i)});
+    std::vector<std::size_t> ends;
+    for (int row = low; row <= high; ++row) {
+        const CGridCellBase_X* const cell = grid.cellAt(row, column);
+        const wchar_t* const text = cell ? cell->GetText() : nullptr;
+        m_texts += text ? text : L"";
+        ends.push_back(m_texts.size());
+    }
+    m_order.reserve(ends.size());
+    for (std::size_t i = 0; i < ends.size(); ++i) {
+        const std::size_t begin = i == 0 ? 0 : ends[i - 1];
+        const auto text = std::wstring_view(m_texts).substr(begin, ends[i] - begin);
+        m_order.push_back({beginningOf(text), text, low + static_cast<int>(i)});
+    }
 }
 
 void RowSorting::sort(bool ascending)
 {
     const Index last = static_cast<Index>(m_order.size()) - 1;
     if (ascending)
-        sort(0, last, [](std::wstring_view a, std::wstring_view b) { return a < b; });
+        sort(0, last, [](const Entry& a, const Entry& b) { return isBefore(a, b); });
     else
-        sort(0, last, [](std::wstring_view a, std::wstring_view b) { return b < a; });
+        sort(0, last, [](const Entry& a, const Entry& b) { return isBefore(b, a); });
 }
 
 // The order of equal texts is what these exchanges make of it. The larger part is left to the loop, so that the stack
@@ -38,13 +67,13 @@ void RowSorting::sort(Index low, Index high, Before before)
 {
     const auto at = [this](Index i) -> Entry& { return m_order[static_cast<std::size_t>(i)]; };
     while (low < high) {
-        const std::wstring_view middle = at((low + high) / 2).text;
+        const Entry middle = at((low + high) / 2);
         Index i = low;
         Index j = high;
         while (i <= j) {
-            while (i < high && before(at(i).text, middle))
+            while (i < high && before(at(i), middle))
                 ++i;
-            while (j > low && before(middle, at(j).text))
+            while (j > low && before(middle, at(j)))
                 --j;
             if (i > j)
                 break;
@@ -77,7 +106,7 @@ void RowSorting::undoBlocks()
     for (const CCellRange_X& block : GridState::of(m_grid).blocks) {
         const int last = qMin(block.m_nMaxRow, m_low + static_cast<int>(m_order.size()) - 1);
         for (int row = qMax(block.m_nMinRow, m_low); row <= last; ++row) {
-            if (m_order[static_cast<std::size_t>(row - m_low)].row != row) {
+            if (isMoved(static_cast<std::size_t>(row - m_low))) {
                 masters.emplace_back(block.m_nMinRow, block.m_nMinCol);
                 break;
             }
@@ -109,13 +138,14 @@ void RowSorting::tellPlaces()
 {
     for (std::size_t i = 0; i < m_order.size(); ++i) {
         const int row = m_low + static_cast<int>(i);
-        for (int col = 0; m_order[i].row != row && col < m_grid.m_nCols; ++col) {
+        for (int col = 0; isMoved(i) && col < m_grid.m_nCols; ++col) {
             CGridCellBase_X* const cell = m_grid.cellAt(row, col);
             if (!cell)
                 continue;
-            cell->SetCoords(row, col);
+            if (knowsPlace(*cell))
+                cell->SetCoords(row, col);
             const bool isFixed = m_grid.IsCellFixed(row, col);
-            if (isFixed != static_cast<bool>(cell->GetState() & fixed))
+            if (m_low < m_grid.m_nFixedRows && isFixed != static_cast<bool>(cell->GetState() & fixed))
                 cell->SetState(cell->GetState() ^ fixed);
         }
     }

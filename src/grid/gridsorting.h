@@ -3,6 +3,7 @@
 
 #include "XeGridCtrl.h"
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -19,15 +20,23 @@ public:
     void moveRows();
 
 private:
+    // The beginning of the text as a number of the same order: most comparisons end there.
     struct Entry
     {
+        unsigned long long beginning;
         std::wstring_view text;
         int row;
     };
     using Index = std::ptrdiff_t;
 
+    static bool isBefore(const Entry& a, const Entry& b)
+    {
+        return a.beginning != b.beginning ? a.beginning < b.beginning : a.text < b.text;
+    }
+
     template <class Before>
     void sort(Index low, Index high, Before before);
+    bool isMoved(std::size_t i) const { return m_order[i].row != m_low + static_cast<int>(i); }
     void undoBlocks();
     void placeRows();
     void tellPlaces();
@@ -35,7 +44,7 @@ private:
 
     CGridCtrl_X& m_grid;
     const int m_low;
-    std::vector<CString_X> m_texts;
+    std::wstring m_texts; // one behind the other
     std::vector<Entry> m_order;
 };
 

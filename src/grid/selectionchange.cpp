@@ -3,6 +3,8 @@
 #include "core/overrides.h"
 #include "grid/selectionmaps.h"
 
+#include <vector>
+
 namespace xe {
 
 namespace {
@@ -12,6 +14,15 @@ constexpr unsigned selected = CGridCellBase_X::Selected;
 bool isSelected(const CGridCellBase_X& cell) { return cell.GetState() & selected; }
 
 void deselect(CGridCellBase_X& cell) { cell.SetState(cell.GetState() & ~selected); }
+
+// Whether the cell was not selected before.
+bool becomesSelected(CGridCellBase_X& cell)
+{
+    const unsigned state = cell.GetState();
+    if (!(state & selected))
+        cell.SetState(state | selected);
+    return !(state & selected);
+}
 
 // Whether a class sees the states of its cells change.
 bool watchesState(const CGridCellBase_X& cell)
@@ -33,11 +44,12 @@ void forEachCell(const CGridCtrl_X& grid, const CCellRange_X& range, Visit visit
 {
     if (isEmpty(range))
         return;
-    const int lastRow = qMin(range.m_nMaxRow, grid.m_nRows - 1);
-    const int lastCol = qMin(range.m_nMaxCol, grid.m_nCols - 1);
+    const int lastRow = qMin(range.m_nMaxRow, qMin(grid.m_nRows, static_cast<int>(grid.m_RowData.size())) - 1);
     for (int row = range.m_nMinRow; row <= lastRow; ++row) {
-        for (int col = range.m_nMinCol; col <= lastCol; ++col) {
-            if (CGridCellBase_X* const cell = grid.cellAt(row, col))
+        const CGridCtrl_X::GridRow* const cells = grid.m_RowData[static_cast<std::size_t>(row)];
+        const int count = cells ? qMin(grid.m_nCols, static_cast<int>(cells->size())) : 0;
+        for (int col = range.m_nMinCol; col <= range.m_nMaxCol && col < count; ++col) {
+            if (CGridCellBase_X* const cell = (*cells)[static_cast<std::size_t>(col)])
                 visit(*cell, row, col);
         }
     }
@@ -47,8 +59,10 @@ void forEachCell(const CGridCtrl_X& grid, const CCellRange_X& range, Visit visit
 
 SelectionChange::SelectionChange(CGridCtrl_X& grid) : m_grid(grid), m_state(GridState::of(grid))
 {
-    if (grid.GetSafeHwnd() && grid.m_bAllowDraw)
+    m_isSeen = !grid.GetSafeHwnd() || !grid.m_bAllowDraw;
+    if (!m_isSeen)
         m_seen = grid.GetVisibleNonFixedCellRange();
+    m_repaints = !m_isSeen;
 }
 
 long long SelectionChange::count() const
@@ -63,7 +77,7 @@ void SelectionChange::note(int row, int col)
 
 void SelectionChange::repaint()
 {
-    if (m_isSeen && m_grid.m_bAllowDraw)
+    if (m_repaints && m_isSeen)
         m_grid.Invalidate(TRUE);
 }
 
@@ -76,22 +90,31 @@ void SelectionChange::deselectOutside(const CCellRange_X& range)
     m_state.lastRange = CCellRange_X();
 }
 
-// Goes by the range that was selected last. False, with nothing changed, if that is not all that is selected.
+// Goes by the range that was selected last. False if that is not all that is selected: entries of the map are left.
 bool SelectionChange::deselectLastOutside(const CCellRange_X& range)
 {
     long long kept = 0;
-    std::vector<CCellID_X> gone;
-    forEachCell(m_grid, m_state.lastRange, [&](const CGridCellBase_X& cell, int row, int col) {
+    long long gone = 0;
+    std::vector<CCellID_X> keys;
+    forEachCell(m_grid, m_state.lastRange, [&](CGridCellBase_X& cell, int row, int col) {
         if (!isSelected(cell))
             return;
-        if (range.contains(row, col) && !watchesState(cell))
+        if (range.contains(row, col) && !watchesState(cell)) {
             ++kept;
-        else
-            gone.emplace_back(row, col);
+            return;
+        }
+        ++gone;
+        deselect(cell);
+        note(row, col);
+        if (!isEmpty(range))
+            keys.emplace_back(row, col);
     });
-    if (kept + static_cast<long long>(gone.size()) != count())
+    if (kept + gone != count())
         return false;
-    remove(gone, kept == 0);
+    if (kept == 0)
+        emptyMaps();
+    else
+        forget(keys);
     return true;
 }
 
@@ -103,23 +126,27 @@ void SelectionChange::deselectListed(const CCellRange_X& range)
         if (!cell || !range.contains(id.row, id.col) || watchesState(*cell))
             gone.push_back(id);
     }
-    remove(gone, static_cast<long long>(gone.size()) == count());
+    for (const CCellID_X& id : gone) {
+        if (CGridCellBase_X* const cell = m_grid.cellAt(id.row, id.col))
+            deselect(*cell);
+        note(id.row, id.col);
+    }
+    if (static_cast<long long>(gone.size()) == count())
+        emptyMaps();
+    else
+        forget(gone);
 }
 
-void SelectionChange::remove(const std::vector<CCellID_X>& cells, bool areAll)
+void SelectionChange::forget(const std::vector<CCellID_X>& cells)
 {
-    for (const CCellID_X& id : cells) {
-        if (CGridCellBase_X* const cell = m_grid.cellAt(id.row, id.col)) {
-            deselect(*cell);
-            note(id.row, id.col);
-        }
-        if (!areAll)
-            m_state.noteSelected(m_grid, id.row, id.col, false);
-    }
-    if (areAll) {
-        emptyMap(m_grid.m_SelectedCellMap);
-        m_state.farSelected.clear();
-    }
+    for (const CCellID_X& id : cells)
+        m_state.noteSelected(m_grid, id.row, id.col, false);
+}
+
+void SelectionChange::emptyMaps()
+{
+    emptyMap(m_grid.m_SelectedCellMap);
+    m_state.farSelected.clear();
 }
 
 // ----------------------------------------------------------------------------------------------------------- selecting
@@ -139,18 +166,37 @@ void SelectionChange::select(const CCellRange_X& range)
 {
     if (isEmpty(range))
         return;
-    const long long before = count();
-    reserveKeys(m_grid.m_SelectedCellMap, qMax(0LL, areaOf(range) - before));
-    forEachCell(m_grid, range, [this](CGridCellBase_X& cell, int row, int col) {
-        if (!isSelected(cell))
-            select(cell, row, col);
-    });
+    const bool wasEmpty = count() == 0 && fitsSelectionKey(range.m_nMaxRow, range.m_nMaxCol);
+    reserveKeys(m_grid.m_SelectedCellMap, qMax(0LL, areaOf(range) - count()));
+    if (!wasEmpty || !selectAll(range)) {
+        forEachCell(m_grid, range, [this, wasEmpty](CGridCellBase_X& cell, int row, int col) {
+            if (wasEmpty || !isSelected(cell))
+                select(cell, row, col);
+        });
+    }
     m_state.lastRange = range;
+}
+
+// Selects a range while nothing is selected: states first, keys then. False, with no key added, if a cell is not there
+// or is in the state without being in the map.
+bool SelectionChange::selectAll(const CCellRange_X& range)
+{
+    long long selectedNow = 0;
+    forEachCell(m_grid, range, [&](CGridCellBase_X& cell, int row, int col) {
+        if (!becomesSelected(cell))
+            return;
+        note(row, col);
+        ++selectedNow;
+    });
+    if (selectedNow != areaOf(range))
+        return false;
+    insertRange(m_grid.m_SelectedCellMap, range);
+    return true;
 }
 
 void SelectionChange::select(CGridCellBase_X& cell, int row, int col)
 {
-    cell.SetState(cell.GetState() | selected);
+    becomesSelected(cell);
     m_state.noteSelected(m_grid, row, col, true);
     note(row, col);
 }

@@ -27,15 +27,18 @@ public:
 private:
     bool deselectLastOutside(const CCellRange_X& range);
     void deselectListed(const CCellRange_X& range);
-    void remove(const std::vector<CCellID_X>& cells, bool areAll);
+    void forget(const std::vector<CCellID_X>& cells);
+    void emptyMaps();
+    bool selectAll(const CCellRange_X& range);
     void select(CGridCellBase_X& cell, int row, int col);
     long long count() const;
     void note(int row, int col);
 
     CGridCtrl_X& m_grid;
     GridState& m_state;
-    CCellRange_X m_seen; // of the ordinary cells
-    bool m_isSeen = false;
+    CCellRange_X m_seen;     // of the ordinary cells
+    bool m_isSeen = false;   // nothing more is to be found out
+    bool m_repaints = false; // there is a window that can show it
 };
 
 } // namespace xe

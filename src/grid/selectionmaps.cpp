@@ -11,6 +11,9 @@ using Map = CGridCtrl_X::SelectionMap;
 constexpr unsigned smallTable = 17;
 constexpr long long load = 2; // keys a bucket at most
 
+// The hash of a key grows by this from one row to the next.
+constexpr long long rowStep = 16807;
+
 bool isPrime(unsigned number)
 {
     for (unsigned divisor = 3; divisor <= number / divisor; divisor += 2) {
@@ -20,9 +23,17 @@ bool isPrime(unsigned number)
     return true;
 }
 
+// In a large table the key so many rows further belongs to the bucket before: see insertRange().
+long long rowsToNextBucket(long long tableSize)
+{
+    return tableSize > rowStep && tableSize % rowStep == 1 ? tableSize / rowStep : 1;
+}
+
 unsigned tableFor(long long keys)
 {
     constexpr long long largest = 1 << 28;
+    if (keys > rowStep)
+        return static_cast<unsigned>((qMin(keys, largest) / rowStep + 1) * rowStep + 1);
     unsigned size = static_cast<unsigned>(qBound<long long>(smallTable, keys, largest)) | 1;
     while (!isPrime(size))
         size += 2;
@@ -49,6 +60,18 @@ void reserveKeys(Map& map, long long more)
     map.InitHashTable(tableFor(wanted), FALSE);
     for (const CCellID_X& cell : cells)
         insert(map, cell);
+}
+
+// The order of the keys is that of their buckets, as far as possible: else each would wait for memory.
+void insertRange(Map& map, const CCellRange_X& range)
+{
+    const auto step = static_cast<int>(rowsToNextBucket(map.GetHashTableSize()));
+    for (int col = range.m_nMinCol; col <= range.m_nMaxCol; ++col) {
+        for (int first = 0; first < step; ++first) {
+            for (int row = range.m_nMinRow + first; row <= range.m_nMaxRow; row += step)
+                insert(map, {row, col});
+        }
+    }
 }
 
 void emptyMap(Map& map)

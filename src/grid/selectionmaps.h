@@ -9,6 +9,8 @@ namespace xe {
 
 /// Gives a map a table for so many more keys: a table does not grow by itself.
 void reserveKeys(CGridCtrl_X::SelectionMap& map, long long more);
+/// Adds the cells of a range.
+void insertRange(CGridCtrl_X::SelectionMap& map, const CCellRange_X& range);
 /// Empties a map and takes its large table away.
 void emptyMap(CGridCtrl_X::SelectionMap& map);
 
