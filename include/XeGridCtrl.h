@@ -286,46 +286,91 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
     int RedrawCell(const CCellID_X& cell) { return RedrawCell(cell.row, cell.col); }
     int RedrawRow(int row);       ///< 1 if all cells gave 1
     int RedrawColumn(int column); ///< likewise
+    /// Asks for a repaint of a cell's place, or of what can be seen of a range of ordinary cells. 1; 0 for cells that
+    /// cannot be seen, without a window and while drawing is off.
     int InvalidateCellRect(const CCellID_X& cell);
     int InvalidateCellRect(const CCellRange_X& range);
+    /// Makes the image that the grid is painted on, of the client area's size and the screen's resolution, or takes the
+    /// one that there is; it is filled with (158, 158, 158), which stays where OnDraw() paints nothing. Nothing inside
+    /// OnDraw().
     void CreateImage();
+    /// Paints the backgrounds of headings and cells, and of the area without cells. Nothing for null.
     void EraseBkgnd(CDC_X* dc);
 
+    /// Joins ordinary cells to a block that has so many further rows and columns: each cell stays itself, and is
+    /// painted, hit and edited as before; flags and counts are the host's to read, as is the style. 1, also for a first
+    /// cell that is a heading, which changes nothing; 0 for a block that is not all in the grid, for numbers below 0,
+    /// and when a cell is in a block already. Without further cells only the style is kept.
     int SetCellCombine(int row, int col, int nRows, int nCols, int style);
+    /// Joins headings to a block that is painted as one cell, from the first line on that can be seen. The last cell
+    /// must be a heading. 1; 0 as SetCellCombine().
     int SetFixedCellCombine(int row, int col, int nRows, int nCols);
+    /// Takes the block that begins at a cell apart; at any other cell nothing. 1; 0 without the cell.
     int UndoCellCombine(int row, int col);
 
     // --------------------------------------------------------------------------------------------- focus and selection
 
+    /// Moves the focus to a cell, a heading giving way to the first ordinary row or column, and gives the cell that had
+    /// it. A cell that is not there takes the focus away. The parent is told before and after; what it does then may
+    /// move the focus again, which ends this move. In list mode the row is selected as by a press, up to the place
+    /// where the last selection began.
     CCellID_X SetFocusCell(CCellID_X cell);
     CCellID_X SetFocusCell(int row, int col) { return SetFocusCell(CCellID_X(row, col)); }
+    /// Selects a range of ordinary cells, cut to the grid, and what the mouse keeps selected with Ctrl; all else is
+    /// deselected. Headings give way to the first ordinary cells. A row below 0 only deselects, a range that is
+    /// reversed or outside selects nothing. Nothing at all while selection is off. `forceRepaint` has no meaning: the
+    /// window is repainted once if any change can be seen. Cells that stay selected hear of it only if their class
+    /// overrides SetState().
     void SetSelectedRange(int minRow, int minCol, int maxRow, int maxCol, int forceRepaint = FALSE);
     void SetSelectedRange(const CCellRange_X& range, int forceRepaint = FALSE)
     {
         SetSelectedRange(range.m_nMinRow, range.m_nMinCol, range.m_nMaxRow, range.m_nMaxCol, forceRepaint);
     }
+    /// Deselects all cells, also those that the mouse keeps selected, and takes the focus away.
     void ResetSelectedRange();
+    /// Selects all ordinary cells.
     void SelectAllCells();
+    /// Select the columns, rows or cells between `m_SelectionStartCell` and a cell; of that alone while there is no
+    /// such place, and the one row in list mode with single rows. Nothing for a cell that is not there, and for a
+    /// heading where it does not stand for an ordinary line.
     void SelectColumns(CCellID_X cell);
     void SelectRows(CCellID_X cell);
     void SelectCells(CCellID_X cell);
+    /// One of the four above, by `m_MouseMode`.
     void OnSelecting(const CCellID_X& cell);
+    /// The smallest range with all selected cells; (rows, columns, -1, -1), which is not valid, if there are none.
     CCellRange_X GetSelectedCellRange() const;
+    /// The next cell in one of the wanted states in a direction: GVNI_ALL goes on in the next rows from their first
+    /// ordinary column, GVNI_AREA from the column behind `cell`. Of several directions the first in this order counts:
+    /// all, area, above, below, left, right. (-1, -1) without one.
     CCellID_X GetNextItem(CCellID_X& cell, int flags) const;
+    /// Whether a point of the headings is as near to the divider of two columns, or rows, as `m_nResizeCaptureRange`.
     int MouseOverColumnResizeArea(CPoint& point) const;
     int MouseOverRowResizeArea(CPoint& point) const;
 
     // ---------------------------------------------------------------------------------------------- text, files, stubs
 
+    /// Sorts the ordinary rows by the texts of a column, compared by code point; the order of equal texts is not kept.
+    /// Focus and selection are cleared, the sort arrow is shown. 1; 0 if there is nothing to sort and for a column that
+    /// is not there.
     int SortTextItems(int column, int ascending);
+    /// The same with the rows from `low` to `high`, -1 for the last. Focus and selection go with their cells, and the
+    /// arrow stays where it is. Merged blocks of rows that move are taken apart.
     int SortTextItems(int column, int ascending, int low, int high);
+    /// Fills the window with cells of the default sizes, one fixed row and column among them.
     void AutoFill();
+    /// Writes the texts as UTF-8, a line a row, with "," between columns; nothing is quoted, so a text with a comma
+    /// comes back as two. 0 if the file cannot be opened, else 1, also when the disk is full.
     int Save(const wchar_t* path);
+    /// Replaces all cells by those of such a file; the first line has the headings, each an ordinary cell of row 0.
+    /// Bytes stay elements of their own, so letters outside ASCII come back as several. A line of more than 1023 bytes
+    /// is read in pieces, each a row. 0, with nothing changed, if the file cannot be opened; else 1.
     int Load(const wchar_t* path);
 
     /// Nothing: a grid is not printed.
     void Print() {}
     void OnBeginDrag() {} ///< nothing
+    /// Takes the mark of a drop target off `m_LastDragOverCell`.
     void OnDragLeave();
     /// Stores those of the seven numbers that are not negative.
     void SetPrintMarginInfo(int header, int footer, int left, int right, int top, int bottom, int gap);
@@ -337,19 +382,30 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
 
     // ---------------------------------------------------------------------------------------------------- overridables
 
+    /// Empties the selected cells that can be seen and edited, each with the notifications of an edit.
     virtual void CutSelectedText();
+    /// The texts of the selected cells, as plain text with tabs and line feeds between; cells in between are empty,
+    /// hidden lines left out. The caller owns it. Null without a selection.
     virtual QMimeData* CopyTextFromGrid();
+    /// Sets the texts of cells from one on, a line a row; tabs and commas part columns, several of them count as one,
+    /// and hidden lines are passed. Each change has the notifications of an edit. Only the first cell must be editable.
+    /// 1; 0 for a cell that is not there or not editable, and without a text.
     virtual int PasteTextToGrid(CCellID_X cell, const QMimeData* data);
+    /// Copy, cut and paste by the clipboard; nothing without a selection, cut and paste nothing in a grid that is not
+    /// editable. Paste begins at the cell with the focus, else at the first ordinary one that can be seen.
     virtual void OnEditCut();
     virtual void OnEditCopy();
     virtual void OnEditPaste();
     virtual void OnEditSelectAll();
     virtual CImageList_X* CreateDragImage(CPoint* hotSpot); ///< null
+    /// A press on a heading: selects rows, columns or all; in list mode one above a column sorts, the other way round
+    /// if it is the column that was sorted last.
     virtual void OnFixedColumnClick(CCellID_X& cell);
     virtual void OnFixedRowClick(CCellID_X& cell);
     virtual void OnEndEditCell(int row, int col, CString_X text);
     virtual void OnEditCell(int row, int col, CPoint point, unsigned int ch);
     virtual void EndEditing();
+    /// Paints the whole grid: backgrounds, cells, lines. Nothing for null and while drawing is off.
     virtual void OnDraw(CDC_X* dc);
     /// Makes the cell for a place, an object of `m_pRtcDefault` with the grid's font and the format of the cell above
     /// it. Null if that class cannot be made. The place gets the cell only when this returns.
@@ -377,13 +433,16 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
     void OnMouseMove(UINT flags, CPoint point);
     /// One row a notch, whatever `delta` is. 0, so that the event goes on to the widget and its parent.
     BOOL OnMouseWheel(UINT flags, short delta, CPoint point);
+    /// A step of a selection past the edge of the window, at each tick of timer 513.
     void OnTimer(UINT_PTR id);
     void OnKeyDown(UINT vk, UINT repeatCount, UINT modifiers);
     void OnSysKeyDown(UINT vk, UINT repeatCount, UINT modifiers);
     void OnChar(UINT character, UINT repeatCount, UINT modifiers);
     BOOL OnEraseBkgnd(CDC_X* dc); ///< 0
+    /// 1: the shape of a divider, or what the cell under the mouse sets.
     BOOL OnSetCursor(QWidget* widget, UINT hitCode, UINT message);
     void OnSysColorChange();
+    /// From the host alone: another widget has the mouse, so a selection ends.
     void OnCaptureChanged(QWidget* other);
     LRESULT OnSetFont(WPARAM font, LPARAM redraw); ///< nothing, 0
     LRESULT OnGetFont(WPARAM, LPARAM);             ///< 0
@@ -392,6 +451,7 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
     void OnVScroll(UINT code, UINT position, QAbstractSlider* bar);
     LRESULT OnEndInPlaceEdit(WPARAM id, LPARAM record);
 
+    /// Enable the command if it can do anything now. Nothing for null.
     void OnUpdateEditSelectAll(CCmdUI_X* command);
     void OnUpdateEditCopy(CCmdUI_X* command);
     void OnUpdateEditCut(CCmdUI_X* command);
