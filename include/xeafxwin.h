@@ -611,8 +611,8 @@ Q_SIGNALS:
     void updateCmdUi();
 
 protected:
-    /// For controls and dialogs, which hardly ever show a menu bar: it is made by SetMenu() and not by OnCreate(), since
-    /// it takes Qt as long to make as ten controls.
+    /// For controls and dialogs, which hardly ever show a menu bar: it is made by SetMenu() and not by OnCreate(),
+    /// since it takes Qt as long to make as ten controls.
     struct Control
     {
     };

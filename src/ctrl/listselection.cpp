@@ -33,8 +33,8 @@ int startOfRange(const QTableWidget& table, int row)
     return isOneWithRow && model.isRowSelected(row - 1, {}) ? last.top() : row;
 }
 
-// What QTableView::selectRow() does where clicks add up. That looks through the rows of all ranges, and makes a range of
-// each row: a loop over 1,000 rows took half a minute. The rows of a loop are one range here.
+// What QTableView::selectRow() does where clicks add up. That looks through the rows of all ranges, and makes a range
+// of each row: a loop over 1,000 rows took half a minute. The rows of a loop are one range here.
 void addRow(QTableWidget& table, int row)
 {
     const QAbstractItemModel& model = *table.model();

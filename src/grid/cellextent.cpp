@@ -2,7 +2,6 @@
 
 #include "XeGridCtrl.h"
 #include "core/overrides.h"
-#include "grid/cellpicture.h"
 
 #include <QFontMetrics>
 #include <QImage>

@@ -17,8 +17,8 @@ bool isPopup(const QObject& child)
 
 bool isView(const QObject& child) { return qobject_cast<const QAbstractItemView*>(&child); }
 
-// Waits for the lists. A box makes a popup, puts a view into it, gives the view its mode, and then a delegate, the view's
-// child: the popup is waited for at the box, the view at the popup, the delegate at the view.
+// Waits for the lists. A box makes a popup, puts a view into it, gives the view its mode, and then a delegate, the
+// view's child: the popup is waited for at the box, the view at the popup, the delegate at the view.
 class ListMaking : public QObject
 {
 public:

@@ -369,6 +369,8 @@ void tst_WndCreation::listsOfComboBoxesAreMadeWhenAskedFor()
     QVERIFY(widget.findChildren<QAbstractItemView*>().isEmpty());
 
     widget.show();
+    QTest::ignoreMessage(QtWarningMsg, "This plugin does not support raise()");
+    QTest::ignoreMessage(QtWarningMsg, "This plugin does not support grabbing the keyboard");
     opened.showPopup();
     QCOMPARE(opened.view()->textElideMode(), Qt::ElideNone);
     opened.hidePopup();
