@@ -2,7 +2,7 @@
 
 #include "XeGridCtrl.h"
 #include "geometry/colorref.h"
-#include "grid/cellextent.h"
+#include "grid/cellpicture.h"
 #include "xeafxdc.h"
 
 #include <QImage>

@@ -2,6 +2,7 @@
 
 #include "XeGridCtrl.h"
 #include "core/overrides.h"
+#include "grid/cellpicture.h"
 
 #include <QFontMetrics>
 #include <QImage>
