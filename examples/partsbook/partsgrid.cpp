@@ -53,6 +53,13 @@ COLORREF colorOf(const Part& part, COLORREF shortColor)
     return part.isShort() ? shortColor : CLR_DEFAULT;
 }
 
+// A cell does not show a single "&", which is the mark of a letter to it.
+CString_X shownText(CString_X text)
+{
+    text.Replace(L"&", L"&&");
+    return text;
+}
+
 // In the middle of a row: a cell puts its picture to its top.
 QImage* smallPicture(const CImageList_X& images, int place)
 {
@@ -137,7 +144,8 @@ void CPartsGrid::ShowPart(int part, const Part& shown, COLORREF shortColor)
     const CsvFields fields = fieldsOf(shown);
     const int count = static_cast<int>(fields.size()); // the last ones may be left out
     for (int column = 0; column < columnCount; ++column) {
-        SetItemText(row, column + 1, column < count ? fields[static_cast<std::size_t>(column)].GetString() : L"");
+        SetItemText(row, column + 1,
+                    column < count ? shownText(fields[static_cast<std::size_t>(column)]) : CString_X());
         SetItemFormat(row, column + 1, columns[column].format | oneLine);
         SetItemFgColour(row, column + 1, colorOf(shown, shortColor));
     }

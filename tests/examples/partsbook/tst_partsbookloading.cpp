@@ -54,6 +54,7 @@ private slots:
     void aSmallArchiveShowsNoBar();
     void theUserHasToWait();
     void aDamagedArchive();
+    void aBookOfAHundredThousandParts();
 
 private:
     QWidget* window() const { return m_frame->GetSafeHwnd(); }
@@ -149,6 +150,39 @@ void tst_PartsbookLoading::aDamagedArchive()
     QVERIFY(!readArchive(bytes, parts, [&](int percent) { told += percent; }).IsEmpty());
     QCOMPARE(told.first(), 0);
     QVERIFY(told.last() >= 45 && told.last() <= 55);
+}
+
+void tst_PartsbookLoading::aBookOfAHundredThousandParts()
+{
+    constexpr int count = 100000;
+    PartsBook book;
+    Part part;
+    part.supplier = L"Kessler & Sohn";
+    for (int i = 0; i < count; ++i) {
+        part.number.Format(L"P-%d", i);
+        book.add(part);
+    }
+    QVERIFY(book.saveAs(path("huge.csv")));
+    QVERIFY(m_frame->OpenBook(path("huge.csv")));
+
+    const PartsView shown = table();
+    QCOMPARE(shown.rowCount(), count);
+    QCOMPARE(shown.text(count - 1, 0), QStringLiteral("P-99999"));
+    QCOMPARE(shown.text(count - 1, 3), QStringLiteral("Kessler && Sohn")); // shown with one
+
+    QTest::keyClick(shown.widget(), Qt::Key_End, Qt::ControlModifier);
+    QCOMPARE(shown.currentRow(), count - 1);
+    QVERIFY(shown.widget()->rect().contains(shown.center(count - 1, 0)));
+    QTest::keyClick(shown.widget(), Qt::Key_PageUp);
+    const int page = count - 1 - shown.currentRow();
+    QVERIFY2(page >= 5 && page < 100, qPrintable(QString::number(page)));
+    for (int i = 1; i <= 500; ++i) {
+        QTest::keyClick(shown.widget(), Qt::Key_PageUp);
+        shown.widget()->repaint();
+    }
+    QVERIFY(shown.currentRow() < count - 1 - 400 * page);
+    QTest::keyClick(shown.widget(), Qt::Key_Home, Qt::ControlModifier);
+    QCOMPARE(shown.currentRow(), 0);
 }
 
 XE_TEST(tst_PartsbookLoading)
