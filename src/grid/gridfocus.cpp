@@ -32,11 +32,17 @@ CCellID_X withoutFixed(const CGridCtrl_X& grid, CCellID_X cell)
     return grid.IsValid(cell) ? cell : CCellID_X();
 }
 
-// A step of a move of the focus: what it tells the parent may move the focus again, which ends this move.
+// A step of a move of the focus: what it tells the parent may move the focus again, which ends this move, or insert and
+// delete lines, which gives the cells other places.
 class FocusMove
 {
 public:
-    FocusMove(CGridCtrl_X& grid, const CCellID_X& to) : m_grid(&grid), m_from(grid.m_idCurrentCell), m_to(to)
+    FocusMove(CGridCtrl_X& grid, const CCellID_X& to)
+        : m_grid(&grid),
+          m_from(grid.m_idCurrentCell),
+          m_to(to),
+          m_left(grid.cellAt(m_from.row, m_from.col)),
+          m_reached(grid.cellAt(to.row, to.col))
     {
         grid.m_idCurrentCell = to;
     }
@@ -46,9 +52,12 @@ public:
         if (!m_grid->IsValid(m_from))
             return true;
         const bool goesOn = tell(m_from, LVN_ITEMCHANGING);
-        if (!m_grid || m_grid->m_idCurrentCell == m_from)
+        if (!m_grid || isAt(m_from, m_left))
             return false;
-        setFocused(*m_grid, m_from, false); // a move of the parent's has not known this cell
+        if (m_left) // a move of the parent's has not known this cell
+            m_left->SetState(m_left->GetState() & ~focused);
+        else
+            setFocused(*m_grid, m_from, false);
         m_grid->RedrawCell(m_from);
         redrawHeadings(*m_grid, m_from, m_to);
         return goesOn;
@@ -70,12 +79,24 @@ private:
     bool tell(const CCellID_X& cell, UINT code)
     {
         m_grid->SendMessageToParent(cell.row, cell.col, static_cast<int>(code));
-        return m_grid && m_grid->m_idCurrentCell == m_to;
+        if (!m_grid || !isAt(m_to, m_reached))
+            return false;
+        m_to = m_grid->m_idCurrentCell;
+        return true;
+    }
+
+    // Whether the focus is on a cell, wherever that has gone, or on what has taken its place.
+    bool isAt(const CCellID_X& place, const CGridCellBase_X* cell) const
+    {
+        const CCellID_X current = m_grid->m_idCurrentCell;
+        return cell ? m_grid->cellAt(current.row, current.col) == cell : current == place;
     }
 
     QPointer<CGridCtrl_X> m_grid;
     const CCellID_X m_from;
-    const CCellID_X m_to;
+    CCellID_X m_to;
+    const QPointer<CGridCellBase_X> m_left;
+    const QPointer<CGridCellBase_X> m_reached;
 };
 
 } // namespace

@@ -16,6 +16,8 @@ private Q_SLOTS:
     void listModeSelectsTheRow();
     void aNoticeMoves_data();
     void aNoticeMoves();
+    void aNoticeMakesRoom_data();
+    void aNoticeMakesRoom();
     void aNoticeDeletes_data();
     void aNoticeDeletes();
     void headingsAreRedrawn();
@@ -107,6 +109,43 @@ void tst_GridFocus::aNoticeMoves()
     QCOMPARE(host.focus(), QStringLiteral("3,3"));
     QCOMPARE(host.window.take(), notices);
     QCOMPARE(host.inState(CGridCellBase_X::Focused), QStringLiteral("3,3"));
+}
+
+void tst_GridFocus::aNoticeMakesRoom_data()
+{
+    QTest::addColumn<UINT>("code");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QString>("focus");
+    QTest::addColumn<QString>("notices");
+
+    QTest::newRow("above both cells when the focus leaves") << LVN_ITEMCHANGING << 0 << "3,2"
+                                                            << "CHANGING(1, 1) CHANGED(3, 2)";
+    QTest::newRow("between the cells when the focus leaves") << LVN_ITEMCHANGING << 2 << "3,2"
+                                                             << "CHANGING(1, 1) CHANGED(3, 2)";
+    QTest::newRow("behind the cells when the focus leaves") << LVN_ITEMCHANGING << 3 << "2,2"
+                                                            << "CHANGING(1, 1) CHANGED(2, 2)";
+    QTest::newRow("above both cells when the focus has come") << LVN_ITEMCHANGED << 0 << "3,2"
+                                                              << "CHANGING(1, 1) CHANGED(2, 2)";
+}
+
+// The cells have other places then.
+void tst_GridFocus::aNoticeMakesRoom()
+{
+    QFETCH(UINT, code);
+    QFETCH(int, row);
+    QFETCH(QString, focus);
+    QFETCH(QString, notices);
+    GridWindow<> host(4, 4);
+    host.grid->SetFocusCell(1, 1);
+    host.window.take();
+    host.window.onNotice = [&](const XeGridNotification& told) {
+        if (told.hdr.code == code)
+            host.grid->InsertRow(L"new", row);
+    };
+    host.grid->SetFocusCell(2, 2);
+    QCOMPARE(host.focus(), focus);
+    QCOMPARE(host.window.take(), notices);
+    QCOMPARE(host.inState(CGridCellBase_X::Focused), focus);
 }
 
 void tst_GridFocus::aNoticeDeletes_data()
