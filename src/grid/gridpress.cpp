@@ -5,6 +5,7 @@
 #include "grid/gridfocus.h"
 #include "grid/selectionmaps.h"
 
+#include <QGuiApplication>
 #include <QPointer>
 
 namespace {
