@@ -2,6 +2,7 @@
 #include "grid/listediting.h"
 #include "xehook.h"
 
+#include <QCoreApplication>
 #include <QLineEdit>
 
 IMPLEMENT_DYNAMIC_X(CInPlaceList_X, CComboBox_X)
