@@ -102,3 +102,23 @@ void giveCellMemoryBack(void* cell) noexcept
 }
 
 } // namespace xe
+
+// The sanitizers see a cell that is used too late only if it has memory of its own.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool usesPool = false;
+#else
+constexpr bool usesPool = true;
+#endif
+
+void* CGridCell_X::operator new(std::size_t size)
+{
+    return usesPool && size == sizeof(CGridCell_X) ? xe::takeCellMemory() : ::operator new(size);
+}
+
+void CGridCell_X::operator delete(void* cell, std::size_t size) noexcept
+{
+    if (usesPool && size == sizeof(CGridCell_X))
+        xe::giveCellMemoryBack(cell);
+    else
+        ::operator delete(cell);
+}
