@@ -3,48 +3,18 @@
 
 #include <XeMFCEmu.h>
 
-#include "check.h"
+#include "scratchfile.h"
 
 #include <QApplication>
 #include <QMimeData>
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace {
-
-// A file that goes with the program.
-class GridFile
-{
-public:
-    GridFile()
-    {
-        char name[] = "/tmp/fuzz_grid-XXXXXX";
-        m_descriptor = mkstemp(name);
-        check(m_descriptor >= 0, "there is a scratch file");
-        m_name = name;
-    }
-    ~GridFile() { unlink(m_name.c_str()); }
-    Q_DISABLE_COPY_MOVE(GridFile)
-
-    CString_X name() const { return m_name.c_str(); }
-
-    void fill(const std::string& content) const
-    {
-        check(ftruncate(m_descriptor, 0) == 0, "the scratch file is emptied");
-        const auto length = static_cast<ssize_t>(content.size());
-        check(pwrite(m_descriptor, content.data(), content.size(), 0) == length, "the scratch file is filled");
-    }
-
-private:
-    int m_descriptor = -1;
-    std::string m_name;
-};
 
 std::vector<CString_X> textsOf(const CGridCtrl_X& grid)
 {
@@ -63,7 +33,7 @@ bool isPlain(const std::string& content)
     return std::all_of(content.begin(), content.end(), isSimple) && content.size() < 1000;
 }
 
-void load(const GridFile& file, const std::string& content)
+void load(const ScratchFile& file, const std::string& content)
 {
     file.fill(content);
     CGridCtrl_X grid(3, 3, 1, 1);
@@ -111,7 +81,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static int argc = 0;
     static const auto* const application = new QApplication(argc, nullptr); // Qt's own statics go before ours
     Q_UNUSED(application)
-    static const GridFile file;
+    static const ScratchFile file;
     if (size == 0)
         return 0;
     const std::string content(reinterpret_cast<const char*>(data + 1), size - 1);

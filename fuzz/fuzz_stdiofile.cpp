@@ -2,44 +2,14 @@
 
 #include <XeMFCEmu.h>
 
-#include "check.h"
+#include "scratchfile.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace {
-
-// A file that goes with the program.
-class ScratchFile
-{
-public:
-    ScratchFile()
-    {
-        char name[] = "/tmp/fuzz_stdiofile-XXXXXX";
-        m_descriptor = mkstemp(name);
-        check(m_descriptor >= 0, "there is a scratch file");
-        m_name = name;
-    }
-    ~ScratchFile() { unlink(m_name.c_str()); }
-    Q_DISABLE_COPY_MOVE(ScratchFile)
-
-    CString_X name() const { return m_name.c_str(); }
-
-    void fill(const std::string& content) const
-    {
-        check(ftruncate(m_descriptor, 0) == 0, "the scratch file is emptied");
-        const auto length = static_cast<ssize_t>(content.size());
-        check(pwrite(m_descriptor, content.data(), content.size(), 0) == length, "the scratch file is filled");
-    }
-
-private:
-    int m_descriptor = -1;
-    std::string m_name;
-};
 
 // What one call reads: up to the line end or `limit` bytes. The text ends at the first 0 byte.
 std::wstring nextLine(const std::string& content, std::size_t& position, std::size_t limit)
