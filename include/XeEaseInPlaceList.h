@@ -47,9 +47,5 @@ public:
     DECLARE_MESSAGE_MAP_X()
 
 private:
-    void endBy(UINT vk, UINT modifiers);
-
-    std::unique_ptr<xe::EditorLife> m_life;
-    std::unique_ptr<xe::ListWatch> m_watch;
-    std::unique_ptr<xe::Releases> m_releases;
+    std::unique_ptr<xe::ListEditing> m_editing;
 };

@@ -18,8 +18,7 @@
 
 namespace xe {
 class EditorLife;
-class ListWatch;
-class Releases;
+class ListEditing;
 } // namespace xe
 
 /// The editor of a text: a QLineEdit with the font of the grid.
@@ -141,9 +140,5 @@ class XE_EXPORT CInPlaceList_X : public CComboBox_X
     DECLARE_MESSAGE_MAP_X()
 
 private:
-    void endBy(UINT vk, UINT modifiers);
-
-    std::unique_ptr<xe::EditorLife> m_life;
-    std::unique_ptr<xe::ListWatch> m_watch;
-    std::unique_ptr<xe::Releases> m_releases;
+    std::unique_ptr<xe::ListEditing> m_editing;
 };

@@ -27,23 +27,17 @@ CEaseInPlaceList_X::CEaseInPlaceList_X(CWnd_X* parent, CRect& rect, unsigned int
       m_nCol(col),
       m_nLastChar(0),
       m_bExitOnArrows(FALSE),
-      m_life(std::make_unique<xe::EditorLife>(*this, [this] { EndEdit(); })),
-      m_watch(std::make_unique<xe::ListWatch>(*this, [this](UINT vk) { endBy(vk, 0); })),
-      m_releases(std::make_unique<xe::Releases>(ch))
+      m_editing(std::make_unique<xe::ListEditing>(*this, ch, m_sInitText, m_nLastChar, [this] { EndEdit(); }))
 {
     const CRect place = rect; // the list is a window of its own, so the box needs no room for it
     rect.bottom += rect.Height() * m_nNumLines + GetSystemMetrics_X(SM_CYHSCROLL);
     QWidget* const window = parent ? parent->GetSafeHwnd() : nullptr;
     if (window && CEaseComboBox_X::Create(style | boxStyle, place, window, id) && Imp<QComboBox>()) {
-        m_life->enter(*window, row, col);
-        xe::fillList(*this, *window, items, text, place.Width());
-        m_watch->enter();
+        m_editing->enter(*window, row, col, items, place.Width());
         m_edit.SubclassWindow(GetEditBox());
-        SetFocus();
-        if (GetSafeHwnd() && xe::listKind(style) != CBS_DROPDOWNLIST)
-            xe::open(*this, GetEditBox(), ch, xe::listOpening(ch));
+        m_editing->begin(style, ch);
     }
-    m_life->setBuilt();
+    m_editing->life.setBuilt();
 }
 
 CEaseInPlaceList_X::~CEaseInPlaceList_X() = default;
@@ -52,60 +46,45 @@ void CEaseInPlaceList_X::EndEdit()
 {
     CString_X text;
     GetWindowText(text);
-    m_life->report(m_nRow, m_nCol, text, m_nLastChar);
+    m_editing->life.report(m_nRow, m_nCol, text, m_nLastChar);
 }
 
 void CEaseInPlaceList_X::PostNcDestroy()
 {
-    if (m_life->isBuilt())
+    if (m_editing->life.isBuilt())
         delete this;
 }
 
 bool CEaseInPlaceList_X::eventFilter(QObject* target, QEvent* event)
 {
-    return m_life->filter(target, event, [this](QObject* o, QEvent* e) { return CEaseComboBox_X::eventFilter(o, e); });
+    return m_editing->life.filter(target, event,
+                                  [this](QObject* o, QEvent* e) { return CEaseComboBox_X::eventFilter(o, e); });
 }
 
 void CEaseInPlaceList_X::OnSelendcancel() { CEaseComboBox_X::OnSelendcancel(); }
 
 void CEaseInPlaceList_X::OnKillFocus(QWidget* other)
 {
-    if (m_life->isEnding() || xe::isListOpen(*this))
+    if (m_editing->life.isEnding() || xe::isListOpen(*this))
         return;
     CEaseComboBox_X::OnKillFocus(other);
     if (!xe::isPartOf(other, GetSafeHwnd()) && xe::listKind(GetStyle()) == CBS_DROPDOWNLIST)
         EndEdit();
 }
 
-void CEaseInPlaceList_X::endBy(UINT vk, UINT modifiers)
-{
-    if (m_life->isEnding())
-        return;
-    if (vk == VK_ESCAPE)
-        SetWindowText(m_sInitText);
-    m_nLastChar = vk;
-    m_life->endByKey(modifiers);
-}
-
 void CEaseInPlaceList_X::OnKeyDown(UINT vk, UINT repeatCount, UINT modifiers)
 {
-    if (m_life->isEnding())
+    if (m_editing->life.isEnding())
         return;
-    m_releases->notePress(vk);
-    if (xe::isWayOut(vk) && (m_bExitOnArrows || m_life->isControlHeld(modifiers))) {
-        endBy(vk, modifiers);
-    } else {
+    m_editing->releases.notePress(vk);
+    if (xe::isWayOut(vk) && (m_bExitOnArrows || m_editing->life.isControlHeld(modifiers)))
+        m_editing->endBy(vk, modifiers);
+    else
         CEaseComboBox_X::OnKeyDown(vk, repeatCount, modifiers);
-    }
 }
 
 void CEaseInPlaceList_X::OnKeyUp(UINT vk, UINT repeatCount, UINT modifiers)
 {
-    if (m_life->isEnding())
-        return;
-    if (!m_releases->endsEdit(vk)) {
+    if (!m_editing->life.isEnding() && !m_editing->endByRelease(vk, modifiers))
         CEaseComboBox_X::OnKeyUp(vk, repeatCount, modifiers);
-        return;
-    }
-    endBy(vk, modifiers);
 }

@@ -34,25 +34,19 @@ CInPlaceList_X::CInPlaceList_X(CWnd_X* parent, CRect& rect, unsigned int style, 
       m_nCol(col),
       m_nLastChar(0),
       m_bExitOnArrows(FALSE),
-      m_life(std::make_unique<xe::EditorLife>(*this, [this] { EndEdit(); })),
-      m_watch(std::make_unique<xe::ListWatch>(*this, [this](UINT vk) { endBy(vk, 0); })),
-      m_releases(std::make_unique<xe::Releases>(ch))
+      m_editing(std::make_unique<xe::ListEditing>(*this, ch, m_sInitText, m_nLastChar, [this] { EndEdit(); }))
 {
     QWidget* const window = parent ? parent->GetSafeHwnd() : nullptr;
     if (window && CComboBox_X::Create(style | boxStyle, rect, window, id) && Imp<QComboBox>()) {
-        m_life->enter(*window, row, col);
-        xe::fillList(*this, *window, items, text, rect.Width());
-        m_watch->enter();
+        m_editing->enter(*window, row, col, items, rect.Width());
         m_edit.SubclassWindow(GetEditBox());
         if (xe::listKind(style) == CBS_DROPDOWN) {
             const QPointer<CWnd_X> grid(parent);
             connect(Imp<QComboBox>(), QOverload<int>::of(&QComboBox::activated), this, [grid] { forgetButton(grid); });
         }
-        SetFocus();
-        if (GetSafeHwnd() && xe::listKind(style) != CBS_DROPDOWNLIST)
-            xe::open(*this, GetEditBox(), ch, xe::listOpening(ch));
+        m_editing->begin(style, ch);
     }
-    m_life->setBuilt();
+    m_editing->life.setBuilt();
 }
 
 CInPlaceList_X::~CInPlaceList_X() = default;
@@ -61,18 +55,19 @@ void CInPlaceList_X::EndEdit()
 {
     CString_X text;
     GetWindowText(text);
-    m_life->report(m_nRow, m_nCol, text, m_nLastChar);
+    m_editing->life.report(m_nRow, m_nCol, text, m_nLastChar);
 }
 
 void CInPlaceList_X::PostNcDestroy()
 {
-    if (m_life->isBuilt())
+    if (m_editing->life.isBuilt())
         delete this;
 }
 
 bool CInPlaceList_X::eventFilter(QObject* target, QEvent* event)
 {
-    return m_life->filter(target, event, [this](QObject* o, QEvent* e) { return CComboBox_X::eventFilter(o, e); });
+    return m_editing->life.filter(target, event,
+                                  [this](QObject* o, QEvent* e) { return CComboBox_X::eventFilter(o, e); });
 }
 
 int CInPlaceList_X::PreTranslateMessage(tagMSG* message)
@@ -81,51 +76,35 @@ int CInPlaceList_X::PreTranslateMessage(tagMSG* message)
     if (!isButton || xe::listKind(GetStyle()) == CBS_DROPDOWN)
         return CComboBox_X::PreTranslateMessage(message);
     if (message->message == WM_LBUTTONDOWN && Imp<QComboBox>())
-        m_watch->openByPress();
+        m_editing->watch.openByPress();
     return 1;
 }
 
 void CInPlaceList_X::OnKillFocus(QWidget* other)
 {
-    if (m_life->isEnding() || xe::isListOpen(*this))
+    if (m_editing->life.isEnding() || xe::isListOpen(*this))
         return;
     CComboBox_X::OnKillFocus(other);
     if (!xe::isPartOf(other, GetSafeHwnd()))
         EndEdit();
 }
 
-void CInPlaceList_X::endBy(UINT vk, UINT modifiers)
-{
-    if (m_life->isEnding())
-        return;
-    if (vk == VK_ESCAPE)
-        SetWindowText(m_sInitText);
-    m_nLastChar = vk;
-    m_life->endByKey(modifiers);
-}
-
 void CInPlaceList_X::OnKeyDown(UINT vk, UINT repeatCount, UINT modifiers)
 {
-    if (m_life->isEnding())
+    if (m_editing->life.isEnding())
         return;
-    m_releases->notePress(vk);
-    const bool leaves = xe::isWayOut(vk) && (m_bExitOnArrows || m_life->isControlHeld(modifiers));
-    if (vk != VK_RETURN && vk != VK_ESCAPE && !leaves) {
+    m_editing->releases.notePress(vk);
+    const bool leaves = xe::isWayOut(vk) && (m_bExitOnArrows || m_editing->life.isControlHeld(modifiers));
+    if (vk == VK_RETURN || vk == VK_ESCAPE || leaves)
+        m_editing->endBy(vk, modifiers);
+    else
         CComboBox_X::OnKeyDown(vk, repeatCount, modifiers);
-        return;
-    }
-    endBy(vk, modifiers);
 }
 
 void CInPlaceList_X::OnKeyUp(UINT vk, UINT repeatCount, UINT modifiers)
 {
-    if (m_life->isEnding())
-        return;
-    if (!m_releases->endsEdit(vk)) {
+    if (!m_editing->life.isEnding() && !m_editing->endByRelease(vk, modifiers))
         CComboBox_X::OnKeyUp(vk, repeatCount, modifiers);
-        return;
-    }
-    endBy(vk, modifiers);
 }
 
 // ----------------------------------------------------------------------------------------------------------- the field

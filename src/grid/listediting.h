@@ -17,10 +17,6 @@ constexpr DWORD listKind(DWORD style) { return style & CBS_DROPDOWNLIST; }
 
 /// How many of the items count as lines of the list.
 int linesOf(const CStringArray_X& items);
-/// Gives a new box the font of its parent and the items, widens its list to them, and selects or types the text.
-void fillList(CComboBox_X& list, const QWidget& parent, const CStringArray_X& items, const CString_X& text, int width);
-/// What a list selects and types by the key that opened it.
-Opening listOpening(unsigned ch);
 
 bool isListOpen(const CComboBox_X& list);
 
@@ -64,6 +60,35 @@ public:
 
 private:
     UINT m_awaited;
+};
+
+/// An edit in a box with a list.
+class ListEditing
+{
+public:
+    /// Works on two fields of the editor: its text at the start, and the key that ends the edit. `end` is its
+    /// EndEdit().
+    ListEditing(CComboBox_X& list, UINT openedBy, const CString_X& startText, unsigned& lastKey,
+                std::function<void()> end);
+
+    /// The box has its widget: gives it the font of its parent and the items, widens its list to them beyond `width`,
+    /// and selects or types the text.
+    void enter(QWidget& parent, int row, int col, const CStringArray_X& items, int width);
+    /// Gives the box the focus. With a field, the key that opened it selects the text, and is typed.
+    void begin(DWORD style, unsigned openedBy);
+    /// A key ends the edit; Esc brings the text of the start back first.
+    void endBy(UINT vk, UINT modifiers);
+    /// Whether the release of a key has ended the edit.
+    bool endByRelease(UINT vk, UINT modifiers);
+
+    EditorLife life;
+    ListWatch watch;
+    Releases releases;
+
+private:
+    CComboBox_X& m_list;
+    const CString_X& m_startText;
+    unsigned& m_lastKey;
 };
 
 } // namespace xe
