@@ -12,6 +12,7 @@ IMPLEMENT_DYNAMIC_X(CFindBar, CDialogBar_X)
 
 BEGIN_MESSAGE_MAP_X(CFindBar, CDialogBar_X)
     ON_WM_KEYDOWN_X()
+    ON_MESSAGE_X(WM_NOTIFY, OnHitNotified)
 END_MESSAGE_MAP_X()
 
 void CFindBar::SetupUI()
@@ -24,7 +25,6 @@ void CFindBar::SetupUI()
     Connect(IDC_FIND_TEXT, SIGNAL(returnPressed()), this, SLOT(OnFindNext()), bar);
     Connect(IDC_FIND_NEXT, SIGNAL(clicked()), this, SLOT(OnFindNext()), bar);
     Connect(IDC_FIND_CLOSE, SIGNAL(clicked()), this, SLOT(OnFindClose()), bar);
-    Connect(IDC_FIND_HITS, SIGNAL(itemSelectionChanged()), this, SLOT(OnHitSelected()), bar);
 }
 
 void CFindBar::DoDataExchange(CDataExchange_X* exchange)
@@ -41,7 +41,7 @@ void CFindBar::Open(CWnd_X& frame)
         if (!Create(&frame, IDD_FIND, WS_CHILD | CBRS_BOTTOM, IDD_FIND))
             return;
         UpdateData(FALSE); // connects the list
-        m_hits.SetUp(m_pictures);
+        m_hits.SetUp();
         ShowHits();
         frame.Imp<QMainWindow>()->addDockWidget(Qt::BottomDockWidgetArea, Imp<QDockWidget>());
     }
@@ -83,11 +83,15 @@ void CFindBar::ShowHits()
     SetDlgItemText(IDC_FIND_RESULT, result);
 }
 
-void CFindBar::OnHitSelected()
+// A part that is selected here is selected in the window as well; a double click goes there.
+LRESULT CFindBar::OnHitNotified(WPARAM, LPARAM record)
 {
-    const int row = m_hits.SelectedRow();
-    if (row >= 0)
-        GetParent()->SendMessage(WM_SELECT_ROW, static_cast<WPARAM>(row), 0);
+    const auto& told = *reinterpret_cast<const XeGridNotification*>(record);
+    const bool isDoubleClick = told.hdr.code == NM_DBLCLK;
+    const bool isSelection = told.hdr.code == LVN_ITEMCHANGED && !m_hits.IsHeadingPressed();
+    if ((isSelection || isDoubleClick) && !m_hits.IsCellFixed(told.iRow, told.iColumn))
+        GetParent()->SendMessage(WM_SELECT_ROW, static_cast<WPARAM>(m_hits.SelectedPart()), isDoubleClick);
+    return 0;
 }
 
 void CFindBar::OnFindClose()

@@ -8,14 +8,14 @@
 /// the address of the text, a CString_X. The result is the number of the part, from 1 on, or 0 if there is none.
 constexpr UINT WM_FIND_PART = WM_USER + 1;
 
-/// Searches the parts, at the bottom of the window that it searches, and lists what it has found. A click in the list
-/// selects the part in the window.
+/// Searches the parts, at the bottom of the window that it searches, and lists what it has found. What is
+/// selected in the list is selected in the window; a double click or Return gives the keyboard there as well.
 class CFindBar : public CDialogBar_X
 {
     Q_OBJECT
     DECLARE_DYNAMIC_X(CFindBar)
 
-    CFindBar(const PartsBook& book, const CPartPictures& pictures) : m_book(book), m_pictures(pictures) {}
+    CFindBar(const PartsBook& book, const CPartPictures& pictures) : m_book(book), m_hits(pictures) {}
 
     /// Shows the bar, which is made when there is none, and gives it the keyboard.
     void Open(CWnd_X& frame);
@@ -26,6 +26,8 @@ class CFindBar : public CDialogBar_X
 
     /// Escape closes the bar.
     void OnKeyDown(UINT vk, UINT repeatCount, UINT modifiers);
+    /// What the list of hits tells the window, which hands it on.
+    LRESULT OnHitNotified(WPARAM, LPARAM record);
 
     DECLARE_MESSAGE_MAP_X()
 
@@ -36,11 +38,9 @@ protected:
 private Q_SLOTS:
     void OnFindNext();
     void OnFindClose();
-    void OnHitSelected();
 
 private:
     const PartsBook& m_book;
-    const CPartPictures& m_pictures;
     CHitList m_hits;
     QPointer<QWidget> m_focusBefore; // what had the keyboard when the bar was opened
     CString_X m_text;

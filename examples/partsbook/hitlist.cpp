@@ -2,7 +2,7 @@
 
 #include "text.h"
 
-#include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -15,52 +15,99 @@ struct Column
 
 constexpr Column columns[] = {
     {IDS_HIT_NUMBER, &Part::number, 140},     {IDS_HIT_NAME, &Part::name, 330},     {IDS_HIT_KIND, &Part::kind, 150},
-    {IDS_HIT_SUPPLIER, &Part::supplier, 180}, {IDS_HIT_REMARK, &Part::remark, 200},
+    {IDS_HIT_SUPPLIER, &Part::supplier, 180}, {IDS_HIT_REMARK, &Part::remark, 370},
 };
+constexpr int columnCount = static_cast<int>(std::size(columns));
 
 } // namespace
 
-IMPLEMENT_DYNAMIC_X(CHitList, CListCtrl_X)
+IMPLEMENT_DYNAMIC_X(CHitList, CGridCtrl_X)
 
-void CHitList::SetUp(const CPartPictures& pictures)
+BEGIN_MESSAGE_MAP_X(CHitList, CGridCtrl_X)
+    ON_WM_KEYDOWN_X()
+    ON_WM_LBUTTONDOWN_X()
+    ON_WM_LBUTTONUP_X()
+END_MESSAGE_MAP_X()
+
+CHitList::CHitList(const CPartPictures& pictures) : m_pictures(pictures, rowHeight)
 {
-    SetImageList(pictures.Images(), LVSIL_SMALL);
-    int place = 0;
-    for (const Column& column : columns)
-        InsertColumn(place++, loadText(column.heading), LVCFMT_LEFT, column.width);
+    m_bListMode = TRUE;
+    m_bSingleRowSelection = TRUE;
+    m_bEditable = FALSE;
+    m_bHandleTabKey = FALSE;
+    m_bAllowRowResize = FALSE;
+    m_nGridLines = 0;
+    m_crBkColour = m_crTextBkColour;
+    m_nDefCellHeight = rowHeight;
+    m_pImageList = &m_pictures.Images();
 }
 
-void CHitList::Show(const PartsBook& book, const std::vector<int>& rows)
+void CHitList::SetUp()
 {
-    DeleteAllItems();
-    for (const int row : rows) {
-        const Part& part = book.part(row);
-        CString_X number = part.number;
-        tagQLVITEMW item{};
-        item.mask = LVIF_TEXT | LVIF_IMAGE;
-        item.iItem = GetItemCount();
-        item.pszText = number.GetBuffer();
-        item.iImage = CPartPictures::PlaceOfKind(part.kind);
-        InsertItem(&item);
-        for (int column = 1; column < static_cast<int>(std::size(columns)); ++column)
-            SetItemText(item.iItem, column, part.*columns[column].field);
-        SetItemData(item.iItem, static_cast<ULONGLONG>(row));
+    SetRowCount(headingRows);
+    SetColumnCount(columnCount);
+    SetFixedRowCount(headingRows);
+    for (int place = 0; place < columnCount; ++place) {
+        SetItemText(0, place, loadText(columns[place].heading));
+        SetColumnWidth(place, columns[place].width);
     }
-    ShowWindow(rows.empty() ? SW_HIDE : SW_SHOW);
 }
 
-void CHitList::Select(int row)
+void CHitList::Show(const PartsBook& book, const std::vector<int>& parts)
 {
-    for (int item = 0; item < GetItemCount(); ++item) {
-        if (GetItemData(item) != static_cast<ULONGLONG>(row))
+    const int sortColumn = m_nSortColumn; // a new text in a cell takes it back
+    SetRedraw(FALSE);
+    SetRowCount(headingRows);
+    SetRowCount(headingRows + static_cast<int>(parts.size()));
+    int row = headingRows;
+    for (const int part : parts)
+        ShowHit(row++, part, book.part(part));
+    if (sortColumn >= 0)
+        SortTextItems(sortColumn, m_bAscending);
+    SetRedraw(TRUE, TRUE);
+    ShowWindow(parts.empty() ? SW_HIDE : SW_SHOW);
+}
+
+void CHitList::ShowHit(int row, int place, const Part& part)
+{
+    for (int column = 0; column < columnCount; ++column)
+        SetItemText(row, column, cellText(part.*columns[column].field));
+    SetItemImage(row, 0, CPartPictures::PlaceOfKind(part.kind));
+    SetItemData(row, 0, place);
+}
+
+void CHitList::Select(int part)
+{
+    for (int row = headingRows; row < m_nRows; ++row) {
+        if (PartAt(row) != part)
             continue;
-        SetItemState(item, LVIS_SELECTED, LVIS_SELECTED);
-        EnsureVisible(item, FALSE);
+        SetFocusCell(row, 0);
+        EnsureVisible(row, 0);
+        return;
     }
 }
 
-int CHitList::SelectedRow() const
+int CHitList::SelectedPart() const { return IsValid(m_idCurrentCell) ? PartAt(m_idCurrentCell.row) : -1; }
+
+void CHitList::OnKeyDown(UINT vk, UINT repeatCount, UINT modifiers)
 {
-    POSITION position = GetFirstSelectedItemPosition();
-    return position ? static_cast<int>(GetItemData(GetNextSelectedItem(position))) : -1;
+    if (vk == VK_RETURN && IsValid(m_idCurrentCell))
+        SendMessageToParent(m_idCurrentCell.row, m_idCurrentCell.col, static_cast<int>(NM_DBLCLK));
+    else
+        CGridCtrl_X::OnKeyDown(vk, repeatCount, modifiers);
+}
+
+void CHitList::OnLButtonDown(UINT flags, CPoint point)
+{
+    m_selectedBefore = SelectedPart();
+    CGridCtrl_X::OnLButtonDown(flags, point);
+}
+
+// A click on a heading has sorted the list, and left nothing selected.
+void CHitList::OnLButtonUp(UINT flags, CPoint point)
+{
+    const bool wasHeading = IsHeadingPressed();
+    CGridCtrl_X::OnLButtonUp(flags, point);
+    if (wasHeading)
+        Select(m_selectedBefore);
 }

@@ -436,9 +436,12 @@ void CMainFrame::OnNameSelected()
         SelectRow(first);
 }
 
-LRESULT CMainFrame::OnGridNotified(WPARAM, LPARAM record)
+// Any grid in the window tells the window; what the list of hits has to say is for the search bar.
+LRESULT CMainFrame::OnGridNotified(WPARAM grid, LPARAM record)
 {
     const NMHDR& header = *reinterpret_cast<const NMHDR*>(record);
+    if (header.hwndFrom != m_parts.GetSafeHwnd())
+        return m_findBar.SendMessage(WM_NOTIFY, grid, record);
     if (header.code == LVN_ITEMCHANGED)
         OnPartSelected();
     else if (header.code == NM_DBLCLK)
@@ -453,9 +456,11 @@ void CMainFrame::OnPartSelected()
     m_chart.SelectKind(row >= 0 && row < m_book.count() ? m_book.part(row).kind : CString_X());
 }
 
-LRESULT CMainFrame::OnSelectRow(WPARAM row, LPARAM)
+LRESULT CMainFrame::OnSelectRow(WPARAM row, LPARAM hasKeyboard)
 {
     SelectRow(static_cast<int>(row));
+    if (hasKeyboard)
+        m_parts.SetFocus();
     return TRUE;
 }
 

@@ -38,9 +38,9 @@ class CMainFrame : public CWnd_X
     void OnClose();
     void OnContextMenu(QWidget* widget, CPoint point);
     void OnTimer(UINT_PTR id);
-    LRESULT OnGridNotified(WPARAM, LPARAM record);
+    LRESULT OnGridNotified(WPARAM grid, LPARAM record);
     LRESULT OnFindPart(WPARAM matchCase, LPARAM text);
-    LRESULT OnSelectRow(WPARAM row, LPARAM);
+    LRESULT OnSelectRow(WPARAM row, LPARAM hasKeyboard);
     LRESULT OnRenamed(WPARAM, LPARAM renaming);
 
     DECLARE_MESSAGE_MAP_X()

@@ -19,7 +19,20 @@ constexpr const wchar_t* kinds[] = {
 };
 static_assert(CPartPictures::firstKind + std::size(kinds) == CPartPictures::count);
 
+constexpr int smallSize = 18;
+
+// In the middle of a row: a cell puts its picture to its top.
+QImage* rowPicture(const CImageList_X& images, int place, int rowHeight)
+{
+    const auto* const picture = static_cast<const QImage*>(images.ExtractIcon(place));
+    const QImage small = picture->scaled(smallSize, smallSize, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    const int top = (rowHeight - smallSize) / 2;
+    return new QImage(small.copy(0, -top, small.width(), small.height() + top));
+}
+
 } // namespace
+
+// ---------------------------------------------------------------------------------------------------- in their own size
 
 CPartPictures::CPartPictures()
 {
@@ -48,4 +61,14 @@ QPixmap CPartPictures::PictureOf(const Part& part, const QString& folder) const
     if (!own.isNull())
         return QPixmap::fromImage(own);
     return QPixmap::fromImage(*static_cast<const QImage*>(m_images.ExtractIcon(PlaceOfKind(part.kind))));
+}
+
+// -------------------------------------------------------------------------------------------------------------- in rows
+
+CRowPictures::CRowPictures(const CPartPictures& pictures, int rowHeight)
+{
+    for (int place = 0; place < CPartPictures::count; ++place) {
+        m_bitmaps[place].Attach(rowPicture(pictures.Images(), place, rowHeight));
+        m_images.Add(&m_bitmaps[place], nullptr);
+    }
 }

@@ -29,3 +29,16 @@ private:
     CBitmap_X m_bitmaps[count];
     CImageList_X m_images;
 };
+
+/// The same pictures for the rows of a grid, as high as these have room for.
+class CRowPictures
+{
+public:
+    CRowPictures(const CPartPictures& pictures, int rowHeight);
+
+    CImageList_X& Images() { return m_images; }
+
+private:
+    CBitmap_X m_bitmaps[CPartPictures::count];
+    CImageList_X m_images;
+};

@@ -4,7 +4,7 @@
 
 #include <xeafxwin.h>
 
-/// Sent to the main window: select the part of a row, which is wParam.
+/// Sent to the main window: select the part of a row, which is wParam. lParam is TRUE to give its list the keyboard.
 constexpr UINT WM_SELECT_ROW = WM_USER + 2;
 
 /// The pane beside the list: a bar for each kind of part, the one of the selected part inverted. A click on a bar

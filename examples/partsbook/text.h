@@ -20,3 +20,10 @@ CString_X formatText(const CString_X& format, const Arguments&... arguments)
     text.Format(format, arguments...);
     return text;
 }
+
+/// A text for a cell of a grid, which takes a single "&" for the mark of a letter and does not show it.
+inline CString_X cellText(CString_X text)
+{
+    text.Replace(L"&", L"&&");
+    return text;
+}

@@ -1,5 +1,7 @@
-// The hits of the search: a list with pictures below the question, from which a part is selected.
+// The hits of the search: a list with pictures below the question, which is sorted by its headings, and from which a
+// part is selected.
 
+#include "hitsview.h"
 #include "leavenothing.h"
 #include "mainframe.h"
 #include "partsview.h"
@@ -10,7 +12,6 @@
 #include <QDockWidget>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTableWidget>
 #include <QTemporaryDir>
 #include <xeresource.h>
 
@@ -38,6 +39,13 @@ private slots:
     void theNextOneIsSelected();
     void aClickSelectsThePart();
     void keysSelectTheParts();
+    void escapeClosesTheBar();
+    void aDoubleClickGoesToThePart();
+    void returnGoesToThePart();
+    void aClickOnAHeadingSorts_data();
+    void aClickOnAHeadingSorts();
+    void sortingSelectsNoOther();
+    void theOrderStays();
     void theListFollowsTheBook();
     void aHitOfAnotherKindBringsAllBack();
     void whatIsBroughtBackIsSeen();
@@ -45,10 +53,8 @@ private slots:
 private:
     QWidget* window() const { return m_frame->GetSafeHwnd(); }
     PartsView parts() const { return PartsView(*window()); }
-    QTableWidget* hits() const { return window()->findChild<QTableWidget*>("IDC_FIND_HITS"); }
+    HitsView hits() const { return HitsView(*window()); }
     void find(const QString& text) const;
-    QString hitsText() const;
-    void clickHit(int row) const;
 
     QTemporaryDir m_folder;
     QScopedPointer<CMainFrame> m_frame;
@@ -65,7 +71,7 @@ void tst_PartsbookFind::init()
     m_frame->ShowWindow(SW_SHOW);
     QVERIFY(m_frame->OpenBook(file.fileName()));
     window()->findChild<QAction*>(ToStringId(ID_EDIT_FIND))->trigger();
-    QVERIFY(!hits()->isVisible());
+    QVERIFY(!hits().widget()->isVisible());
 }
 
 void tst_PartsbookFind::cleanup()
@@ -82,20 +88,6 @@ void tst_PartsbookFind::find(const QString& text) const
     QTest::keyClick(question, Qt::Key_Delete);
     QTest::keyClicks(question, text);
     QTest::keyClick(question, Qt::Key_Return);
-}
-
-// The numbers of the hits, the selected one with a star.
-QString tst_PartsbookFind::hitsText() const
-{
-    QStringList texts;
-    for (int row = 0; row < hits()->rowCount(); ++row)
-        texts += (hits()->item(row, 0)->isSelected() ? "*" : "") + hits()->item(row, 0)->text();
-    return texts.join(", ");
-}
-
-void tst_PartsbookFind::clickHit(int row) const
-{
-    QTest::mouseClick(hits()->viewport(), Qt::LeftButton, {}, hits()->visualItemRect(hits()->item(row, 1)).center());
 }
 
 void tst_PartsbookFind::listsWhatIsFound_data()
@@ -127,52 +119,133 @@ void tst_PartsbookFind::listsWhatIsFound()
 {
     QFETCH(const QString, text);
     find(text);
-    QTEST(hitsText(), "hits");
+    QTEST(hits().text(), "hits");
     QTEST(window()->findChild<QLabel*>("IDC_FIND_RESULT")->text(), "result");
-    QCOMPARE(hits()->isVisible(), hits()->rowCount() > 0);
+    QCOMPARE(hits().widget()->isVisible(), hits().rowCount() > 0);
 }
 
 void tst_PartsbookFind::hasThePictureOfTheKind()
 {
     find("e");
-    const auto picture = [this](int row) { return hits()->item(row, 0)->icon().pixmap(96).toImage(); };
-    QVERIFY(!picture(0).isNull());
-    QCOMPARE(picture(2), picture(0));
-    QVERIFY(picture(1) != picture(0));
-    QCOMPARE(hits()->columnCount(), 5);
-    QCOMPARE(hits()->item(1, 3)->text(), QString("瓦轴"));
-    QCOMPARE(hits()->item(1, 4)->text(), QString("steel"));
+    QVERIFY(!hits().picture(0).isNull());
+    QCOMPARE(hits().picture(2), hits().picture(0));
+    QVERIFY(hits().picture(1) != hits().picture(0));
+    QCOMPARE(hits().rowText(-1), QString("Number 编号, Name 名称, Kind 种类, Supplier 供应商, Remark 备注"));
+    QCOMPARE(hits().rowText(1), QString("BE-2, Bearing, Bearing, 瓦轴, steel"));
 }
 
 void tst_PartsbookFind::theNextOneIsSelected()
 {
     find("fa");
-    QCOMPARE(hitsText(), QString("FA-1, *FA-3"));
+    QCOMPARE(hits().text(), QString("FA-1, *FA-3"));
     window()->findChild<QAction*>(ToStringId(ID_EDIT_REPEAT))->trigger();
-    QCOMPARE(hitsText(), QString("*FA-1, FA-3"));
+    QCOMPARE(hits().text(), QString("*FA-1, FA-3"));
     QCOMPARE(parts().currentRow(), 0);
 }
 
 void tst_PartsbookFind::aClickSelectsThePart()
 {
     find("e");
-    clickHit(3);
-    QCOMPARE(hitsText(), QString("FA-1, BE-2, FA-3, *EL-4"));
+    hits().click(3);
+    QCOMPARE(hits().text(), QString("FA-1, BE-2, FA-3, *EL-4"));
     QCOMPARE(parts().currentRow(), 3);
-    clickHit(0);
+    hits().click(0);
     QCOMPARE(parts().currentRow(), 0);
 }
 
 void tst_PartsbookFind::keysSelectTheParts()
 {
     find("e");
-    clickHit(0);
-    QTest::keyClick(hits(), Qt::Key_Down);
+    hits().click(0);
+    QTest::keyClick(hits().widget(), Qt::Key_Down);
     QCOMPARE(parts().currentRow(), 1);
-    QTest::keyClick(hits(), Qt::Key_End);
-    QTest::keyClick(hits(), Qt::Key_Down, Qt::ControlModifier);
-    QTest::keyClick(hits(), Qt::Key_Escape);
+    QTest::keyClick(hits().widget(), Qt::Key_End, Qt::ControlModifier);
+    QCOMPARE(hits().text(), QString("FA-1, BE-2, FA-3, *EL-4"));
+    QCOMPARE(parts().currentRow(), 3);
+    QTest::keyClick(hits().widget(), Qt::Key_Down);
+    QCOMPARE(parts().currentRow(), 3);
+}
+
+void tst_PartsbookFind::escapeClosesTheBar()
+{
+    find("e");
+    hits().click(0);
+    QTest::keyClick(hits().widget(), Qt::Key_Escape);
     QVERIFY(!window()->findChild<QDockWidget*>()->isVisible());
+}
+
+void tst_PartsbookFind::aDoubleClickGoesToThePart()
+{
+    find("e");
+    hits().click(2);
+    QCOMPARE(window()->focusWidget(), hits().widget());
+    QTest::mouseDClick(hits().widget(), Qt::LeftButton, {}, hits().center(2, 1));
+    QCOMPARE(parts().currentRow(), 2);
+    QCOMPARE(window()->focusWidget(), parts().widget());
+}
+
+void tst_PartsbookFind::returnGoesToThePart()
+{
+    find("e");
+    hits().click(2);
+    QTest::keyClick(hits().widget(), Qt::Key_Down);
+    QTest::keyClick(hits().widget(), Qt::Key_Return);
+    QCOMPARE(parts().currentRow(), 3);
+    QCOMPARE(window()->focusWidget(), parts().widget());
+}
+
+void tst_PartsbookFind::aClickOnAHeadingSorts_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("once");
+    QTest::addColumn<QString>("twice");
+    QTest::newRow("by number") << 0 << "BE-2, EL-4, FA-1, FA-3"
+                               << "FA-3, FA-1, EL-4, BE-2";
+    QTest::newRow("by name") << 1 << "BE-2, EL-4, FA-3, FA-1"
+                             << "FA-1, FA-3, EL-4, BE-2";
+}
+
+void tst_PartsbookFind::aClickOnAHeadingSorts()
+{
+    QFETCH(const int, column);
+    find("e");
+    hits().clickHeading(column);
+    QTEST(hits().numbers(), "once");
+    QCOMPARE(hits().sortColumn(), column);
+    QCOMPARE(hits().isAscending(), true);
+    hits().clickHeading(column);
+    QTEST(hits().numbers(), "twice");
+    QCOMPARE(hits().isAscending(), false);
+}
+
+// The hit that was selected is found in its new place, and the book keeps its order.
+void tst_PartsbookFind::sortingSelectsNoOther()
+{
+    find("e");
+    QCOMPARE(hits().text(), QString("FA-1, *BE-2, FA-3, EL-4"));
+    hits().clickHeading(1);
+    QCOMPARE(hits().text(), QString("*BE-2, EL-4, FA-3, FA-1"));
+    hits().clickHeading(1);
+    QCOMPARE(hits().text(), QString("FA-1, FA-3, EL-4, *BE-2"));
+    QCOMPARE(parts().currentRow(), 1);
+    QCOMPARE(parts().text(0, 0), QString("FA-1"));
+    hits().click(1);
+    QCOMPARE(parts().currentRow(), 2);
+    QTest::keyClick(hits().widget(), Qt::Key_Down);
+    QCOMPARE(parts().currentRow(), 3);
+    QVERIFY(!window()->isWindowModified());
+}
+
+void tst_PartsbookFind::theOrderStays()
+{
+    find("e");
+    hits().clickHeading(1);
+    hits().clickHeading(1);
+    find("fa");
+    QCOMPARE(hits().text(), QString("FA-1, *FA-3"));
+    find("e");
+    QCOMPARE(hits().text(), QString("FA-1, FA-3, *EL-4, BE-2"));
+    QCOMPARE(hits().sortColumn(), 1);
 }
 
 void tst_PartsbookFind::theListFollowsTheBook()
@@ -180,13 +253,13 @@ void tst_PartsbookFind::theListFollowsTheBook()
     find("fa");
     m_frame->SendMessage(WM_SELECT_ROW, 0);
     window()->findChild<QAction*>(ToStringId(ID_PART_IN_USE))->trigger();
-    QCOMPARE(hits()->rowCount(), 2);
+    QCOMPARE(hits().rowCount(), 2);
     QFile file(m_folder.filePath("other.csv"));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("FA-9,Washer,Fastener,,bought,1,1,1.00,yes,\n");
     file.close();
     QVERIFY(m_frame->OpenBook(file.fileName()));
-    QCOMPARE(hitsText(), QString("FA-9"));
+    QCOMPARE(hits().text(), QString("FA-9"));
 }
 
 void tst_PartsbookFind::aHitOfAnotherKindBringsAllBack()
@@ -195,7 +268,7 @@ void tst_PartsbookFind::aHitOfAnotherKindBringsAllBack()
     tree->setCurrentItem(tree->findItems("Bearing", Qt::MatchExactly | Qt::MatchRecursive).constFirst());
     QVERIFY(parts().isRowHidden(0));
     find("e");
-    clickHit(0);
+    hits().click(0);
     QVERIFY(!parts().isRowHidden(0));
     QCOMPARE(parts().currentRow(), 0);
 }
