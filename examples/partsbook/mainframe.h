@@ -88,6 +88,7 @@ private:
     void SelectRow(int row);
     void ShowStatus(const CString_X& text);
     void ShowStatus(unsigned format, const CString_X& text);
+    void ClearStatus();
 
     PartsBook m_book;
     CPartPictures m_pictures;

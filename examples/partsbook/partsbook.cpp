@@ -3,6 +3,7 @@
 #include "bookfile.h"
 #include "text.h"
 
+#include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
@@ -40,6 +41,8 @@ bool PartsBook::load(const QString& fileName, const Progress& progress)
     m_fileName = fileName;
     return true;
 }
+
+CString_X PartsBook::shortName() const { return QFileInfo(m_fileName).fileName(); }
 
 void PartsBook::takeCsv(QByteArray text)
 {

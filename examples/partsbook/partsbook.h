@@ -33,6 +33,8 @@ public:
     const CString_X& error() const { return m_error; }
 
     const QString& fileName() const { return m_fileName; }
+    /// The same without the folder.
+    CString_X shortName() const;
     bool isModified() const { return m_modified; }
     /// The lines of the file that could not be read.
     const std::vector<BadLine>& badLines() const { return m_badLines; }

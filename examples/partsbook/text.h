@@ -2,6 +2,7 @@
 
 #include "resource.h"
 
+#include <xeafxdump.h>
 #include <xeafxstr.h>
 
 /// A text of strings.txt.
@@ -26,4 +27,11 @@ inline CString_X cellText(CString_X text)
 {
     text.Replace(L"&", L"&&");
     return text;
+}
+
+/// Writes a text of strings.txt, with its places filled in, to the log.
+template <class... Arguments>
+void logText(unsigned format, const Arguments&... arguments)
+{
+    xeLogPrintf(L"%s", formatText(loadText(format), arguments...).GetString());
 }
