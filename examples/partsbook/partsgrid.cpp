@@ -79,9 +79,6 @@ END_MESSAGE_MAP_X()
 
 CPartsGrid::CPartsGrid()
 {
-    m_bListMode = TRUE;
-    m_bSingleRowSelection = TRUE;
-    m_bSortOnClick = FALSE; // a part's row is its place in the book
     m_bEditable = FALSE;
     m_bHandleTabKey = FALSE;
     m_nGridLines = 1;
@@ -111,6 +108,7 @@ void CPartsGrid::MakeHeadings()
     SetFixedRowCount(headingRows);
     SetFixedColumnCount(1);
     SetColumnWidth(0, numberWidth);
+    SetItemFormat(1, 0, DT_RIGHT | oneLine); // the rows take it over
     SetFixedCellCombine(0, 0, 1, 0);
     for (const Group& group : groups) {
         SetItemText(0, group.first, group.heading);
@@ -124,29 +122,58 @@ void CPartsGrid::MakeHeadings()
     }
 }
 
+// ---------------------------------------------------------------------------------------------------- rows and parts
+
+int CPartsGrid::PartOf(int row) const
+{
+    return row >= headingRows && row < m_nRows ? static_cast<int>(GetItemData(row, 0)) : -1;
+}
+
+int CPartsGrid::RowOf(int part) const
+{
+    const int bookRow = headingRows + part;
+    if (part < 0 || PartOf(bookRow) == part)
+        return part < 0 ? -1 : bookRow;
+    int row = m_nRows - 1;
+    while (row >= headingRows && PartOf(row) != part)
+        --row;
+    return row >= headingRows ? row : -1;
+}
+
+void CPartsGrid::SetPart(int row, int part)
+{
+    SetItemData(row, 0, part);
+    SetItemText(row, 0, formatText(L"%d", part + 1));
+}
+
+// New rows are those of the parts that come last.
+void CPartsGrid::SetPartCount(int parts)
+{
+    const int before = m_nRows;
+    SetRowCount(headingRows + parts);
+    for (int row = before; row < m_nRows; ++row)
+        SetPart(row, row - headingRows);
+}
+
 void CPartsGrid::Show(const PartsBook& book, COLORREF shortColor)
 {
     SetRedraw(FALSE);
-    SetRowCount(headingRows + book.count());
+    SetPartCount(book.count());
     for (int part = 0; part < book.count(); ++part)
         ShowPart(part, book.part(part), shortColor);
-    NumberFrom(0);
     SetRedraw(TRUE, TRUE);
 }
 
 void CPartsGrid::ShowPart(int part, const Part& shown, COLORREF shortColor)
 {
-    if (part >= PartCount()) {
-        SetRowCount(headingRows + part + 1);
-        NumberFrom(part);
-    }
-    const int row = part + headingRows;
+    if (headingRows + part >= m_nRows)
+        SetPartCount(part + 1);
+    const int row = RowOf(part);
     const CsvFields fields = fieldsOf(shown);
     const int count = static_cast<int>(fields.size()); // the last ones may be left out
     for (int column = 0; column < columnCount; ++column) {
         SetItemText(row, column + 1,
                     column < count ? shownText(fields[static_cast<std::size_t>(column)]) : CString_X());
-        SetItemFormat(row, column + 1, columns[column].format | oneLine);
         SetItemFgColour(row, column + 1, colorOf(shown, shortColor));
     }
     SetItemImage(row, 1, CPartPictures::PlaceOfKind(shown.kind));
@@ -155,32 +182,31 @@ void CPartsGrid::ShowPart(int part, const Part& shown, COLORREF shortColor)
 
 void CPartsGrid::RemovePart(int part)
 {
-    DeleteRow(part + headingRows);
-    NumberFrom(part);
-}
-
-void CPartsGrid::NumberFrom(int part)
-{
-    for (; part < PartCount(); ++part) {
-        SetItemText(part + headingRows, 0, formatText(L"%d", part + 1));
-        SetItemFormat(part + headingRows, 0, DT_RIGHT | oneLine);
+    DeleteRow(RowOf(part));
+    for (int row = headingRows; row < m_nRows; ++row) {
+        if (PartOf(row) > part)
+            SetPart(row, PartOf(row) - 1);
     }
 }
 
-int CPartsGrid::SelectedPart() const { return std::max(m_idCurrentCell.row - headingRows, -1); }
+// ------------------------------------------------------------------------------------------------- focus and columns
+
+int CPartsGrid::SelectedPart() const { return PartOf(m_idCurrentCell.row); }
 
 void CPartsGrid::SelectPart(int part)
 {
-    if (part < 0 || part >= PartCount()) {
+    const int row = RowOf(part);
+    if (row < 0) {
         ResetSelectedRange();
         return;
     }
     const int column = std::max(m_idCurrentCell.col, 1);
-    SetFocusCell(part + headingRows, column);
-    EnsureVisible(part + headingRows, column);
+    SetFocusCell(row, column);
+    SetSelectedRange(row, column, row, column);
+    EnsureVisible(row, column);
 }
 
-bool CPartsGrid::IsHidden(int part) const { return GetRowHeight(part + headingRows) == 0; }
+bool CPartsGrid::IsHidden(int part) const { return GetRowHeight(RowOf(part)) == 0; }
 
 std::vector<CString_X> CPartsGrid::Headings()
 {

@@ -9,7 +9,10 @@
 
 class PartsBook;
 
-/// The list of parts: a grid of whole rows, under two rows of headings. A part is named by its place in the book.
+/// The list of parts: a grid with a part in each row, under two rows of headings.
+///
+/// A part is named by its place in the book. Its row has that as the data of the first cell, so that the rows may stand
+/// in another order.
 class CPartsGrid : public CGridCtrl_X
 {
     Q_OBJECT
@@ -25,6 +28,11 @@ class CPartsGrid : public CGridCtrl_X
     /// Shows a part in its place, or behind the last one.
     void ShowPart(int part, const Part& shown, COLORREF shortColor);
     void RemovePart(int part);
+
+    /// The part of a row, -1 for a row of headings and for none.
+    int PartOf(int row) const;
+    /// The row of a part, -1 for one that is not shown.
+    int RowOf(int part) const;
 
     /// The one with the focus, -1 for none.
     int SelectedPart() const;
@@ -49,8 +57,8 @@ private:
     static constexpr int rowHeight = 26;
 
     void MakeHeadings();
-    int PartCount() const { return m_nRows - headingRows; }
-    void NumberFrom(int part);
+    void SetPartCount(int parts);
+    void SetPart(int row, int part);
 
     CBitmap_X m_bitmaps[CPartPictures::count]; // as high as a row has room for
     CImageList_X m_images;
@@ -60,7 +68,7 @@ template <class IsShown>
 void CPartsGrid::ShowOnly(IsShown isShown)
 {
     SetRedraw(FALSE);
-    for (int part = 0; part < PartCount(); ++part)
-        SetRowHeight(part + headingRows, isShown(part) ? rowHeight : 0);
+    for (int row = headingRows; row < m_nRows; ++row)
+        SetRowHeight(row, isShown(PartOf(row)) ? rowHeight : 0);
     SetRedraw(TRUE, TRUE);
 }
