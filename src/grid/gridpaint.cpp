@@ -3,6 +3,7 @@
 #include "XeGridCtrl.h"
 #include "geometry/colorref.h"
 #include "geometry/rectangle.h"
+#include "grid/fastview.h"
 #include "grid/gridpainting.h"
 #include "grid/gridstate.h"
 #include "xeafxdc.h"
@@ -10,7 +11,6 @@
 
 #include <QImage>
 #include <QPointer>
-#include <QVarLengthArray>
 
 namespace {
 
@@ -38,8 +38,10 @@ void CGridCtrl_X::OnPaint()
         return;
     const QPointer<CGridCtrl_X> living(this);
     QImage* const image = m_pImage;
+    const bool isFast = xe::GridPainter(*this).isUnseen();
+    QImage view = isFast ? xe::fastViewOf(*image) : QImage();
     {
-        CDC_X dc(image);
+        CDC_X dc(isFast ? &view : image);
         m_state->isPainting = true; // so that the image outlives the painter, whatever a cell does
         OnDraw(&dc);
         if (living)
@@ -52,9 +54,11 @@ void CGridCtrl_X::OnPaint()
     m_state->isPainting = false;
     if (QWidget* const widget = GetSafeHwnd()) {
         CDC_X dc(widget);
-        dc.drawImage(0, 0, *image);
+        dc.drawImage(0, 0, isFast ? view : *image);
         xe::GridPainter(*this).fillCorner(dc);
     }
+    if (isFast)
+        xe::endFastView(*image);
 }
 
 void CGridCtrl_X::CreateImage()

@@ -12,6 +12,8 @@ class GridPainter
 public:
     explicit GridPainter(CGridCtrl_X& grid) : m_grid(&grid) {}
 
+    /// Whether neither OnDraw() nor the Draw() of a visible cell is a host's, so that nobody sees what is painted on.
+    bool isUnseen() const;
     /// The headings of both, of the rows, of the columns, then the ordinary cells. A cell may change or delete
     /// anything: the rest of a grid that has gone is not painted.
     void drawCells(CDC_X& dc);

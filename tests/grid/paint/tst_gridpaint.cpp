@@ -2,6 +2,7 @@
 #include "leavenothing.h"
 #include "testclass.h"
 
+#include <XeGridBtnCell.h>
 #include <xeafxdc.h>
 #include <xecolor.h>
 
@@ -31,7 +32,7 @@ class DrawnCell : public CGridCell_X
 
     using CGridCellBase_X::operator=;
 
-    int Draw(CDC_X*, int row, int col, CRect rect, QWidget*, int erase) override
+    int Draw(CDC_X* dc, int row, int col, CRect rect, QWidget*, int erase) override
     {
         calls += QStringLiteral("%1,%2:%3 %4 %5 %6%7")
                      .arg(row)
@@ -41,6 +42,8 @@ class DrawnCell : public CGridCell_X
                      .arg(rect.right)
                      .arg(rect.bottom)
                      .arg(erase ? QStringLiteral(" erased") : QString());
+        if (onDrawOn)
+            onDrawOn(dc->device());
         if (onDraw)
             onDraw();
         return 1;
@@ -51,10 +54,12 @@ class DrawnCell : public CGridCell_X
 
     static QStringList calls;
     static std::function<void()> onDraw;
+    static std::function<void(const QPaintDevice*)> onDrawOn;
 };
 
 QStringList DrawnCell::calls;
 std::function<void()> DrawnCell::onDraw;
+std::function<void(const QPaintDevice*)> DrawnCell::onDrawOn;
 
 void setDrawn(CGridCtrl_X& grid)
 {
@@ -62,6 +67,47 @@ void setDrawn(CGridCtrl_X& grid)
         for (int col = 0; col < grid.GetColumnCount(); ++col)
             grid.SetCellType(row, col, RUNTIME_CLASS_X(DrawnCell));
     }
+}
+
+// A grid that looks at what it is painted on.
+class WatchedGrid : public CGridCtrl_X
+{
+public:
+    void OnDraw(CDC_X* dc) override
+    {
+        isOnKeptImage = dc->device() == m_pImage;
+        CGridCtrl_X::OnDraw(dc);
+    }
+
+    bool isOnKeptImage = false;
+};
+
+void fillWithAllLooks(CGridCtrl_X& grid)
+{
+    setColours(grid);
+    grid.SetItemText(1, 1, L"red, green, blue");
+    grid.SetItemFgColour(1, 1, RGB(200, 0, 10));
+    grid.SetItemText(1, 2, L"page");
+    grid.SetItemBkColour(1, 2, RGB(10, 20, 230));
+    grid.SetItemText(0, 1, L"Head");
+    grid.SetItemState(2, 1, CGridCellBase_X::Selected);
+    grid.SetFocusCell(2, 2);
+    grid.SetCellType(3, 2, RUNTIME_CLASS_X(CGridBtnCell_X));
+}
+
+// Two ways to blend a text differ by what they round.
+int largestDifference(const QImage& one, const QImage& other)
+{
+    int largest = one.size() == other.size() ? 0 : 255;
+    for (int y = 0; largest < 255 && y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            const QRgb a = one.pixel(x, y);
+            const QRgb b = other.pixel(x, y);
+            largest =
+                std::max({largest, qAbs(qRed(a) - qRed(b)), qAbs(qGreen(a) - qGreen(b)), qAbs(qBlue(a) - qBlue(b))});
+        }
+    }
+    return largest;
 }
 
 } // namespace
@@ -88,6 +134,8 @@ private Q_SLOTS:
     void ordinaryBlockStaysSingleCells();
     void brokenBlocks();
     void imageIsKept();
+    void hostsPaintOnTheKeptImage();
+    void withAndWithoutAHostTheSame();
     void imageOfAFineScreen();
     void cellMayDeleteTheGrid();
     void cellMayDeleteRows();
@@ -105,6 +153,7 @@ void tst_GridPaint::cleanup()
 {
     DrawnCell::take();
     DrawnCell::onDraw = nullptr;
+    DrawnCell::onDrawOn = nullptr;
     QCOMPARE(LeaveNothing::leftovers(), QString());
 }
 
@@ -323,6 +372,34 @@ void tst_GridPaint::imageIsKept()
     host.widget->resize(0, 0);
     host.grid->OnPaint(); // nothing to paint
     QCOMPARE(host.grid->m_pImage->size(), QSize(200, 100));
+}
+
+void tst_GridPaint::hostsPaintOnTheKeptImage()
+{
+    GridWindow<WatchedGrid> host(4, 4);
+    host.grab();
+    QVERIFY(host.grid->isOnKeptImage);
+    GridWindow<> other(4, 4);
+    other.grid->SetCellType(2, 2, RUNTIME_CLASS_X(DrawnCell));
+    bool isOnKeptImage = false;
+    DrawnCell::onDrawOn = [&](const QPaintDevice* device) { isOnKeptImage = device == other.grid->m_pImage; };
+    other.grab();
+    QVERIFY(isOnKeptImage);
+}
+
+// Nobody sees what a grid without overrides is painted on, so that is another image, which is faster.
+void tst_GridPaint::withAndWithoutAHostTheSame()
+{
+    GridWindow<> host(5, 4);
+    GridWindow<WatchedGrid> other(5, 4);
+    fillWithAllLooks(*host.grid);
+    fillWithAllLooks(*other.grid);
+    const QImage image = host.grab();
+    QVERIFY(largestDifference(image, other.grab()) <= 2);
+    QCOMPARE(host.grid->m_pImage->format(), QImage::Format_RGBX8888);
+    QCOMPARE(largestDifference(image, *host.grid->m_pImage), 0);
+    QCOMPARE(image.pixel(51, 21), text);
+    QCOMPARE(image.pixel(148, 22), qRgb(10, 20, 230));
 }
 
 void tst_GridPaint::imageOfAFineScreen()
