@@ -16,6 +16,7 @@ struct Update
 
 constexpr Update updates[]{
     {ID_FILE_SAVE, [](CCmdUI_X& command, const CommandStates& states) { command.Enable(states.isModified); }},
+    {ID_FILE_BACK_UP, [](CCmdUI_X& command, const CommandStates& states) { command.Enable(states.hasFile); }},
     {ID_PART_EDIT, [](CCmdUI_X& command, const CommandStates& states) { command.Enable(states.hasPart); }},
     {ID_PART_DELETE, [](CCmdUI_X& command, const CommandStates& states) { command.Enable(states.hasPart); }},
     {ID_PART_IN_USE,

@@ -8,6 +8,7 @@ struct CommandStates
     bool hasPart = false; ///< one is selected
     bool isPartInUse = false;
     bool hasName = false; ///< a kind or a supplier is the current entry of the tree
+    bool hasFile = false; ///< the book has been read from one, or saved
     bool isModified = false;
     bool showsMessages = false;
 };

@@ -6,6 +6,7 @@
 #include "mainframe.h"
 #include "recentmenu.h"
 #include "settings.h"
+#include "testparts.h"
 #include "text.h"
 
 #include <QAction>
@@ -21,6 +22,7 @@
 namespace {
 
 constexpr int mostBadLinesShown = 12;
+constexpr int testBookSize = 100'000;
 
 } // namespace
 
@@ -31,13 +33,18 @@ bool CMainFrame::OpenBook(const QString& fileName)
         return false;
     }
     logText(IDS_LOG_OPENED, CString_X(fileName), m_book.count());
+    ShowBook();
+    ReportBadLines(m_book);
+    return true;
+}
+
+void CMainFrame::ShowBook()
+{
     ShowName();
     m_parts.DeleteNonFixedRows(); // and with them the order of the last book
     ShowParts();
     SelectRow(0);
     ClearStatus();
-    ReportBadLines(m_book);
-    return true;
 }
 
 bool CMainFrame::LoadBook(const QString& fileName)
@@ -74,6 +81,14 @@ void CMainFrame::ReportBadLines(const PartsBook& book)
     MessageBox(report);
 }
 
+bool CMainFrame::Save() { return m_book.hasFile() ? SaveBook(m_book.fileName()) : SaveAs(); }
+
+bool CMainFrame::SaveAs()
+{
+    const QString name = askForNewBook(*this, m_book.fileName());
+    return !name.isEmpty() && SaveBook(name);
+}
+
 bool CMainFrame::SaveBook(const QString& fileName)
 {
     if (!m_book.saveAs(fileName)) {
@@ -89,7 +104,8 @@ bool CMainFrame::SaveBook(const QString& fileName)
 void CMainFrame::ShowName()
 {
     SetWindowText(formatText(loadText(IDS_TITLE), m_book.shortName()));
-    settings::addRecentFile(QFileInfo(m_book.fileName()).absoluteFilePath());
+    if (m_book.hasFile())
+        settings::addRecentFile(QFileInfo(m_book.fileName()).absoluteFilePath());
     ShowRecentFiles();
 }
 
@@ -101,18 +117,20 @@ void CMainFrame::ShowRecentFiles()
         Connect(item, SIGNAL(triggered()), this, SLOT(OnFileRecent()));
 }
 
+// So many parts that the list shows what it is made of.
+void CMainFrame::OnFileNewTest()
+{
+    if (!MayClose())
+        return;
+    m_book = PartsBook(testParts(testBookSize));
+    ShowBook();
+}
+
 void CMainFrame::OnFileOpen()
 {
     const QString name = askForBook(*this, m_book.fileName());
     if (!name.isEmpty() && MayClose())
         OpenBook(name);
-}
-
-void CMainFrame::OnFileSaveAs()
-{
-    const QString name = askForNewBook(*this, m_book.fileName());
-    if (!name.isEmpty())
-        SaveBook(name);
 }
 
 // Adds the parts of other books to this one.
@@ -184,7 +202,7 @@ bool CMainFrame::MayClose()
     const CString_X question = formatText(loadText(IDS_ASK_SAVE), m_book.shortName());
     switch (MessageBox(question, nullptr, MB_YESNOCANCEL | MB_ICONQUESTION)) {
     case IDYES:
-        return SaveBook(m_book.fileName());
+        return Save();
     case IDNO:
         return true;
     default:

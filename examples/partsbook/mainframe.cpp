@@ -63,6 +63,7 @@ int CMainFrame::OnCreate(tagCREATESTRUCTW* createStruct)
 void CMainFrame::ConnectCommands()
 {
     QWidget* const window = GetSafeHwnd();
+    Connect(ID_FILE_NEW_TEST, SIGNAL(triggered()), this, SLOT(OnFileNewTest()), window);
     Connect(ID_FILE_OPEN, SIGNAL(triggered()), this, SLOT(OnFileOpen()), window);
     Connect(ID_FILE_SAVE_AS, SIGNAL(triggered()), this, SLOT(OnFileSaveAs()), window);
     Connect(ID_FILE_IMPORT, SIGNAL(triggered()), this, SLOT(OnFileImport()), window);
@@ -80,6 +81,7 @@ void CMainFrame::ConnectCommands()
     Connect(ID_VIEW_MESSAGES, SIGNAL(triggered()), this, SLOT(OnViewMessages()), window);
     Connect(ID_VIEW_SHORT_COLOR, SIGNAL(triggered()), this, SLOT(OnViewShortColor()), window);
     Connect(ID_VIEW_COLUMNS, SIGNAL(triggered()), this, SLOT(OnViewColumns()), window);
+    Connect(ID_VIEW_FIT_COLUMNS, SIGNAL(triggered()), this, SLOT(OnViewFitColumns()), window);
     Connect(IDC_TREE, SIGNAL(currentItemChanged(QTreeWidgetItem*, QTreeWidgetItem*)), this, SLOT(OnNameSelected()),
             window);
     Connect(this, SIGNAL(updateCmdUi()), this, SLOT(OnUpdateCommands()));
@@ -94,6 +96,7 @@ void CMainFrame::OnUpdateCommands()
     states.hasPart = SelectedRow() >= 0;
     states.isPartInUse = states.hasPart && m_book.part(SelectedRow()).inUse;
     states.hasName = m_splitter.Tree().CanRename();
+    states.hasFile = m_book.hasFile();
     states.isModified = m_book.isModified();
     states.showsMessages = m_messages.IsWindowVisible();
     updateCommands(*this, states);
@@ -180,6 +183,8 @@ void CMainFrame::OnViewColumns()
     settings::setHiddenColumns(dialog.m_hidden);
     m_parts.ShowColumns(dialog.m_hidden);
 }
+
+void CMainFrame::OnViewFitColumns() { m_parts.AutoSizeColumns(); }
 
 bool CMainFrame::TraceTo(const QString& fileName)
 {

@@ -47,9 +47,10 @@ class CMainFrame : public CWnd_X
     void SetupUI() override;
 
 private Q_SLOTS:
+    void OnFileNewTest();
     void OnFileOpen();
-    void OnFileSave() { SaveBook(m_book.fileName()); }
-    void OnFileSaveAs();
+    void OnFileSave() { Save(); }
+    void OnFileSaveAs() { SaveAs(); }
     void OnFileImport();
     void OnFilePrint();
     void OnFileBackUp();
@@ -65,6 +66,7 @@ private Q_SLOTS:
     void OnViewMessages();
     void OnViewShortColor();
     void OnViewColumns();
+    void OnViewFitColumns();
     void OnPartSelected();
     void OnNameSelected();
     void OnUpdateCommands();
@@ -72,6 +74,9 @@ private Q_SLOTS:
 private:
     void ConnectCommands();
     bool LoadBook(const QString& fileName);
+    void ShowBook();
+    bool Save();
+    bool SaveAs();
     bool SaveBook(const QString& fileName);
     void ShowName();
     void ShowRecentFiles();

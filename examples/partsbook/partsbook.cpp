@@ -42,7 +42,10 @@ bool PartsBook::load(const QString& fileName, const Progress& progress)
     return true;
 }
 
-CString_X PartsBook::shortName() const { return QFileInfo(m_fileName).fileName(); }
+CString_X PartsBook::shortName() const
+{
+    return hasFile() ? CString_X(QFileInfo(m_fileName).fileName()) : loadText(IDS_UNTITLED);
+}
 
 void PartsBook::takeCsv(QByteArray text)
 {
@@ -57,15 +60,20 @@ void PartsBook::takeCsv(QByteArray text)
         take(record);
 }
 
-// The lines are those that a CSV file would have.
 CString_X PartsBook::takeArchive(const QByteArray& archive, const Progress& progress)
 {
     std::vector<Part> parts;
     CString_X problem = readArchive(archive, parts, progress);
+    takeParts(parts);
+    return problem;
+}
+
+// The lines are those that a CSV file would have.
+void PartsBook::takeParts(const std::vector<Part>& parts)
+{
     m_rest = csvLine(partColumns()) + m_lineEnd;
     for (const Part& part : parts)
         m_entries.push_back({std::exchange(m_rest, {}), csvLine(fieldsOf(part)) + m_lineEnd, part});
-    return problem;
 }
 
 void PartsBook::take(const CsvRecord& record)

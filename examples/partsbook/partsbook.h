@@ -19,6 +19,10 @@ public:
         CString_X problem;
     };
 
+    PartsBook() = default;
+    /// A book of these parts, which has no file yet and counts as saved.
+    explicit PartsBook(const std::vector<Part>& parts) { takeParts(parts); }
+
     /// Takes the parts of a file. False, with the book as it was, if it cannot be read, is larger than 64 MiB, or is no
     /// archive though its name says so. Tells of the progress with a large archive.
     bool load(const QString& fileName, const Progress& progress = {});
@@ -33,7 +37,8 @@ public:
     const CString_X& error() const { return m_error; }
 
     const QString& fileName() const { return m_fileName; }
-    /// The same without the folder.
+    bool hasFile() const { return !m_fileName.isEmpty(); }
+    /// The name of the file without its folder, or what stands for one.
     CString_X shortName() const;
     bool isModified() const { return m_modified; }
     /// The lines of the file that could not be read.
@@ -68,6 +73,7 @@ private:
     void takeCsv(QByteArray text);
     CString_X takeArchive(const QByteArray& archive, const Progress& progress);
     void take(const CsvRecord& record);
+    void takeParts(const std::vector<Part>& parts);
     void endLastLine();
     QByteArray csv() const;
     QByteArray archive() const;

@@ -159,8 +159,8 @@ void CPartsGrid::Show(const PartsBook& book, COLORREF shortColor)
 {
     SetRedraw(FALSE);
     SetPartCount(book.count());
-    for (int part = 0; part < book.count(); ++part)
-        ShowPart(part, book.part(part), shortColor);
+    for (int row = headingRows; row < m_nRows; ++row)
+        ShowRow(row, book.part(PartOf(row)), shortColor);
     SetRedraw(TRUE, TRUE);
 }
 
@@ -168,7 +168,12 @@ void CPartsGrid::ShowPart(int part, const Part& shown, COLORREF shortColor)
 {
     if (headingRows + part >= m_nRows)
         SetPartCount(part + 1);
-    const int row = RowOf(part);
+    ShowRow(RowOf(part), shown, shortColor);
+    Refresh();
+}
+
+void CPartsGrid::ShowRow(int row, const Part& shown, COLORREF shortColor)
+{
     const CsvFields fields = fieldsOf(shown);
     const int count = static_cast<int>(fields.size()); // the last ones may be left out
     for (int column = 0; column < columnCount; ++column) {
@@ -177,7 +182,6 @@ void CPartsGrid::ShowPart(int part, const Part& shown, COLORREF shortColor)
         SetItemFgColour(row, column + 1, colorOf(shown, shortColor));
     }
     SetItemImage(row, 1, CPartPictures::PlaceOfKind(shown.kind));
-    Refresh();
 }
 
 void CPartsGrid::RemovePart(int part)

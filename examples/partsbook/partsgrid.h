@@ -59,6 +59,7 @@ private:
     void MakeHeadings();
     void SetPartCount(int parts);
     void SetPart(int row, int part);
+    void ShowRow(int row, const Part& shown, COLORREF shortColor);
 
     CBitmap_X m_bitmaps[CPartPictures::count]; // as high as a row has room for
     CImageList_X m_images;
