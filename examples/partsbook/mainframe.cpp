@@ -5,12 +5,14 @@
 #include "columnsdialog.h"
 #include "commandupdates.h"
 #include "control.h"
+#include "editcommands.h"
 #include "hostservices.h"
 #include "settings.h"
 #include "text.h"
 
 #include <QAction>
 #include <QGuiApplication>
+#include <QMenu>
 #include <QScreen>
 
 #include <algorithm>
@@ -71,6 +73,9 @@ void CMainFrame::ConnectCommands()
     Connect(ID_FILE_BACK_UP, SIGNAL(triggered()), this, SLOT(OnFileBackUp()), window);
     Connect(ID_FILE_SAVE, SIGNAL(triggered()), this, SLOT(OnFileSave()), window);
     Connect(ID_APP_EXIT, SIGNAL(triggered()), this, SLOT(OnAppExit()), window);
+    Connect(window->findChild<QMenu*>("editMenu"), SIGNAL(aboutToShow()), this, SLOT(OnEditMenu()));
+    for (const unsigned id : {ID_EDIT_CUT, ID_EDIT_COPY, ID_EDIT_PASTE, ID_EDIT_SELECT_ALL})
+        Connect(id, SIGNAL(triggered()), this, SLOT(OnEditCommand()), window);
     Connect(ID_PART_NEW, SIGNAL(triggered()), this, SLOT(OnPartNew()), window);
     Connect(ID_PART_EDIT, SIGNAL(triggered()), this, SLOT(OnPartEdit()), window);
     Connect(ID_PART_DELETE, SIGNAL(triggered()), this, SLOT(OnPartDelete()), window);
@@ -120,6 +125,10 @@ void CMainFrame::OnClose()
     logText(IDS_LOG_CLOSED);
     DestroyWindow();
 }
+
+void CMainFrame::OnEditMenu() { updateEditCommands(*this); }
+
+void CMainFrame::OnEditCommand() { runEditCommand(*this, sender()); }
 
 // Where it was when it was closed, unless no screen shows that place any more.
 void CMainFrame::RestorePlace()

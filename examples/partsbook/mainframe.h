@@ -56,6 +56,8 @@ private Q_SLOTS:
     void OnFileBackUp();
     void OnFileRecent();
     void OnAppExit();
+    void OnEditMenu();
+    void OnEditCommand();
     void OnPartNew();
     void OnPartEdit();
     void OnPartDelete();
