@@ -3,6 +3,7 @@
 #include "control.h"
 #include "mainframe.h"
 #include "partmenu.h"
+#include "resource.h"
 
 #include <QAction>
 
@@ -35,8 +36,30 @@ void CMainFrame::OnContextMenu(QWidget*, CPoint point)
         SetCurrentEventAccepted(false);
         return;
     }
+    CPoint inList = point;
+    m_parts.ScreenToClient(&inList);
+    const int column = m_parts.HeadingAt(inList);
+    if (column >= 0)
+        SortByMenu(column, point);
+    else
+        RunPartMenu(point);
+}
+
+void CMainFrame::RunPartMenu(CPoint screen)
+{
     OnUpdateCommands(); // the click may have selected another part
-    const int command = openPartMenu(*this, point);
+    const int command = openPartMenu(*this, screen);
     if (command > 0)
         control<QAction>(*this, static_cast<unsigned>(command)).trigger();
+}
+
+// The book keeps its order. A column that is sorted already is turned round.
+void CMainFrame::SortByMenu(int column, CPoint screen)
+{
+    const bool isSorted = m_parts.m_nSortColumn == column;
+    const int command = openHeadingMenu(*this, screen, isSorted);
+    if (command == ID_SORT_COLUMN)
+        m_parts.SortBy(column, !isSorted || !m_parts.m_bAscending);
+    else if (command == ID_SORT_BOOK)
+        m_parts.SortBy(0, true);
 }

@@ -88,6 +88,8 @@ private:
     void ReportUnread(const QString& fileName, const CString_X& error);
     void ReportUnwritten(const QString& fileName, const CString_X& error);
     bool Import(const QString& fileName);
+    void RunPartMenu(CPoint screen);
+    void SortByMenu(int column, CPoint screen);
     void ShowParts();
     void ShowPart(int row);
     void ShowChart();

@@ -1,7 +1,7 @@
 #include "partmenu.h"
 
 #include "control.h"
-#include "resource.h"
+#include "text.h"
 
 #include <QAction>
 
@@ -32,5 +32,15 @@ int openPartMenu(const CWnd_X& frame, CPoint screen)
         menu.EnableMenuItem(id, command.isEnabled() ? MF_ENABLED : MF_GRAYED);
         menu.CheckMenuItem(id, command.isChecked() ? MF_CHECKED : MF_UNCHECKED);
     }
+    return menu.TrackPopupMenu(TPM_RIGHTBUTTON, screen.x, screen.y, &frame);
+}
+
+int openHeadingMenu(const CWnd_X& frame, CPoint screen, bool isSorted)
+{
+    CMenu_X menu;
+    menu.CreatePopupMenu();
+    menu.AppendMenu(MF_STRING, ID_SORT_COLUMN, loadText(IDS_SORT_COLUMN));
+    menu.AppendMenu(MF_STRING, ID_SORT_BOOK, loadText(IDS_SORT_BOOK));
+    menu.CheckMenuItem(ID_SORT_COLUMN, isSorted ? MF_CHECKED : MF_UNCHECKED);
     return menu.TrackPopupMenu(TPM_RIGHTBUTTON, screen.x, screen.y, &frame);
 }

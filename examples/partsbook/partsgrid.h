@@ -47,6 +47,12 @@ class CPartsGrid : public CGridCtrl_X
     /// Hides the columns that have a bit here, and shows the others.
     void ShowColumns(unsigned hidden);
 
+    /// The column whose heading is at a point, -1 if there is none.
+    int HeadingAt(CPoint point) const;
+    /// Sorts the rows by a column, numbers by their value; column 0 has the order of the book. Any change of a text
+    /// leaves the rows where they are, and takes the arrow away.
+    void SortBy(int column, bool ascending);
+
     void OnKeyDown(UINT vk, UINT repeatCount, UINT modifiers);
     void OnRButtonDown(UINT flags, CPoint point);
 
@@ -59,6 +65,7 @@ private:
     void MakeHeadings();
     void SetPartCount(int parts);
     void SetPart(int row, int part);
+    void ChangeTexts(int column, CString_X (*changed)(const CString_X&));
     void ShowRow(int row, const Part& shown, COLORREF shortColor);
 
     CBitmap_X m_bitmaps[CPartPictures::count]; // as high as a row has room for

@@ -50,6 +50,7 @@ private slots:
     void contextMenuWithoutAPart();
     void contextMenuElsewhere();
     void commandsFromTheContextMenu();
+    void menuOfAHeading();
     void partInUse();
     void checkMarkOfTheMessageWindow();
     void recentFiles();
@@ -193,6 +194,24 @@ void tst_PartsbookMenus::commandsFromTheContextMenu()
     rightClickRow(0);
     choose(1);
     QTRY_VERIFY(dialog.hasActed());
+}
+
+void tst_PartsbookMenus::menuOfAHeading()
+{
+    const QPoint stock = table().center(-1, 5);
+    rightClick(table().widget(), stock);
+    QCOMPARE(choose(0), QString("&Sort by this column 按此列排序, &Order of the book 簿中顺序"));
+    QTRY_COMPARE(table().text(0, 0), QString("BE-2"));
+    rightClick(table().widget(), stock);
+    QCOMPARE(choose(0), QString("&Sort by this column 按此列排序*, &Order of the book 簿中顺序"));
+    QTRY_COMPARE(table().text(0, 0), QString("FA-1"));   // the other way round
+    rightClick(table().widget(), table().center(-2, 0)); // the heading of three columns
+    QVERIFY(choose(0).startsWith("&Sort by this column 按此列排序,"));
+    QTRY_COMPARE(table().text(0, 0), QString("BE-2"));
+    rightClick(table().widget(), stock);
+    choose(1);
+    QTRY_COMPARE(table().text(0, 0), QString("FA-1"));
+    QVERIFY(!window()->isWindowModified());
 }
 
 void tst_PartsbookMenus::partInUse()
