@@ -23,6 +23,21 @@ class PlacedCell : public CGridCell_X
     int told = 0;
 };
 
+// A cell that makes its text when it is asked, always in the same place.
+class MakingCell : public CGridCell_X
+{
+    Q_OBJECT
+    DECLARE_DYNCREATE_X(MakingCell)
+
+    using CGridCellBase_X::operator=;
+    const wchar_t* GetText() const override
+    {
+        static std::wstring text;
+        text = std::to_wstring(999 - GetData());
+        return text.c_str();
+    }
+};
+
 // The exchanges that the order of equal texts depends on, told once more.
 void sortPlainly(std::vector<std::pair<std::wstring, int>>& rows, bool ascending, int low, int high)
 {
@@ -92,9 +107,13 @@ private Q_SLOTS:
     void anEditEndsTheArrow();
     void noticesMayDelete();
     void manyEqualRows();
+    void anyElements_data();
+    void anyElements();
+    void textsMadeWhenAskedFor();
 };
 
 IMPLEMENT_DYNCREATE_X(PlacedCell, CGridCell_X)
+IMPLEMENT_DYNCREATE_X(MakingCell, CGridCell_X)
 
 void tst_GridSort::orders_data()
 {
@@ -246,6 +265,9 @@ void tst_GridSort::likeTheExchanges_data()
         QTest::addRow("%d texts", texts) << 300 << texts << true;
         QTest::addRow("%d texts, descending", texts) << 300 << texts << false;
     }
+    constexpr int nearlyAll = 1'000'000'000;
+    QTest::newRow("different texts") << 2000 << nearlyAll << true;
+    QTest::newRow("different texts, descending") << 2000 << nearlyAll << false;
 }
 
 void tst_GridSort::likeTheExchanges()
@@ -326,6 +348,58 @@ void tst_GridSort::manyEqualRows()
         grid.SetItemText(row, 0, std::to_wstring(100'000 + row).c_str());
     QCOMPARE(grid.SortTextItems(0, FALSE), 1); // from the other order
     QVERIFY(grid.GetItemText(0, 0) == L"199999");
+}
+
+void tst_GridSort::anyElements_data()
+{
+    QTest::addColumn<std::size_t>("shortest");
+    QTest::addColumn<bool>("ascending");
+
+    QTest::newRow("short texts") << std::size_t(0) << true;
+    QTest::newRow("short texts, descending") << std::size_t(0) << false;
+    QTest::newRow("long texts") << std::size_t(4) << true;
+    QTest::newRow("long texts, descending") << std::size_t(4) << false;
+}
+
+// Also such as are no code points: the order is that of the numbers.
+void tst_GridSort::anyElements()
+{
+    QFETCH(std::size_t, shortest);
+    QFETCH(bool, ascending);
+    constexpr int elements[] = {1,       2,        'a',      0x7F,     0x80,       0x7FF, 0x800,      0xFFFF,
+                                0x10000, 0x10FFFF, 0x1FFFFF, 0x200000, 0x7FFFFFFF, -1,    -0x7FFFFFFF};
+    constexpr int rows = 1500;
+    std::mt19937 random(7);
+    CGridCtrl_X grid(rows, 1, 0, 0);
+    std::vector<std::wstring> expected;
+    for (int row = 0; row < rows; ++row) {
+        std::wstring text;
+        for (std::size_t length = shortest + random() % 5; length > 0; --length)
+            text += static_cast<wchar_t>(elements[random() % std::size(elements)]);
+        grid.SetItemText(row, 0, text.c_str());
+        expected.push_back(text);
+    }
+    std::sort(expected.begin(), expected.end());
+    if (!ascending)
+        std::reverse(expected.begin(), expected.end());
+    grid.SortTextItems(0, ascending);
+    for (int row = 0; row < rows; ++row)
+        QVERIFY(grid.GetItemText(row, 0) == expected[static_cast<std::size_t>(row)].c_str());
+}
+
+void tst_GridSort::textsMadeWhenAskedFor()
+{
+    CGridCtrl_X grid(6, 1, 0, 0);
+    for (int row = 0; row < 6; ++row) {
+        grid.SetCellType(row, 0, row == 0 ? RUNTIME_CLASS_X(CGridCell_X) : RUNTIME_CLASS_X(MakingCell));
+        grid.SetItemData(row, 0, row);
+    }
+    grid.SetItemText(0, 0, L"9955");
+    grid.SortTextItems(0, TRUE);
+    QStringList order;
+    for (int row = 0; row < 6; ++row)
+        order += QString::number(grid.GetItemData(row, 0));
+    QCOMPARE(order.join(QLatin1Char(' ')), QStringLiteral("5 4 0 3 2 1"));
 }
 
 XE_TEST(tst_GridSort)
