@@ -91,6 +91,7 @@ bool CMainFrame::SaveAs()
 
 bool CMainFrame::SaveBook(const QString& fileName)
 {
+    m_parts.EndEditing();
     if (!m_book.saveAs(fileName)) {
         ReportUnwritten(fileName, m_book.error());
         return false;
@@ -197,6 +198,7 @@ void CMainFrame::OnFileRecent()
 
 bool CMainFrame::MayClose()
 {
+    m_parts.EndEditing();
     if (!m_book.isModified())
         return true;
     const CString_X question = formatText(loadText(IDS_ASK_SAVE), m_book.shortName());

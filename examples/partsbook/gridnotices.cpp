@@ -4,19 +4,42 @@
 #include "mainframe.h"
 #include "partmenu.h"
 #include "resource.h"
+#include "settings.h"
+#include "text.h"
 
 #include <QAction>
+#include <QGuiApplication>
+#include <xewinuser.h>
 
 // Any grid in the window tells the window; what the list of hits has to say is for the search bar.
 LRESULT CMainFrame::OnGridNotified(WPARAM grid, LPARAM record)
 {
-    const NMHDR& header = *reinterpret_cast<const NMHDR*>(record);
-    if (header.hwndFrom != m_parts.GetSafeHwnd())
+    const auto& told = *reinterpret_cast<const XeGridNotification*>(record);
+    if (told.hdr.hwndFrom != m_parts.GetSafeHwnd())
         return m_findBar.SendMessage(WM_NOTIFY, grid, record);
-    if (header.code == LVN_ITEMCHANGED)
+    m_messages.Show(notificationLine(told.hdr.code, told.iRow, told.iColumn));
+    switch (told.hdr.code) {
+    case LVN_ITEMCHANGED:
         OnPartSelected();
-    else if (header.code == NM_DBLCLK)
-        OnPartEdit();
+        break;
+    case LVN_BEGINLABELEDITW:
+        m_parts.OfferChoices(told.iRow, told.iColumn, m_book);
+        break;
+    case LVN_ENDLABELEDITW:
+        TakeField(told.iRow, told.iColumn);
+        break;
+    case NM_CLICK:
+        if (told.iColumn == CPartsGrid::InUse)
+            TakeField(told.iRow, told.iColumn);
+        break;
+    case NM_DBLCLK:
+        if (told.iColumn <= CPartsGrid::Number && m_parts.PartOf(told.iRow) >= 0)
+            OnPartEdit();
+        break;
+    case NM_RCLICK:
+        OpenMenu();
+        break;
+    }
     return 0;
 }
 
@@ -24,25 +47,56 @@ LRESULT CMainFrame::OnGridNotified(WPARAM grid, LPARAM record)
 void CMainFrame::OnPartSelected()
 {
     const int row = SelectedRow();
-    m_chart.SelectKind(row >= 0 && row < m_book.count() ? m_book.part(row).kind : CString_X());
+    const bool isThere = row >= 0 && row < m_book.count();
+    m_chart.SelectKind(isThere ? m_book.part(row).kind : CString_X());
+    m_statusBar.ShowPlace(isThere ? m_book.part(row).number + L", " + m_parts.FocusedHeading() : CString_X());
 }
 
-// The menu of the list; elsewhere the main window shows its own.
+// What a cell shows goes into the book. What is refused does not, and the cell shows again what the book has.
+void CMainFrame::TakeField(int row, int column)
+{
+    const int place = m_parts.PartOf(row);
+    if (place < 0)
+        return;
+    Part part = m_book.part(place);
+    const CString_X problem = m_parts.ReadField(row, column, part);
+    const bool isChange = problem.IsEmpty() && !(part == m_book.part(place));
+    if (isChange)
+        m_book.change(place, part);
+    m_parts.ShowPart(place, m_book.part(place), settings::shortColor());
+    if (isChange) {
+        ShowChart();
+        ShowStatus(IDS_CHANGED, part.number);
+    }
+    if (!problem.IsEmpty())
+        MessageBox(problem);
+}
+
+// ------------------------------------------------------------------------------------------------------------ the menu
+
+// The mouse has the list notify; the key that asks for a menu does not. Elsewhere the main window shows its own.
 void CMainFrame::OnContextMenu(QWidget*, CPoint point)
 {
     ClientToScreen(&point);
     const QWidget& list = *m_parts.GetSafeHwnd();
-    if (!list.rect().contains(list.mapFromGlobal({point.x, point.y}))) {
+    if (!list.rect().contains(list.mapFromGlobal({point.x, point.y})))
         SetCurrentEventAccepted(false);
-        return;
-    }
-    CPoint inList = point;
+    else if (QGuiApplication::mouseButtons() == Qt::NoButton)
+        RunPartMenu(point);
+}
+
+// Under the pointer.
+void CMainFrame::OpenMenu()
+{
+    CPoint pointer;
+    GetCursorPos_X(&pointer);
+    CPoint inList = pointer;
     m_parts.ScreenToClient(&inList);
     const int column = m_parts.HeadingAt(inList);
     if (column >= 0)
-        SortByMenu(column, point);
+        SortByMenu(column, pointer);
     else
-        RunPartMenu(point);
+        RunPartMenu(pointer);
 }
 
 void CMainFrame::RunPartMenu(CPoint screen)

@@ -54,6 +54,7 @@ int CMainFrame::OnCreate(tagCREATESTRUCTW* createStruct)
         return -1;
     m_parts.ShowColumns(settings::hiddenColumns());
     m_splitter.Tree().SetPictures(m_pictures);
+    m_splitter.Tree().GetSafeHwnd()->addAction(&control<QAction>(*this, ID_NAME_EDIT)); // its key is the tree's alone
     m_toolBar.Open(*this);
     m_statusBar.Open(*this);
     ConnectCommands();

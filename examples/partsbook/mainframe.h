@@ -88,10 +88,12 @@ private:
     void ReportUnread(const QString& fileName, const CString_X& error);
     void ReportUnwritten(const QString& fileName, const CString_X& error);
     bool Import(const QString& fileName);
+    void OpenMenu();
     void RunPartMenu(CPoint screen);
     void SortByMenu(int column, CPoint screen);
     void ShowParts();
     void ShowPart(int row);
+    void TakeField(int row, int column);
     void ShowChart();
     int SelectedRow() const;
     void SelectRow(int row);
@@ -101,7 +103,7 @@ private:
 
     PartsBook m_book;
     CPartPictures m_pictures;
-    CPartsGrid m_parts;
+    CPartsGrid m_parts{m_pictures};
     CStockChart m_chart;
     CTreeSplitter m_splitter;
     CPartsToolBar m_toolBar;

@@ -1,6 +1,7 @@
 #include "messagelog.h"
 
 #include <QStringList>
+#include <XeGridCellBase.h>
 
 namespace {
 
@@ -14,6 +15,7 @@ struct Name
 
 constexpr Name messageNames[]{
     {WM_SIZE, "WM_SIZE"},
+    {WM_NOTIFY, "WM_NOTIFY"},
     {WM_KEYDOWN, "WM_KEYDOWN"},
     {WM_KEYUP, "WM_KEYUP"},
     {WM_CHAR, "WM_CHAR"},
@@ -37,6 +39,16 @@ constexpr Name messageNames[]{
 constexpr Name flagNames[]{
     {MK_LBUTTON, "MK_LBUTTON"}, {MK_RBUTTON, "MK_RBUTTON"}, {MK_MBUTTON, "MK_MBUTTON"},
     {MK_SHIFT, "MK_SHIFT"},     {MK_CONTROL, "MK_CONTROL"}, {MK_ALT, "MK_ALT"},
+};
+
+constexpr Name codeNames[]{
+    {NM_CLICK, "NM_CLICK"},
+    {NM_DBLCLK, "NM_DBLCLK"},
+    {NM_RCLICK, "NM_RCLICK"},
+    {LVN_ITEMCHANGING, "LVN_ITEMCHANGING"},
+    {LVN_ITEMCHANGED, "LVN_ITEMCHANGED"},
+    {LVN_BEGINLABELEDITW, "LVN_BEGINLABELEDIT"},
+    {LVN_ENDLABELEDITW, "LVN_ENDLABELEDIT"},
 };
 
 constexpr Name keyNames[]{
@@ -168,6 +180,12 @@ MessageLine timerLine(UINT_PTR id) { return line(WM_TIMER, MessageKind::Timer, Q
 MessageLine sizeLine(int width, int height)
 {
     return line(WM_SIZE, MessageKind::Size, QString("%1 x %2").arg(width).arg(height));
+}
+
+MessageLine notificationLine(UINT code, int row, int column)
+{
+    const QString cell = QString("row %1, column %2").arg(row).arg(column);
+    return line(WM_NOTIFY, MessageKind::Notification, columns({nameOf(code, codeNames, "code "), cell}));
 }
 
 QString keyText(UINT vk)

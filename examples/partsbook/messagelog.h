@@ -5,7 +5,7 @@
 #include <QTime>
 #include <xeafxwin.h>
 
-enum class MessageKind { Mouse, Move, Wheel, Key, Character, Timer, Size };
+enum class MessageKind { Mouse, Move, Wheel, Key, Character, Timer, Size, Notification };
 
 /// One message as a person reads it.
 struct MessageLine
@@ -29,11 +29,13 @@ MessageLine keyLine(UINT message, UINT vk, UINT modifiers);
 MessageLine characterLine(UINT message, UINT character, UINT modifiers);
 MessageLine timerLine(UINT_PTR id);
 MessageLine sizeLine(int width, int height);
+/// What a grid notifies its window of.
+MessageLine notificationLine(UINT code, int row, int column);
 
 /// A VK code: "VK 'A'", "VK_RETURN".
 QString keyText(UINT vk);
 
-/// The messages a window has received, the newest last. Mouse moves in a row become one line, and so do timer messages.
+/// The messages that windows have received, the newest last. Mouse moves in a row become one line, and so do timer messages.
 class MessageLog
 {
 public:

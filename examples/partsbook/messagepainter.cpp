@@ -42,6 +42,8 @@ COLORREF colourOf(MessageKind kind)
         return RGB(0xa0, 0x9a, 0x8c);
     case MessageKind::Size:
         return RGB(0xb4, 0x5a, 0x12);
+    case MessageKind::Notification:
+        return RGB(0xb0, 0x2a, 0x6b);
     }
     return ink;
 }

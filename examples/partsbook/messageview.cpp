@@ -80,6 +80,12 @@ void CMessageView::Open(CWnd_X* frame)
         ShowWindow(SW_SHOW);
 }
 
+void CMessageView::Show(const MessageLine& line)
+{
+    if (GetSafeHwnd())
+        report(line);
+}
+
 void CMessageView::CountKey()
 {
     ++m_keys;

@@ -14,7 +14,7 @@ public:
     explicit CTavoView(QWidget* parent);
 };
 
-/// A window of its own that shows each message it receives, and counts the keys that a keyboard hook sees.
+/// A window of its own that shows each message it receives, what the list of parts tells the main window as well, and counts the keys that a keyboard hook sees.
 class CMessageView : public CWnd_X
 {
     Q_OBJECT
@@ -27,6 +27,8 @@ class CMessageView : public CWnd_X
     int Keys() const { return m_keys; }
     /// From the keyboard hook: a key has gone down.
     void CountKey();
+    /// Shows a message that another window has received, once this one has been opened.
+    void Show(const MessageLine& line);
 
     bool AttachDefault(QWidget* parent) override;
     int OnCreate(tagCREATESTRUCTW* createStruct) override;

@@ -10,18 +10,6 @@ namespace {
 
 using Words = std::vector<CString_X>;
 
-const Words& sourceWords()
-{
-    static const Words words{L"bought", L"made", L"customer"};
-    return words;
-}
-
-const Words& useWords()
-{
-    static const Words words{L"no", L"yes", L"ending"};
-    return words;
-}
-
 constexpr CsvFields::size_type fewestFields = 10;
 
 CString_X numberText(int number) { return formatText(L"%d", number); }
@@ -101,6 +89,18 @@ void FieldReader::readDay(CString_X& value)
 }
 
 } // namespace
+
+const Words& sourceWords()
+{
+    static const Words words{L"bought", L"made", L"customer"};
+    return words;
+}
+
+const Words& useWords()
+{
+    static const Words words{L"no", L"yes", L"ending"};
+    return words;
+}
 
 bool operator==(const Part& a, const Part& b) { return tied(a) == tied(b); }
 

@@ -42,6 +42,10 @@ constexpr int firstYear = 1900;
 
 } // namespace partlimit
 
+/// What a field says for each Part::Source, and for each Part::Use.
+const std::vector<CString_X>& sourceWords();
+const std::vector<CString_X>& useWords();
+
 /// The names of the fields of a part, as the first line of a file has them.
 const CsvFields& partColumns();
 

@@ -8,19 +8,6 @@
 
 #include <QFileInfo>
 
-namespace {
-
-QStringList suppliersOf(const PartsBook& book)
-{
-    QStringList suppliers;
-    for (const CString_X& supplier : book.namesOf(&Part::supplier))
-        suppliers += XeQString(supplier);
-    suppliers.sort(Qt::CaseInsensitive);
-    return suppliers;
-}
-
-} // namespace
-
 IMPLEMENT_DYNAMIC_X(CPartDialog, CDialog_X)
 
 CPartDialog::CPartDialog(const CString_X& title, const PartsBook& book, const CPartPictures& pictures, CWnd_X* parent)
@@ -39,7 +26,7 @@ void CPartDialog::SetupUI()
     control<QSlider>(*this, IDC_MINIMUM).setMaximum(partlimit::minimum);
     control<QSpinBox>(*this, IDC_MINIMUM_SPIN).setMaximum(partlimit::minimum);
     control<QDateEdit>(*this, IDC_DELIVERED).setMinimumDate({partlimit::firstYear, 1, 1});
-    control<QListWidget>(*this, IDC_SUPPLIER).addItems(suppliersOf(m_book));
+    control<QListWidget>(*this, IDC_SUPPLIER).addItems(m_book.suppliers());
 }
 
 BOOL CPartDialog::OnInitDialog()

@@ -206,3 +206,12 @@ std::vector<CString_X> PartsBook::namesOf(CString_X Part::*field) const
     }
     return names;
 }
+
+QStringList PartsBook::suppliers() const
+{
+    QStringList names;
+    for (const CString_X& supplier : namesOf(&Part::supplier))
+        names += XeQString(supplier);
+    names.sort(Qt::CaseInsensitive);
+    return names;
+}

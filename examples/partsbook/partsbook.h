@@ -2,7 +2,7 @@
 
 #include "bookarchive.h"
 
-#include <QString>
+#include <QStringList>
 
 /// The parts of a file: an archive if its name ends in ".parts", else CSV.
 ///
@@ -59,6 +59,8 @@ public:
     int countShort() const;
     /// The kinds or the suppliers of all parts, each once, in the order of their first parts. An empty one is left out.
     std::vector<CString_X> namesOf(CString_X Part::*field) const;
+    /// The same for the suppliers in the order of the alphabet, whatever their case.
+    QStringList suppliers() const;
 
 private:
     struct Entry

@@ -11,21 +11,24 @@ namespace {
 
 constexpr UINT oneLine = DT_VCENTER | DT_SINGLELINE;
 
-struct Column
+struct Layout
 {
     int width;
     UINT format;
     const wchar_t* heading;
 };
 
-// In the order of the fields.
-constexpr Column columns[] = {
+// Of the columns behind the first one.
+constexpr Layout layouts[] = {
     {112, DT_LEFT, L"Number 编号"},     {230, DT_LEFT, L"Name 名称"},     {115, DT_LEFT, L"Kind 种类"},
     {134, DT_LEFT, L"Supplier 供应商"}, {80, DT_LEFT, L"Source 来源"},    {76, DT_RIGHT, L"Stock 库存"},
-    {72, DT_RIGHT, L"Min. 最低"},       {76, DT_RIGHT, L"Price 单价"},    {80, DT_CENTER, L"In use 在用"},
+    {72, DT_RIGHT, L"Min. 最低"},       {76, DT_RIGHT, L"Price 单价"},    {80, DT_LEFT, L"In use 在用"},
     {110, DT_LEFT, L"Remark 备注"},     {96, DT_LEFT, L"Delivered 到货"},
 };
-constexpr int columnCount = static_cast<int>(std::size(columns));
+static_assert(std::size(layouts) + 1 == CPartsGrid::columnCount);
+
+constexpr const Layout& layoutOf(int column) { return layouts[column - 1]; }
+constexpr CsvFields::size_type fieldOf(int column) { return static_cast<CsvFields::size_type>(column) - 1; }
 
 struct Group
 {
@@ -35,15 +38,13 @@ struct Group
 };
 
 constexpr Group groups[] = {
-    {1, 3, L"Part 零件"},
-    {4, 2, L"Supply 供应"},
-    {6, 3, L"Stock 库存"},
-    {9, 3, L"Use 使用"},
+    {CPartsGrid::Number, 3, L"Part 零件"},
+    {CPartsGrid::Supplier, 2, L"Supply 供应"},
+    {CPartsGrid::Stock, 3, L"Stock 库存"},
+    {CPartsGrid::InUse, 3, L"Use 使用"},
 };
 
 constexpr int numberWidth = 52;
-constexpr int pictureSize = 18;
-constexpr int pictureTop = 4;
 constexpr COLORREF unusedColor = RGB(0x9a, 0xa3, 0xaf);
 
 COLORREF colorOf(const Part& part, COLORREF shortColor)
@@ -53,19 +54,23 @@ COLORREF colorOf(const Part& part, COLORREF shortColor)
     return part.isShort() ? shortColor : CLR_DEFAULT;
 }
 
-// A cell does not show a single "&", which is the mark of a letter to it.
-CString_X shownText(CString_X text)
+// Of the cells of a column below the headings.
+CRuntimeClass_X* cellClass(int column)
 {
-    text.Replace(L"&", L"&&");
-    return text;
-}
-
-// In the middle of a row: a cell puts its picture to its top.
-QImage* smallPicture(const CImageList_X& images, int place)
-{
-    const auto* const picture = static_cast<const QImage*>(images.ExtractIcon(place));
-    const QImage small = picture->scaled(pictureSize, pictureSize, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    return new QImage(small.copy(0, -pictureTop, small.width(), small.height() + pictureTop));
+    switch (column) {
+    case CPartsGrid::Number:
+    case CPartsGrid::Name:
+    case CPartsGrid::Kind:
+    case CPartsGrid::Remark:
+        return RUNTIME_CLASS_X(CTextCell);
+    case CPartsGrid::Supplier:
+    case CPartsGrid::Source:
+        return RUNTIME_CLASS_X(CChoiceCell);
+    case CPartsGrid::InUse:
+        return RUNTIME_CLASS_X(CUseCell);
+    default:
+        return RUNTIME_CLASS_X(CGridCell_X);
+    }
 }
 
 } // namespace
@@ -77,24 +82,21 @@ BEGIN_MESSAGE_MAP_X(CPartsGrid, CGridCtrl_X)
     ON_WM_RBUTTONDOWN_X()
 END_MESSAGE_MAP_X()
 
-CPartsGrid::CPartsGrid()
+CPartsGrid::CPartsGrid(const CPartPictures& pictures) : m_pictures(pictures, rowHeight)
 {
-    m_bEditable = FALSE;
-    m_bHandleTabKey = FALSE;
     m_nGridLines = 1;
     m_crGridColour = RGB(0xe5, 0xe7, 0xeb);
     m_crBkColour = m_crTextBkColour;
     m_nDefCellHeight = rowHeight;
+    m_pImageList = &m_pictures.Images();
+    for (CColumnData* data : {&m_supplierData, &m_sourceData, &m_useData}) {
+        data->SetGrid(this);
+        data->m_Font = m_Font;
+    }
 }
 
 bool CPartsGrid::Open(QWidget* widget)
 {
-    const CPartPictures pictures;
-    for (int place = 0; place < CPartPictures::count; ++place) {
-        m_bitmaps[place].Attach(smallPicture(pictures.Images(), place));
-        m_images.Add(&m_bitmaps[place], nullptr);
-    }
-    m_pImageList = &m_images;
     if (!SubclassWindow(widget))
         return false;
     MakeHeadings();
@@ -104,22 +106,43 @@ bool CPartsGrid::Open(QWidget* widget)
 void CPartsGrid::MakeHeadings()
 {
     SetRowCount(headingRows);
-    SetColumnCount(columnCount + 1);
+    SetColumnCount(columnCount);
     SetFixedRowCount(headingRows);
     SetFixedColumnCount(1);
-    SetColumnWidth(0, numberWidth);
-    SetItemFormat(1, 0, DT_RIGHT | oneLine); // the rows take it over
-    SetFixedCellCombine(0, 0, 1, 0);
+    SetColumnWidth(Place, numberWidth);
+    SetItemFormat(1, Place, DT_RIGHT | oneLine); // the rows take it over, and those of the other columns
+    SetFixedCellCombine(0, Place, 1, 0);
     for (const Group& group : groups) {
         SetItemText(0, group.first, group.heading);
         SetItemFormat(0, group.first, DT_CENTER | oneLine);
         SetFixedCellCombine(0, group.first, 0, group.count - 1);
     }
-    for (int column = 0; column < columnCount; ++column) {
-        SetItemText(1, column + 1, columns[column].heading);
-        SetItemFormat(1, column + 1, columns[column].format | oneLine);
-        SetColumnWidth(column + 1, columns[column].width);
+    for (int column = Number; column < columnCount; ++column) {
+        SetItemText(1, column, layoutOf(column).heading);
+        SetItemFormat(1, column, layoutOf(column).format | oneLine);
+        SetColumnWidth(column, layoutOf(column).width);
     }
+}
+
+CColumnData* CPartsGrid::DataOf(int column)
+{
+    switch (column) {
+    case Supplier:
+        return &m_supplierData;
+    case Source:
+        return &m_sourceData;
+    default:
+        return &m_useData;
+    }
+}
+
+CGridCellBase_X* CPartsGrid::CreateCell(int row, int col)
+{
+    SetDefaultCellType(row < headingRows ? RUNTIME_CLASS_X(CGridCell_X) : cellClass(col));
+    CGridCellBase_X* const cell = CGridCtrl_X::CreateCell(row, col);
+    if (auto* const button = qobject_cast<CGridBtnCell_X*>(cell))
+        button->SetBtnDataBase(DataOf(col));
+    return cell;
 }
 
 // ---------------------------------------------------------------------------------------------------- rows and parts
@@ -174,14 +197,13 @@ void CPartsGrid::ShowPart(int part, const Part& shown, COLORREF shortColor)
 
 void CPartsGrid::ShowRow(int row, const Part& shown, COLORREF shortColor)
 {
-    const CsvFields fields = fieldsOf(shown);
-    const int count = static_cast<int>(fields.size()); // the last ones may be left out
-    for (int column = 0; column < columnCount; ++column) {
-        SetItemText(row, column + 1,
-                    column < count ? shownText(fields[static_cast<std::size_t>(column)]) : CString_X());
-        SetItemFgColour(row, column + 1, colorOf(shown, shortColor));
+    CsvFields fields = fieldsOf(shown);
+    fields.resize(partColumns().size()); // the last ones may be left out
+    for (int column = Number; column < columnCount; ++column) {
+        SetItemText(row, column, fields[fieldOf(column)]);
+        SetItemFgColour(row, column, colorOf(shown, shortColor));
     }
-    SetItemImage(row, 1, CPartPictures::PlaceOfKind(shown.kind));
+    SetItemImage(row, Number, CPartPictures::PlaceOfKind(shown.kind));
 }
 
 void CPartsGrid::RemovePart(int part)
@@ -204,33 +226,69 @@ void CPartsGrid::SelectPart(int part)
         ResetSelectedRange();
         return;
     }
-    const int column = std::max(m_idCurrentCell.col, 1);
+    const int column = std::max<int>(m_idCurrentCell.col, Number);
+    EndEditing();
     SetFocusCell(row, column);
     SetSelectedRange(row, column, row, column);
     EnsureVisible(row, column);
 }
+
+CString_X CPartsGrid::FocusedHeading() const { return GetItemText(headingRows - 1, m_idCurrentCell.col); }
 
 bool CPartsGrid::IsHidden(int part) const { return GetRowHeight(RowOf(part)) == 0; }
 
 std::vector<CString_X> CPartsGrid::Headings()
 {
     std::vector<CString_X> headings;
-    for (const Column& column : columns)
-        headings.emplace_back(column.heading);
+    for (const Layout& layout : layouts)
+        headings.emplace_back(layout.heading);
     return headings;
 }
 
 void CPartsGrid::ShowColumns(unsigned hidden)
 {
-    for (int column = 0; column < columnCount; ++column)
-        SetColumnWidth(column + 1, hidden >> column & 1 ? 0 : columns[column].width);
+    for (int column = Number; column < columnCount; ++column)
+        SetColumnWidth(column, hidden >> fieldOf(column) & 1 ? 0 : layoutOf(column).width);
 }
 
-// Return on a part does what a double click does.
+// ------------------------------------------------------------------------------------------------------------- editing
+
+CString_X CPartsGrid::ReadField(int row, int column, Part& part) const
+{
+    CsvFields fields = fieldsOf(part);
+    fields.resize(partColumns().size());
+    fields[fieldOf(column)] = GetItemText(row, column);
+    return readPart(fields, part);
+}
+
+void CPartsGrid::OfferChoices(int row, int column, const PartsBook& book)
+{
+    auto* const cell = qobject_cast<CChoiceCell*>(cellAt(row, column));
+    if (!cell)
+        return;
+    CStringArray_X choices;
+    if (column == Source) {
+        for (const CString_X& word : sourceWords())
+            choices.Add(word);
+    } else {
+        for (const QString& supplier : book.suppliers())
+            choices.Add(CString_X(supplier));
+    }
+    cell->SetComboStyle(column == Source ? CBS_DROPDOWNLIST : CBS_DROPDOWN);
+    cell->SetComboString(choices);
+}
+
+void CPartsGrid::OnEditCell(int row, int col, CPoint point, unsigned int ch)
+{
+    const bool isByMouse = point.x >= 0;
+    if (col != Number || !isByMouse)
+        CGridCtrl_X::OnEditCell(row, col, point, ch);
+}
+
 void CPartsGrid::OnKeyDown(UINT vk, UINT repeatCount, UINT modifiers)
 {
     if (vk == VK_RETURN && SelectedPart() >= 0)
-        SendMessageToParent(m_idCurrentCell.row, m_idCurrentCell.col, static_cast<int>(NM_DBLCLK));
+        SendMessageToParent(m_idCurrentCell.row, Number, static_cast<int>(NM_DBLCLK));
     else
         CGridCtrl_X::OnKeyDown(vk, repeatCount, modifiers);
 }

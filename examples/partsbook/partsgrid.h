@@ -1,6 +1,6 @@
 #pragma once
 
-#include "part.h"
+#include "partcells.h"
 #include "partpictures.h"
 
 #include <XeGridCtrl.h>
@@ -12,15 +12,33 @@ class PartsBook;
 /// The list of parts: a grid with a part in each row, under two rows of headings.
 ///
 /// A part is named by its place in the book. Its row has that as the data of the first cell, so that the rows may stand
-/// in another order.
+/// in another order. The fields of a part are edited in its cells; what becomes of that is for the window to say, which
+/// is notified of it.
 class CPartsGrid : public CGridCtrl_X
 {
     Q_OBJECT
     DECLARE_DYNAMIC_X(CPartsGrid)
 
-    CPartsGrid();
+    /// The first column has the number of the row, each of the others a field of the part, in the order of the fields.
+    enum Column {
+        Place,
+        Number,
+        Name,
+        Kind,
+        Supplier,
+        Source,
+        Stock,
+        Minimum,
+        Price,
+        InUse,
+        Remark,
+        Delivered,
+        columnCount,
+    };
 
-    /// Makes columns and headings, on a plain widget. The pictures must outlive the grid.
+    explicit CPartsGrid(const CPartPictures& pictures);
+
+    /// Makes columns and headings, on a plain widget.
     bool Open(QWidget* widget);
 
     /// Shows the parts of a book. The ones that are short have this colour.
@@ -33,16 +51,22 @@ class CPartsGrid : public CGridCtrl_X
     int PartOf(int row) const;
     /// The row of a part, -1 for one that is not shown.
     int RowOf(int part) const;
+    /// A part with one of its fields as a cell shows it. Gives what is wrong with that, empty if nothing is.
+    CString_X ReadField(int row, int column, Part& part) const;
+    /// Fills the list of a cell that is about to be edited, if it has one.
+    void OfferChoices(int row, int column, const PartsBook& book);
 
     /// The one with the focus, -1 for none.
     int SelectedPart() const;
+    /// What stands over the column with the focus.
+    CString_X FocusedHeading() const;
     /// Moves the focus to a part and scrolls to it; -1 takes it away.
     void SelectPart(int part);
     bool IsHidden(int part) const;
     template <class IsShown>
     void ShowOnly(IsShown isShown);
 
-    /// What stands over the columns.
+    /// What stands over the columns of the fields.
     static std::vector<CString_X> Headings();
     /// Hides the columns that have a bit here, and shows the others.
     void ShowColumns(unsigned hidden);
@@ -53,6 +77,9 @@ class CPartsGrid : public CGridCtrl_X
     /// leaves the rows where they are, and takes the arrow away.
     void SortBy(int column, bool ascending);
 
+    CGridCellBase_X* CreateCell(int row, int col) override;
+    /// The mouse edits no number: a double click there is for the whole part. So is Return in any cell.
+    void OnEditCell(int row, int col, CPoint point, unsigned int ch) override;
     void OnKeyDown(UINT vk, UINT repeatCount, UINT modifiers);
     void OnRButtonDown(UINT flags, CPoint point);
 
@@ -62,14 +89,17 @@ private:
     static constexpr int headingRows = 2;
     static constexpr int rowHeight = 26;
 
+    CColumnData* DataOf(int column);
     void MakeHeadings();
     void SetPartCount(int parts);
     void SetPart(int row, int part);
     void ChangeTexts(int column, CString_X (*changed)(const CString_X&));
     void ShowRow(int row, const Part& shown, COLORREF shortColor);
 
-    CBitmap_X m_bitmaps[CPartPictures::count]; // as high as a row has room for
-    CImageList_X m_images;
+    CRowPictures m_pictures;
+    CColumnData m_supplierData;
+    CColumnData m_sourceData;
+    CColumnData m_useData;
 };
 
 template <class IsShown>

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int widths[] = {250, 100, 100, 120}; // of the panes, in pixels
+constexpr int widths[] = {180, 140, 90, 90, 90}; // of the panes, in pixels
 
 } // namespace
 

@@ -145,6 +145,7 @@ QString tst_PartsbookFrame::status() const
     const auto* const bar = qobject_cast<CStatusBar_X*>(CWnd_X::FromHandle(window()->findChild<QStatusBar*>()));
     for (const QWidget* pane : bar->GetListQWidgets())
         texts += static_cast<const QLabel*>(pane)->text();
+    texts.removeAt(1); // the place in the list
     return texts.join('|');
 }
 
