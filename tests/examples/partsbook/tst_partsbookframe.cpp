@@ -217,7 +217,7 @@ void tst_PartsbookFrame::eachNumberHasItsTextOrControl()
         const QString name = ToStringId(id);
         if (name.startsWith("IDS_"))
             QVERIFY2(!GetResourceStringById(id).isEmpty(), qPrintable(name));
-        else if (name.startsWith("ID_") && !name.startsWith("ID_FILE_MRU_"))
+        else if (name.startsWith("ID_") && !name.startsWith("ID_FILE_MRU_") && !name.startsWith("ID_SORT_"))
             QVERIFY2(command(id), qPrintable(name));
     }
 }
