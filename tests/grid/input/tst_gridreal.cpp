@@ -1,9 +1,8 @@
 // The grid as a user has it: a real pointer and a real keyboard.
 
-#include "gridwindow.h"
 #include "leavenothing.h"
+#include "realgrid.h"
 #include "testclass.h"
-#include "virtualinput.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -15,56 +14,6 @@ constexpr unsigned long keyDown = 0xFF54;
 constexpr unsigned long keyShift = 0xFFE1;
 constexpr unsigned long keyControl = 0xFFE3;
 constexpr unsigned long keyDelete = 0xFFFF;
-
-// A grid on the real screen, that is active.
-struct RealGrid : GridWindow<>
-{
-    explicit RealGrid(VirtualInput& virtualInput, int rows = 40, int cols = 5)
-        : GridWindow<>(rows, cols),
-          input(virtualInput)
-    {
-        fill();
-        input.movePointer({1200, 1000});
-    }
-
-    bool isReady()
-    {
-        if (!comeUp() || !QTest::qWaitForWindowExposed(window.GetSafeHwnd()))
-            return false;
-        const auto isPlaced = [this] {
-            return widget->mapToGlobal({0, 0}) == input.windowOrigin(widget->window()->winId());
-        };
-        return QTest::qWaitFor(isPlaced);
-    }
-    void moveTo(QPoint point)
-    {
-        input.movePointer(widget->mapToGlobal(point));
-        settle();
-    }
-    void press()
-    {
-        input.pressButton(1);
-        settle();
-    }
-    void release()
-    {
-        input.releaseButton(1);
-        settle();
-    }
-    void type(unsigned long keysym)
-    {
-        input.typeKey(keysym);
-        settle();
-    }
-    static void settle()
-    {
-        QGuiApplication::sync();
-        QCoreApplication::processEvents();
-        QCoreApplication::sendPostedEvents();
-    }
-
-    VirtualInput& input;
-};
 
 } // namespace
 
