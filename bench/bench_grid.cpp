@@ -337,6 +337,28 @@ void tableAutoSize(benchmark::State& state)
         state.SkipWithError("too narrow");
 }
 
+// Each text is another one, so that each has to be laid out.
+QString differentText(int row) { return QStringLiteral("twelve") + QString::number(100'000 + row); }
+
+void gridAutoSizeDifferent(benchmark::State& state)
+{
+    Shown shown(10'000, 2, true);
+    for (int row = 0; row < 10'000; ++row)
+        shown.grid.SetItemText(row, 1, CString_X(differentText(row)));
+    for (auto _ : state)
+        shown.grid.AutoSizeColumn(1);
+}
+
+void tableAutoSizeDifferent(benchmark::State& state)
+{
+    const std::unique_ptr<QTableWidget> table = makeFilledTable(10'000, 2);
+    for (int row = 0; row < 10'000; ++row)
+        table->item(row, 1)->setText(differentText(row));
+    table->horizontalHeader()->setResizeContentsPrecision(-1);
+    for (auto _ : state)
+        table->resizeColumnToContents(1);
+}
+
 // ------------------------------------------------------------------------------------------------------------ painting
 
 void paintGrid(benchmark::State& state)
@@ -389,6 +411,10 @@ BENCHMARK(gridHeights)->Name("grid_row_heights/ours")->Unit(benchmark::kMillisec
 BENCHMARK(tableHeights)->Name("grid_row_heights/peer:setRowHeight")->Unit(benchmark::kMillisecond);
 BENCHMARK(gridAutoSize)->Name("grid_auto_size/ours")->Unit(benchmark::kMillisecond);
 BENCHMARK(tableAutoSize)->Name("grid_auto_size/peer:resizeColumnToContents")->Unit(benchmark::kMillisecond);
+BENCHMARK(gridAutoSizeDifferent)->Name("grid_auto_size_different/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(tableAutoSizeDifferent)
+    ->Name("grid_auto_size_different/peer:resizeColumnToContents")
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(paintGrid)->Name("grid_paint/ours")->Unit(benchmark::kMillisecond);
 BENCHMARK(paintTable)->Name("grid_paint/peer:QTableWidget")->Unit(benchmark::kMillisecond);
 BENCHMARK(scrollGridLine)->Name("grid_scroll_line/ours")->Unit(benchmark::kMillisecond);

@@ -2,6 +2,7 @@
 
 #include "XeGridCtrl.h"
 
+#include "grid/cellextent.h"
 #include "grid/gridstate.h"
 #include "xesysinfo.h"
 
@@ -18,10 +19,11 @@ bool countsForHeight(const CGridCellBase_X* cell) { return cell && cell->m_nMerg
 int CGridCtrl_X::widestExtent(int column, int firstRow) const
 {
     int width = 1; // a visible line stays one
+    xe::ExtentWalk walk;
     for (int row = firstRow; row < m_nRows; ++row) {
         CGridCellBase_X* const cell = cellAt(row, column);
         if (countsForWidth(cell))
-            width = std::max<int>(width, cell->GetCellExtent().cx);
+            width = std::max<int>(width, walk.extentOf(*cell).cx);
     }
     return width;
 }
@@ -29,10 +31,11 @@ int CGridCtrl_X::widestExtent(int column, int firstRow) const
 int CGridCtrl_X::highestExtent(int row) const
 {
     int height = 1;
+    xe::ExtentWalk walk;
     for (int col = 0; col < m_nCols; ++col) {
         CGridCellBase_X* const cell = cellAt(row, col);
         if (countsForHeight(cell))
-            height = std::max<int>(height, cell->GetCellExtent().cy);
+            height = std::max<int>(height, walk.extentOf(*cell).cy);
     }
     return height;
 }
@@ -77,13 +80,14 @@ void CGridCtrl_X::AutoSize(int ignoreHeader)
 {
     const int firstRow = ignoreHeader ? m_nFixedRows : 0;
     std::vector<int> widths(static_cast<std::size_t>(m_nCols), 1);
+    xe::ExtentWalk walk;
     for (int row = firstRow; row < m_nRows; ++row) {
         int height = 1;
         for (int col = 0; col < m_nCols; ++col) {
             CGridCellBase_X* const cell = cellAt(row, col);
             if (!cell || (GetRowHeight(row) < 1 && GetColumnWidth(col) < 1))
                 continue;
-            const CSize extent = cell->GetCellExtent();
+            const CSize extent = walk.extentOf(*cell);
             int& width = widths[static_cast<std::size_t>(col)];
             width = countsForWidth(cell) ? std::max<int>(width, extent.cx) : width;
             height = countsForHeight(cell) ? std::max<int>(height, extent.cy) : height;

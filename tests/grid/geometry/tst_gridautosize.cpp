@@ -30,6 +30,8 @@ private Q_SLOTS:
 
     void column();
     void row();
+    void everyFontMeasuresForItself();
+    void manyTexts();
     void all();
     void bothAtOnce();
     void mergedCellsDoNotCount();
@@ -57,6 +59,41 @@ void tst_GridAutoSize::column()
     grid.SetColumnWidth(1, 0);
     QCOMPARE(grid.AutoSizeColumn(1), 0);
     QCOMPARE(grid.GetColumnWidth(1), 0);
+}
+
+// The same text again and again, in cells whose fonts differ, are shared or are only alike.
+void tst_GridAutoSize::everyFontMeasuresForItself()
+{
+    ShownGrid<> shown(6, 1, 1, 0);
+    CGridCtrl_X& grid = shown.grid;
+    for (int row = 0; row < 6; ++row)
+        grid.SetItemText(row, 0, L"one text");
+    QFont large;
+    large.setPixelSize(40);
+    const int wide = QFontMetrics(large).horizontalAdvance(QStringLiteral("one text")) + 12;
+    for (int row = 1; row < 6; ++row) {
+        grid.cellAt(row, 0)->SetFont(reinterpret_cast<const CFont_X*>(&large));
+        grid.AutoSizeColumn(0);
+        QCOMPARE(grid.GetColumnWidth(0), wide);
+        QFont again;
+        grid.cellAt(row, 0)->SetFont(reinterpret_cast<const CFont_X*>(&again));
+    }
+    grid.AutoSizeColumn(0);
+    QCOMPARE(grid.GetColumnWidth(0), widthOf(L"one text", true));
+    grid.AutoSizeColumn(0, TRUE);
+    QCOMPARE(grid.GetColumnWidth(0), widthOf(L"one text"));
+}
+
+// The widest comes last, behind more than are remembered.
+void tst_GridAutoSize::manyTexts()
+{
+    constexpr int rows = 1500;
+    CGridCtrl_X grid(rows, 1, 0, 0);
+    for (int row = 0; row < rows; ++row)
+        grid.SetItemText(row, 0, std::to_wstring(row).c_str());
+    grid.SetItemText(rows - 1, 0, L"widest of all");
+    grid.AutoSizeColumn(0);
+    QCOMPARE(grid.GetColumnWidth(0), widthOf(L"widest of all"));
 }
 
 void tst_GridAutoSize::row()
