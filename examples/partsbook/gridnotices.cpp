@@ -11,6 +11,8 @@
 #include <QGuiApplication>
 #include <xewinuser.h>
 
+#include <utility>
+
 // Any grid in the window tells the window; what the list of hits has to say is for the search bar.
 LRESULT CMainFrame::OnGridNotified(WPARAM grid, LPARAM record)
 {
@@ -64,12 +66,31 @@ void CMainFrame::TakeField(int row, int column)
     if (isChange)
         m_book.change(place, part);
     m_parts.ShowPart(place, m_book.part(place), settings::shortColor());
-    if (isChange) {
-        ShowChart();
-        ShowStatus(IDS_CHANGED, part.number);
-    }
+    if (isChange)
+        m_changes.add(part.number);
     if (!problem.IsEmpty())
-        MessageBox(problem);
+        m_refusals.add(problem);
+    if (!m_parts.IsChangingMany())
+        OnFieldsChanged(0, 0);
+}
+
+// Once for all that has been pasted or cut.
+LRESULT CMainFrame::OnFieldsChanged(WPARAM, LPARAM)
+{
+    const Tally changes = std::exchange(m_changes, {});
+    const Tally refusals = std::exchange(m_refusals, {});
+    if (changes.count > 0)
+        ShowChart();
+    if (changes.count == 1)
+        ShowStatus(IDS_CHANGED, changes.first);
+    else if (changes.count > 1)
+        ShowStatus(formatText(loadText(IDS_FIELDS_CHANGED), changes.count));
+    if (refusals.count == 1)
+        MessageBox(refusals.first);
+    else if (refusals.count > 1)
+        MessageBox(formatText(loadText(IDS_FIELDS_REFUSED), refusals.count, refusals.first));
+    OnUpdateCommands(); // the next key may be there already, and save
+    return 0;
 }
 
 // ------------------------------------------------------------------------------------------------------------ the menu

@@ -39,6 +39,7 @@ class CMainFrame : public CWnd_X
     void OnContextMenu(QWidget* widget, CPoint point);
     void OnTimer(UINT_PTR id);
     LRESULT OnGridNotified(WPARAM grid, LPARAM record);
+    LRESULT OnFieldsChanged(WPARAM, LPARAM);
     LRESULT OnFindPart(WPARAM matchCase, LPARAM text);
     LRESULT OnSelectRow(WPARAM row, LPARAM hasKeyboard);
     LRESULT OnRenamed(WPARAM, LPARAM renaming);
@@ -101,6 +102,15 @@ private:
     void ShowStatus(unsigned format, const CString_X& text);
     void ClearStatus();
 
+    /// How many fields it is, and what there is to say of the first.
+    struct Tally
+    {
+        int count = 0;
+        CString_X first;
+
+        void add(const CString_X& text) { first = count++ == 0 ? text : first; }
+    };
+
     PartsBook m_book;
     CPartPictures m_pictures;
     CPartsGrid m_parts{m_pictures};
@@ -110,4 +120,6 @@ private:
     CPartsStatusBar m_statusBar;
     CFindBar m_findBar{m_book, m_pictures};
     CMessageView m_messages;
+    Tally m_changes;  // of fields in the list, with the number of the part
+    Tally m_refusals; // with what is wrong
 };

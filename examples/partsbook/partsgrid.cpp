@@ -278,6 +278,23 @@ void CPartsGrid::OfferChoices(int row, int column, const PartsBook& book)
     cell->SetComboString(choices);
 }
 
+int CPartsGrid::PasteTextToGrid(CCellID_X cell, const QMimeData* data)
+{
+    m_isChangingMany = true;
+    const int result = CGridCtrl_X::PasteTextToGrid(cell, data);
+    m_isChangingMany = false;
+    SendMessage_X(GetSafeHwnd()->window(), WM_FIELDS_CHANGED, 0, 0);
+    return result;
+}
+
+void CPartsGrid::CutSelectedText()
+{
+    m_isChangingMany = true;
+    CGridCtrl_X::CutSelectedText();
+    m_isChangingMany = false;
+    SendMessage_X(GetSafeHwnd()->window(), WM_FIELDS_CHANGED, 0, 0);
+}
+
 void CPartsGrid::OnEditCell(int row, int col, CPoint point, unsigned int ch)
 {
     const bool isByMouse = point.x >= 0;

@@ -9,6 +9,9 @@
 
 class PartsBook;
 
+/// Sent to the window when all fields have been changed that were pasted or cut at once.
+constexpr UINT WM_FIELDS_CHANGED = WM_USER + 4;
+
 /// The list of parts: a grid with a part in each row, under two rows of headings.
 ///
 /// A part is named by its place in the book. Its row has that as the data of the first cell, so that the rows may stand
@@ -53,6 +56,8 @@ class CPartsGrid : public CGridCtrl_X
     int RowOf(int part) const;
     /// A part with one of its fields as a cell shows it. Gives what is wrong with that, empty if nothing is.
     CString_X ReadField(int row, int column, Part& part) const;
+    /// Whether the field that the window is notified of is one of several, and WM_FIELDS_CHANGED is to follow.
+    bool IsChangingMany() const { return m_isChangingMany; }
     /// Fills the list of a cell that is about to be edited, if it has one.
     void OfferChoices(int row, int column, const PartsBook& book);
 
@@ -77,6 +82,8 @@ class CPartsGrid : public CGridCtrl_X
     /// leaves the rows where they are, and takes the arrow away.
     void SortBy(int column, bool ascending);
 
+    int PasteTextToGrid(CCellID_X cell, const QMimeData* data) override;
+    void CutSelectedText() override;
     CGridCellBase_X* CreateCell(int row, int col) override;
     /// The mouse edits no number: a double click there is for the whole part. So is Return in any cell.
     void OnEditCell(int row, int col, CPoint point, unsigned int ch) override;
@@ -96,6 +103,7 @@ private:
     void ChangeTexts(int column, CString_X (*changed)(const CString_X&));
     void ShowRow(int row, const Part& shown, COLORREF shortColor);
 
+    bool m_isChangingMany = false;
     CRowPictures m_pictures;
     CColumnData m_supplierData;
     CColumnData m_sourceData;

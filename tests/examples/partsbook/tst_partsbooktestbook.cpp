@@ -27,8 +27,7 @@ private slots:
 
     void eachPartIsDifferentAndGood();
     void theSameEachTime();
-    void showsAllParts();
-    void hasNoFileYet();
+    void showsAllPartsAndHasNoFile();
     void isSavedUnderAName();
     void asksToSaveTheBookBefore();
 
@@ -75,7 +74,7 @@ void tst_PartsbookTestBook::eachPartIsDifferentAndGood()
 
 void tst_PartsbookTestBook::theSameEachTime() { QVERIFY(testParts(50) == testParts(50)); }
 
-void tst_PartsbookTestBook::showsAllParts()
+void tst_PartsbookTestBook::showsAllPartsAndHasNoFile()
 {
     command(ID_FILE_NEW_TEST)->trigger();
     QCOMPARE(parts().rowCount(), 100'000);
@@ -83,11 +82,6 @@ void tst_PartsbookTestBook::showsAllParts()
     QCOMPARE(parts().text(99'999, 0), QString("T-100000"));
     QTest::keyClick(parts().widget(), Qt::Key_End, Qt::ControlModifier);
     QCOMPARE(parts().currentRow(), 99'999);
-}
-
-void tst_PartsbookTestBook::hasNoFileYet()
-{
-    command(ID_FILE_NEW_TEST)->trigger();
     m_frame->OnEnterIdle();
     QCOMPARE(window()->windowTitle(), QString("Parts Book 零件簿 - Untitled 未命名[*]"));
     QVERIFY(!window()->isWindowModified());
