@@ -40,11 +40,11 @@ bool CMainFrame::OpenBook(const QString& fileName)
 
 void CMainFrame::ShowBook()
 {
-    ShowName();
     m_parts.DeleteNonFixedRows(); // and with them the order of the last book
     ShowParts();
     SelectRow(0);
     ClearStatus();
+    ShowName();
 }
 
 bool CMainFrame::LoadBook(const QString& fileName)
@@ -123,8 +123,10 @@ void CMainFrame::OnFileNewTest()
 {
     if (!MayClose())
         return;
+    BeginWaitCursor();
     m_book = PartsBook(testParts(testBookSize));
     ShowBook();
+    EndWaitCursor();
 }
 
 void CMainFrame::OnFileOpen()

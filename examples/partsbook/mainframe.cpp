@@ -195,7 +195,12 @@ void CMainFrame::OnViewColumns()
     m_parts.ShowColumns(dialog.m_hidden);
 }
 
-void CMainFrame::OnViewFitColumns() { m_parts.AutoSizeColumns(); }
+void CMainFrame::OnViewFitColumns()
+{
+    BeginWaitCursor();
+    m_parts.AutoSizeColumns();
+    EndWaitCursor();
+}
 
 bool CMainFrame::TraceTo(const QString& fileName)
 {

@@ -221,12 +221,14 @@ int CPartsGrid::SelectedPart() const { return PartOf(m_idCurrentCell.row); }
 
 void CPartsGrid::SelectPart(int part)
 {
-    const int row = RowOf(part);
-    if (row < 0) {
+    if (RowOf(part) >= 0)
+        SelectCell(RowOf(part), std::max<int>(m_idCurrentCell.col, Number));
+    else
         ResetSelectedRange();
-        return;
-    }
-    const int column = std::max<int>(m_idCurrentCell.col, Number);
+}
+
+void CPartsGrid::SelectCell(int row, int column)
+{
     EndEditing();
     SetFocusCell(row, column);
     SetSelectedRange(row, column, row, column);

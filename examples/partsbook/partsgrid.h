@@ -98,6 +98,7 @@ private:
 
     CColumnData* DataOf(int column);
     void MakeHeadings();
+    void SelectCell(int row, int column);
     void SetPartCount(int parts);
     void SetPart(int row, int part);
     void ChangeTexts(int column, CString_X (*changed)(const CString_X&));

@@ -23,17 +23,21 @@ int CPartsGrid::HeadingAt(CPoint point) const
     return IsValid(cell) && cell.row < headingRows ? cell.col : -1;
 }
 
-// The focus stays with its part. The arrow stands in the upper row of the headings.
+// The focus stays with its cell. The arrow stands in the upper row of the headings.
 void CPartsGrid::SortBy(int column, bool ascending)
 {
     const bool isNumber = GetItemFormat(headingRows - 1, column) & DT_RIGHT;
-    const int selected = SelectedPart();
+    const int part = SelectedPart();
+    const int partColumn = m_idCurrentCell.col;
+    BeginWaitCursor();
     if (isNumber)
         ChangeTexts(column, withKey);
     SortTextItems(column, ascending);
     if (isNumber)
         ChangeTexts(column, withoutKey);
-    SelectPart(selected);
+    if (part >= 0)
+        SelectCell(RowOf(part), partColumn);
+    EndWaitCursor();
 }
 
 // Unlike SetItemText() this leaves the arrow alone.

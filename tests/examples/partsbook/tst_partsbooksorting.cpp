@@ -65,6 +65,7 @@ constexpr int byNumber = 1;
 constexpr int byName = 2;
 constexpr int byKind = 3;
 constexpr int byStock = 6;
+constexpr int byPrice = 8;
 
 } // namespace
 
@@ -114,7 +115,7 @@ void tst_PartsbookSorting::sortsByAColumn_data()
     QTest::newRow("texts backwards") << byNumber << false << "FA-3 FA-1 EL-4 BE-2";
     QTest::newRow("whole numbers by their value") << 7 << true << "EL-4 FA-1 BE-2 FA-3";
     QTest::newRow("equal numbers side by side") << byStock << false << "FA-1 BE-2 FA-3 EL-4";
-    QTest::newRow("prices by their value") << 8 << true << "EL-4 FA-1 FA-3 BE-2";
+    QTest::newRow("prices by their value") << byPrice << true << "EL-4 FA-1 FA-3 BE-2";
 }
 
 void tst_PartsbookSorting::sortsByAColumn()
@@ -129,7 +130,7 @@ void tst_PartsbookSorting::sortsByAColumn()
 
 void tst_PartsbookSorting::textsStayAsTheyAre()
 {
-    grid()->SortBy(8, true);
+    grid()->SortBy(byPrice, true);
     QCOMPARE(parts().text(0, 7), QString("0.005"));
     QCOMPARE(parts().text(3, 7), QString("12.50"));
     grid()->SortBy(0, false);
@@ -159,6 +160,10 @@ void tst_PartsbookSorting::theSelectedPartStaysSelected()
     QCOMPARE(parts().currentRow(), 3);
     QTest::keyClick(parts().widget(), Qt::Key_Up);
     QCOMPARE(parts().text(parts().currentRow(), 0), QString("EL-4"));
+    parts().setCurrentCell(0, byPrice - 1);
+    grid()->SortBy(byNumber, true);
+    QCOMPARE(grid()->m_idCurrentCell.col, byPrice);
+    QVERIFY(grid()->IsCellSelected(grid()->m_idCurrentCell));
 }
 
 void tst_PartsbookSorting::hiddenPartsStayHidden()
