@@ -2,8 +2,11 @@
 
 #include "XeGridCell.h"
 
+#include <sys/mman.h>
+
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
 #include <new>
 
 namespace xe {
@@ -16,9 +19,24 @@ struct Free
     Free* next;
 };
 
+// Many cells stand in regions of large pages, since the processor looks up no more than some thousand places of pages
+// quickly, and the pages of a million cells are ten times as many.
+struct Region
+{
+    char* begin = nullptr;
+    unsigned blocks = 0; // taken from it so far
+    unsigned used = 0;   // of these, with cells
+};
+
+constexpr std::size_t largePage = std::size_t(1) << 21;
+constexpr std::size_t regionSize = 2 * largePage;
+constexpr unsigned blocksInRegion = regionSize / blockSize;
+constexpr unsigned mostSingleBlocks = largePage / blockSize; // few cells take no more memory than they need
+
 // A block is in the list as long as it has room.
 struct Block
 {
+    Region* region; // null for a single one
     Block* previous;
     Block* next;
     Free* free;
@@ -35,6 +53,8 @@ constexpr std::size_t firstCell = (sizeof(Block) + alignof(CellMemory) - 1) / al
 constexpr unsigned cellsInBlock = (blockSize - firstCell) / sizeof(CellMemory);
 
 Block* blocksWithRoom = nullptr;
+unsigned singleBlocks = 0;
+Region* current = nullptr; // that blocks are taken from
 
 Block* blockOf(void* cell)
 {
@@ -63,12 +83,69 @@ void unlist(Block* block)
         block->next->previous = block->previous;
 }
 
-void addBlock()
+// At a multiple of the size of a large page.
+char* mapRegion()
+{
+    const std::size_t size = regionSize + largePage;
+    void* const memory = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (memory == MAP_FAILED)
+        throw std::bad_alloc();
+    auto* const begin = static_cast<char*>(memory);
+    const std::size_t before = -reinterpret_cast<std::uintptr_t>(begin) & (largePage - 1);
+    if (before > 0)
+        munmap(begin, before);
+    munmap(begin + before + regionSize, largePage - before);
+    madvise(begin + before, regionSize, MADV_HUGEPAGE); // a kernel without them gives small ones
+    return begin + before;
+}
+
+Block* blockOfRegion()
+{
+    if (!current || current->blocks == blocksInRegion) {
+        auto region = std::make_unique<Region>();
+        region->begin = mapRegion();
+        current = region.release();
+    }
+    return new (current->begin + blockSize * current->blocks++) Block{current, nullptr, nullptr, nullptr, 0, 0};
+}
+
+Block* singleBlock()
 {
     void* const memory = std::aligned_alloc(blockSize, blockSize);
     if (!memory)
         throw std::bad_alloc();
-    enlist(new (memory) Block{nullptr, nullptr, nullptr, 0, 0});
+    ++singleBlocks;
+    return new (memory) Block{nullptr, nullptr, nullptr, nullptr, 0, 0};
+}
+
+void addBlock() { enlist(singleBlocks < mostSingleBlocks ? singleBlock() : blockOfRegion()); }
+
+void giveRegionBack(Region* region)
+{
+    for (unsigned i = 0; i < region->blocks; ++i)
+        unlist(reinterpret_cast<Block*>(region->begin + blockSize * i));
+    munmap(region->begin, regionSize);
+    if (region == current)
+        current = nullptr;
+    delete region;
+}
+
+// What may be needed for the next cell stays: an empty region while there are many cells, one block after the last cell.
+void giveBlockBack(Block* block)
+{
+    if (Region* const region = block->region) {
+        const bool isReserve = region == current && singleBlocks == mostSingleBlocks;
+        if (--region->used == 0 && !isReserve)
+            giveRegionBack(region);
+        return;
+    }
+    if (block == blocksWithRoom && !block->next)
+        return;
+    unlist(block);
+    std::free(block);
+    --singleBlocks;
+    if (current && current->used == 0)
+        giveRegionBack(current);
 }
 
 } // namespace
@@ -83,6 +160,8 @@ void* takeCellMemory()
         block->free = block->free->next;
     else
         cell = cellOf(block, block->fresh++);
+    if (block->used == 0 && block->region)
+        ++block->region->used;
     if (++block->used == cellsInBlock)
         unlist(block);
     return cell;
@@ -94,11 +173,8 @@ void giveCellMemoryBack(void* cell) noexcept
     if (block->used-- == cellsInBlock)
         enlist(block);
     block->free = new (cell) Free{block->free};
-    const bool isOnlyOne = block == blocksWithRoom && !block->next;
-    if (block->used > 0 || isOnlyOne)
-        return;
-    unlist(block);
-    std::free(block);
+    if (block->used == 0)
+        giveBlockBack(block);
 }
 
 } // namespace xe

@@ -6,6 +6,8 @@
 
 #include <QPointer>
 
+#include <typeinfo>
+
 namespace {
 
 bool isCellClass(const CRuntimeClass_X* type) { return type && type->IsDerivedFrom(RUNTIME_CLASS_X(CGridCellBase_X)); }
@@ -58,7 +60,10 @@ void CGridCtrl_X::DestroyCell(int row, int col)
     CGridCellBase_X* const cell = cellAt(row, col);
     if (!cell)
         return;
-    SetItemState(row, col, 0);
+    // What only an override of SetState() could see is left out.
+    const bool isUnnoticed = typeid(*cell) == typeid(CGridCell_X) && !(cell->m_nState & CGridCellBase_X::Selected);
+    if (!isUnnoticed)
+        SetItemState(row, col, 0);
     (*m_RowData[static_cast<std::size_t>(row)])[static_cast<std::size_t>(col)] = nullptr;
     delete cell;
 }

@@ -87,6 +87,7 @@ private Q_SLOTS:
     void assignment();
     void assignmentFromABaseCell();
     void assignmentToItself();
+    void pool_data();
     void pool();
     void textExtent();
     void cellExtent();
@@ -295,17 +296,26 @@ void tst_GridCell::assignmentToItself()
     QCOMPARE(textOf(cell.GetText()), textOf(L"x"));
 }
 
+void tst_GridCell::pool_data()
+{
+    QTest::addColumn<int>("count");
+
+    QTest::newRow("some blocks") << 3000;
+    QTest::newRow("some regions of blocks") << 70'000;
+}
+
 // More cells than one block of the pool holds, freed in another order than made, with cells of a larger class between.
 void tst_GridCell::pool()
 {
+    QFETCH(int, count);
     std::vector<CGridCellBase_X*> cells;
-    for (int i = 0; i < 3000; ++i) {
+    for (int i = 0; i < count; ++i) {
         cells.push_back(i % 5 ? new CGridCell_X : new CBigCell);
         cells.back()->SetData(i);
     }
     for (std::size_t i = 0; i < cells.size(); i += 2)
         delete std::exchange(cells[i], nullptr);
-    for (std::size_t i = 0; i < cells.size(); i += 4) {
+    for (std::size_t i = 0; i < cells.size() / 2; i += 4) {
         cells[i] = new CGridCell_X;
         QCOMPARE(cells[i]->GetFormat(), 0x8824U);
         cells[i]->SetData(static_cast<long long>(i));
@@ -313,8 +323,12 @@ void tst_GridCell::pool()
     for (std::size_t i = 0; i < cells.size(); ++i) {
         if (cells[i])
             QCOMPARE(cells[i]->GetData(), static_cast<long long>(i));
-        delete cells[i];
+        delete std::exchange(cells[i], nullptr);
+        if (i % 16 == 0)
+            cells[i / 16] = new CGridCell_X; // where a block has just become empty, too
     }
+    for (const CGridCellBase_X* const cell : cells)
+        delete cell;
 }
 
 void tst_GridCell::textExtent()
