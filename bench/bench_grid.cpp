@@ -347,7 +347,7 @@ void tableAutoSize(benchmark::State& state)
 }
 
 // Each text is another one, so that each has to be laid out.
-QString differentText(int row) { return QStringLiteral("twelve") + QString::number(100'000 + row); }
+QString differentText(int number) { return QStringLiteral("twelve") + QString::number(100'000 + number); }
 
 void gridAutoSizeDifferent(benchmark::State& state)
 {
@@ -383,6 +383,31 @@ void paintGrid(benchmark::State& state)
 void paintTable(benchmark::State& state)
 {
     const std::unique_ptr<QTableWidget> table = makeFilledTable(100, 30);
+    QImage image(1600, 900, QImage::Format_RGB32);
+    for (auto _ : state)
+        table->render(&image);
+}
+
+// No text comes twice.
+void paintGridOfDifferent(benchmark::State& state)
+{
+    Shown shown(100, 30, false);
+    for (int row = 0; row < 100; ++row) {
+        for (int col = 0; col < 30; ++col)
+            shown.grid.SetItemText(row, col, CString_X(differentText(row * 30 + col)));
+    }
+    QImage image(1600, 900, QImage::Format_RGB32);
+    for (auto _ : state)
+        shown.widget.render(&image);
+}
+
+void paintTableOfDifferent(benchmark::State& state)
+{
+    const std::unique_ptr<QTableWidget> table = makeFilledTable(100, 30);
+    for (int row = 0; row < 100; ++row) {
+        for (int col = 0; col < 30; ++col)
+            table->item(row, col)->setText(differentText(row * 30 + col));
+    }
     QImage image(1600, 900, QImage::Format_RGB32);
     for (auto _ : state)
         table->render(&image);
@@ -426,5 +451,7 @@ BENCHMARK(tableAutoSizeDifferent)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(paintGrid)->Name("grid_paint/ours")->Unit(benchmark::kMillisecond);
 BENCHMARK(paintTable)->Name("grid_paint/peer:QTableWidget")->Unit(benchmark::kMillisecond);
+BENCHMARK(paintGridOfDifferent)->Name("grid_paint_different/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(paintTableOfDifferent)->Name("grid_paint_different/peer:QTableWidget")->Unit(benchmark::kMillisecond);
 BENCHMARK(scrollGridLine)->Name("grid_scroll_line/ours")->Unit(benchmark::kMillisecond);
 BENCHMARK(paintTable)->Name("grid_scroll_line/peer:QTableWidget")->Unit(benchmark::kMillisecond);

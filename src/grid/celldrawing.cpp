@@ -3,6 +3,7 @@
 #include "XeGridCtrl.h"
 #include "geometry/colorref.h"
 #include "grid/cellpicture.h"
+#include "grid/gridstate.h"
 #include "xeafxdc.h"
 
 #include <QImage>
@@ -252,7 +253,8 @@ void CellPainting::drawText()
     const QPen& pen = m_dc.pen();
     if (pen.style() != Qt::SolidLine || pen.color() != colour)
         m_dc.setPen(colour);
-    m_dc.drawText(place, ToQtTextFlag(m_cell.GetFormat()) | Qt::TextHideMnemonic, XeQString(text));
+    const int flags = ToQtTextFlag(m_cell.GetFormat()) | Qt::TextHideMnemonic;
+    xe::GridState::of(m_grid).texts.draw(m_dc, place, flags, XeQString(text));
 }
 
 bool canPaint(const CGridCellBase_X& cell, const CDC_X* dc, const CRect& rect)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "XeGridCtrl.h"
+#include "grid/celltexts.h"
 #include "grid/gridlines.h"
 
 #include <functional>
@@ -36,6 +37,7 @@ struct GridState
 
     GridLines rows;
     GridLines columns;
+    CellTexts texts;
     bool isMovingBar = false; // the grid itself sets the position of a bar
     bool isDestroyed = false; // the destructor runs: nobody is told of anything
     bool isPainting = false;  // OnDraw() runs: the image is its painter's

@@ -85,6 +85,9 @@ private Q_SLOTS:
     void headingOfTheFocus();
     void headingOfACoveredCell();
     void text();
+    void textsAsAPainterDrawsThem_data();
+    void textsAsAPainterDrawsThem();
+    void textOnAFinerDevice();
     void textColours();
     void pictureAtItsSize();
     void pictureTooLarge();
@@ -254,6 +257,78 @@ void tst_CellDrawing::text()
     right.draw(1, 1);
     QVERIFY(right.painted().left() > 60);
     QVERIFY(right.painted().center().y() < 24);
+}
+
+void tst_CellDrawing::textsAsAPainterDrawsThem_data()
+{
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("one word") << QStringLiteral("Word");
+    QTest::newRow("kerned") << QStringLiteral("AVAToYe fi");
+    QTest::newRow("spaces around") << QStringLiteral("  between  ");
+    QTest::newRow("one space") << QStringLiteral(" ");
+    QTest::newRow("does not fit") << QStringLiteral("a text that is too long for its cell");
+    QTest::newRow("lines") << QStringLiteral("one\ntwo\r\nthree");
+    QTest::newRow("line separator") << QStringLiteral("one") + QChar(QChar::LineSeparator) + QStringLiteral("two");
+    QTest::newRow("tab") << QStringLiteral("a\tb");
+    QTest::newRow("ampersands") << QStringLiteral("a&b && c");
+    QTest::newRow("two lengths") << QStringLiteral("longer") + QChar(0x9C) + QStringLiteral("long");
+    QTest::newRow("accents") << QString::fromUtf8("na\u0308h e\u0301t\u00E9 \u00F1");
+    QTest::newRow("several scripts") << QString::fromUtf8("abc \u4E16\u754C \u0416 \u03A9");
+    QTest::newRow("from right to left") << QString::fromUtf8("\u05E9\u05DC\u05D5\u05DD 12 a");
+    QTest::newRow("from right to left inside") << QString::fromUtf8("a \u05E9\u05DC\u05D5\u05DD 12");
+    QTest::newRow("beyond 16 bits") << QString::fromUtf8("a\U0001F600b");
+}
+
+// In each font and format, when the text comes for the first time and when it comes again.
+void tst_CellDrawing::textsAsAPainterDrawsThem()
+{
+    QFETCH(QString, text);
+    QFont lines;
+    lines.setUnderline(true);
+    lines.setStrikeOut(true);
+    QFont large;
+    large.setPixelSize(27);
+    Canvas canvas;
+    CGridCellBase_X& cell = *canvas.grid.cellAt(1, 1);
+    cell.SetText(CString_X(text));
+    for (const QFont& font : {QFont(), lines, large, QFont()}) {
+        cell.SetFont(reinterpret_cast<const CFont_X*>(&font));
+        for (const UINT format : {DT_LEFT, DT_CENTER, DT_RIGHT | DT_VCENTER, DT_VCENTER | DT_SINGLELINE, DT_RIGHT,
+                                  DT_WORDBREAK, UINT(0x8824)}) {
+            cell.SetFormat(format);
+            for (const CRect& rect : {CRect(3, 4, 110, 50), CRect(10, 10, 45, 24)}) {
+                QImage expected(canvas.image.size(), canvas.image.format());
+                expected.fill(QColor(white));
+                QPainter painter(&expected);
+                painter.setFont(font);
+                const QRect place(QPoint(rect.left + 3, rect.top), QPoint(rect.right - 4, rect.bottom - 1));
+                painter.drawText(place, ToQtTextFlag(format) | Qt::TextHideMnemonic, text);
+                for (int time = 0; time < 2; ++time) {
+                    canvas.image.fill(QColor(white));
+                    canvas.draw(1, 1, rect);
+                    QCOMPARE(canvas.image, expected);
+                }
+            }
+        }
+    }
+}
+
+void tst_CellDrawing::textOnAFinerDevice()
+{
+    Canvas canvas;
+    QFont font;
+    font.setPointSize(9);
+    CGridCellBase_X& cell = *canvas.grid.cellAt(1, 1);
+    cell.SetFont(reinterpret_cast<const CFont_X*>(&font));
+    cell.SetText(L"text");
+    canvas.draw(1, 1);
+    const int width = canvas.painted().width();
+    canvas.image.fill(QColor(white));
+    for (const auto set : {&QImage::setDotsPerMeterX, &QImage::setDotsPerMeterY})
+        (canvas.image.*set)(2 * 3780);
+    canvas.draw(1, 1);
+    QVERIFY(canvas.painted().width() > width * 3 / 2);
 }
 
 void tst_CellDrawing::textColours()
