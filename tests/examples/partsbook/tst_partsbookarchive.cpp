@@ -2,6 +2,7 @@
 
 #include "bookarchive.h"
 #include "partsbook.h"
+#include "samplelines.h"
 #include "testclass.h"
 
 #include <QProcess>
@@ -11,7 +12,7 @@
 
 namespace {
 
-Part screw()
+Part screwPart()
 {
     Part part;
     part.number = L"FA-1";
@@ -29,7 +30,7 @@ Part screw()
     return part;
 }
 
-Part motor()
+Part motorPart()
 {
     Part part;
     part.number = L"EL-3";
@@ -51,12 +52,6 @@ QByteArray emptyArchive()
     for (const char ch : QByteArray("end of parts"))
         bytes += QByteArray(1, ch) + QByteArray(3, '\0');
     return bytes;
-}
-
-QByteArray content(const QString& fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
 }
 
 } // namespace
@@ -91,19 +86,20 @@ private:
 void tst_PartsbookArchive::bytes()
 {
     QCOMPARE(archiveOf({}), emptyArchive());
-    QVERIFY(archiveOf({motor()}).contains(QByteArray("\xFF\xFE\xFF\x04"
-                                                     "E\0\0\0L\0\0\0-\0\0\0"
-                                                     "3\0\0\0",
-                                                     20)));
+    QVERIFY(archiveOf({motorPart()})
+                .contains(QByteArray("\xFF\xFE\xFF\x04"
+                                     "E\0\0\0L\0\0\0-\0\0\0"
+                                     "3\0\0\0",
+                                     20)));
 }
 
 void tst_PartsbookArchive::thereAndBack()
 {
     std::vector<Part> parts;
-    QVERIFY(readArchive(archiveOf({screw(), motor()}), parts).IsEmpty());
+    QVERIFY(readArchive(archiveOf({screwPart(), motorPart()}), parts).IsEmpty());
     QCOMPARE(parts.size(), std::size_t(2));
-    QVERIFY(parts[0] == screw());
-    QVERIFY(parts[1] == motor());
+    QVERIFY(parts[0] == screwPart());
+    QVERIFY(parts[1] == motorPart());
     QVERIFY(readArchive(emptyArchive(), parts).IsEmpty());
     QVERIFY(parts.empty());
 }
@@ -111,7 +107,7 @@ void tst_PartsbookArchive::thereAndBack()
 // It ends a part with the remark.
 void tst_PartsbookArchive::anArchiveOfTheFirstVersion()
 {
-    QByteArray bytes = archiveOf({motor()});
+    QByteArray bytes = archiveOf({motorPart()});
     const QByteArray twoEmptyTexts("\xFF\xFE\xFF\0\xFF\xFE\xFF\0", 8);
     const int remark = bytes.indexOf(twoEmptyTexts); // an empty one as well
     QVERIFY(remark > 0);
@@ -119,20 +115,20 @@ void tst_PartsbookArchive::anArchiveOfTheFirstVersion()
     bytes[44] = 1;
     std::vector<Part> parts;
     QVERIFY(readArchive(bytes, parts).IsEmpty());
-    QVERIFY(parts == std::vector<Part>{motor()});
+    QVERIFY(parts == std::vector<Part>{motorPart()});
 }
 
 void tst_PartsbookArchive::damagedArchives_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("problem");
-    Part wrong = motor();
+    Part wrong = motorPart();
     wrong.stock = -1;
-    Part other = motor();
+    Part other = motorPart();
     other.source = 7;
-    Part priceless = motor();
+    Part priceless = motorPart();
     priceless.price = std::nan("");
-    Part useless = motor();
+    Part useless = motorPart();
     useless.inUse = 3;
     QByteArray version0 = emptyArchive();
     version0[44] = 0;
@@ -140,7 +136,7 @@ void tst_PartsbookArchive::damagedArchives_data()
     version3[44] = 3;
     QByteArray moreParts = emptyArchive();
     moreParts.replace(48, 2, "\xFF\xFF\xFF\xFF\xFF\xFF");
-    QByteArray longName = archiveOf({motor()});
+    QByteArray longName = archiveOf({motorPart()});
     longName.replace(50, 4, QByteArray("\xFF\xFE\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\x7F", 18));
     QTest::newRow("empty") << QByteArray() << "it is no book of parts";
     QTest::newRow("a CSV file") << QByteArray("number,name\n") << "it is no book of parts";
@@ -150,7 +146,7 @@ void tst_PartsbookArchive::damagedArchives_data()
     QTest::newRow("more parts than there are") << moreParts << "part 2 of it is damaged (the part has no number)";
     QTest::newRow("a text of more than there is") << longName << "part 1 of it is damaged (the part has no number)";
     QTest::newRow("a number that no part can have")
-        << archiveOf({screw(), wrong}) << "part 2 of it is damaged (stock: no whole number from 0 to 99999)";
+        << archiveOf({screwPart(), wrong}) << "part 2 of it is damaged (stock: no whole number from 0 to 99999)";
     QTest::newRow("a source that is none") << archiveOf({other}) << "part 1 of it is damaged (it is damaged)";
     QTest::newRow("a use that is none") << archiveOf({useless}) << "part 1 of it is damaged (it is damaged)";
     QTest::newRow("a price that is no number")
@@ -160,16 +156,16 @@ void tst_PartsbookArchive::damagedArchives_data()
 void tst_PartsbookArchive::damagedArchives()
 {
     QFETCH(QByteArray, bytes);
-    std::vector<Part> parts{screw()};
+    std::vector<Part> parts{screwPart()};
     const QString problem = XeQString(readArchive(bytes, parts));
     QTEST(problem, "problem");
     QCOMPARE(parts.size(), std::size_t(1));
-    QVERIFY(parts[0] == screw());
+    QVERIFY(parts[0] == screwPart());
 }
 
 void tst_PartsbookArchive::everyCutIsNoticed()
 {
-    const QByteArray whole = archiveOf({screw(), motor()});
+    const QByteArray whole = archiveOf({screwPart(), motorPart()});
     for (int length = 0; length < whole.size(); ++length) {
         std::vector<Part> parts;
         QVERIFY2(!readArchive(whole.left(length), parts).IsEmpty(), qPrintable(QString::number(length)));
@@ -181,7 +177,7 @@ void tst_PartsbookArchive::manyParts()
 {
     std::vector<Part> parts;
     for (int i = 0; i < 70000; ++i) { // the count has 6 bytes
-        Part part = motor();
+        Part part = motorPart();
         part.number.Format(L"P-%d", i);
         parts.push_back(part);
     }
@@ -195,13 +191,13 @@ void tst_PartsbookArchive::manyParts()
 void tst_PartsbookArchive::fileNamesDecide()
 {
     PartsBook book;
-    book.add(motor());
+    book.add(motorPart());
     QVERIFY(book.saveAs(path("a.parts")));
     QVERIFY(book.saveAs(path("b.PARTS")));
-    QCOMPARE(content(path("a.parts")), archiveOf({motor()}));
-    QCOMPARE(content(path("b.PARTS")), archiveOf({motor()}));
+    QCOMPARE(contentOf(path("a.parts")), archiveOf({motorPart()}));
+    QCOMPARE(contentOf(path("b.PARTS")), archiveOf({motorPart()}));
     QVERIFY(book.saveAs(path("c.csv")));
-    QCOMPARE(content(path("c.csv")), QByteArray("EL-3,Motor,Electrical,Kessler,customer,0,0,0.00,yes,\n"));
+    QCOMPARE(contentOf(path("c.csv")), QByteArray("EL-3,Motor,Electrical,Kessler,customer,0,0,0.00,yes,\n"));
     QCOMPARE(book.fileName(), path("c.csv"));
     QVERIFY(!book.isModified());
 
@@ -224,20 +220,20 @@ void tst_PartsbookArchive::fromCsvToArchiveAndBack()
     for (int row = 0; row < book.count(); ++row)
         QVERIFY(again.part(row) == book.part(row));
     QVERIFY(again.saveAs(path("book.csv")));
-    QCOMPARE(content(path("book.csv")), content(qEnvironmentVariable("PARTS")));
+    QCOMPARE(contentOf(path("book.csv")), contentOf(qEnvironmentVariable("PARTS")));
 }
 
 void tst_PartsbookArchive::cannotBeWritten()
 {
     PartsBook book;
-    book.add(motor());
+    book.add(motorPart());
     QVERIFY(book.saveAs(path("a.parts")));
-    book.add(screw());
+    book.add(screwPart());
     QVERIFY(!book.saveAs(path("nowhere/a.parts")));
     QVERIFY(!book.error().IsEmpty());
     QVERIFY(book.isModified());
     QCOMPARE(book.fileName(), path("a.parts"));
-    QCOMPARE(content(path("a.parts")), archiveOf({motor()}));
+    QCOMPARE(contentOf(path("a.parts")), archiveOf({motorPart()}));
 }
 
 void tst_PartsbookArchive::killedWhileSaving_data()

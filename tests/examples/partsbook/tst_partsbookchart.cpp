@@ -5,6 +5,7 @@
 #include "mainframe.h"
 #include "partsview.h"
 #include "resource.h"
+#include "samplelines.h"
 #include "testclass.h"
 
 #include <QTemporaryDir>
@@ -12,13 +13,8 @@
 
 namespace {
 
-const QByteArray heading = "number,name,kind,supplier,source,stock,minimum,price,in use,remark\n";
-const QByteArray screw = "FA-1,Screw 螺钉,Fastener,华丰,bought,10,5,0.06,yes,\n";
-const QByteArray bearing = "BE-2,Bearing,Bearing,瓦轴,made,3,6,12.50,yes,\n";
-const QByteArray nut = "FA-3,Nut,Fastener,华丰,bought,20,15,0.06,yes,\n";
 const QByteArray oldNut = "FA-4,Old nut,Fastener,华丰,bought,30,100,0.06,no,\n";
-const QByteArray motor = "EL-5,Motor,Electrical,Kessler,customer,2,0,0.00,yes,heavy\n";
-const QByteArray book = heading + screw + bearing + nut + oldNut + motor;
+const QByteArray bookOfFive = headingLine + screw + bearing + nut + oldNut + motor;
 
 KindStock stockOf(long long inUse, long long unused, long long minimum)
 {
@@ -82,7 +78,7 @@ void tst_PartsbookChart::init()
     m_folder.reset(new QTemporaryDir);
     QFile file(m_folder->filePath("parts.csv"));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(book);
+    file.write(bookOfFive);
     file.close();
     m_frame.reset(new CMainFrame);
     QCOMPARE(m_frame->Create(nullptr), 1);
@@ -237,7 +233,7 @@ void tst_PartsbookChart::theChartFollowsTheBook()
 {
     QFile file(m_folder->filePath("other.csv"));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(heading + motor);
+    file.write(headingLine + motor);
     file.close();
     QVERIFY(m_frame->OpenBook(file.fileName()));
     QCOMPARE(chart()->Layout().bars.size(), std::size_t(1));

@@ -19,11 +19,11 @@
 
 namespace {
 
-const QByteArray book = "number,name,kind,supplier,source,stock,minimum,price,in use,remark\n"
-                        "FA-1,Screw,Fastener,A,bought,10,5,0.06,yes,\n"
-                        "BE-2,Bearing,Bearing,B,made,20,6,12.50,yes,steel\n"
-                        "EL-4,Motor,Electrical,C,customer,30,0,0.50,yes,\n"
-                        "FA-3,Nut,Fastener,A,bought,40,15,7.00,yes,steel\n";
+const QByteArray bookToCopy = "number,name,kind,supplier,source,stock,minimum,price,in use,remark\n"
+                              "FA-1,Screw,Fastener,A,bought,10,5,0.06,yes,\n"
+                              "BE-2,Bearing,Bearing,B,made,20,6,12.50,yes,steel\n"
+                              "EL-4,Motor,Electrical,C,customer,30,0,0.50,yes,\n"
+                              "FA-3,Nut,Fastener,A,bought,40,15,7.00,yes,steel\n";
 
 constexpr int nameColumn = 1;
 constexpr int stockColumn = 5;
@@ -79,7 +79,7 @@ void tst_PartsbookClipboard::init()
     clipboard().clear();
     QFile file(m_folder.filePath("parts.csv"));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(book);
+    file.write(bookToCopy);
     file.close();
     settings::setHiddenColumns(0);
     m_frame.reset(new CMainFrame);
@@ -300,7 +300,7 @@ void tst_PartsbookClipboard::cutsWhatMayBeEmpty()
     QCOMPARE(column(stockColumn), QString("10 20 30 40"));
 }
 
-// ----------------------------------------------------------------------------------------------------------- the fields
+// --------------------------------------------------------------------------------------------------------- the fields
 
 void tst_PartsbookClipboard::keysOfAnOpenEditor()
 {

@@ -24,7 +24,7 @@
 
 namespace {
 
-Part samplePart()
+Part fullPart()
 {
     Part part;
     part.number = L"BE-6204";
@@ -100,7 +100,7 @@ private:
 void tst_PartsbookDialog::init()
 {
     m_dialog.reset(new CPartDialog(L"Part", m_book, m_pictures, nullptr));
-    m_dialog->m_part = samplePart();
+    m_dialog->m_part = fullPart();
 }
 
 void tst_PartsbookDialog::cleanup()
@@ -141,7 +141,7 @@ void tst_PartsbookDialog::showsThePart()
                                "on",      "off",
                                "off",     "Part"};
     QCOMPARE(shown, expected);
-    QVERIFY(m_dialog->m_part == samplePart());
+    QVERIFY(m_dialog->m_part == fullPart());
 }
 
 void tst_PartsbookDialog::showsANewPart()
@@ -197,7 +197,7 @@ void tst_PartsbookDialog::cancelLeavesThePart()
         press(dialog, "Cancel");
     });
     QCOMPARE(result, IDCANCEL);
-    QVERIFY(m_dialog->m_part == samplePart());
+    QVERIFY(m_dialog->m_part == fullPart());
 }
 
 void tst_PartsbookDialog::formHasItsStyle()
@@ -236,7 +236,7 @@ void tst_PartsbookDialog::oneValueThatFailsChangesNothing()
         QTRY_VERIFY(driver.hasActed());
         press(dialog, "Cancel");
     });
-    QVERIFY(m_dialog->m_part == samplePart());
+    QVERIFY(m_dialog->m_part == fullPart());
 }
 
 void tst_PartsbookDialog::refuses_data()
@@ -284,7 +284,7 @@ void tst_PartsbookDialog::refuses()
     });
     QCOMPARE(told, message);
     QCOMPARE(focused, ToStringId(control));
-    QVERIFY(m_dialog->m_part == samplePart());
+    QVERIFY(m_dialog->m_part == fullPart());
 }
 
 void tst_PartsbookDialog::limitsWhatIsTyped()

@@ -1,5 +1,6 @@
 // The real program under a user's hands: its questions for files, a folder, a colour and a printer.
 
+#include "samplelines.h"
 #include "testclass.h"
 #include "xuser.h"
 
@@ -9,10 +10,7 @@
 
 namespace {
 
-const QByteArray heading = "number,name,kind,supplier,source,stock,minimum,price,in use,remark\n";
-const QByteArray screw = "FA-1,Screw 螺钉,Fastener,华丰,bought,1,5,0.06,yes,\n";
-const QByteArray bearing = "BE-2,Bearing,Bearing,瓦轴,made,3,5,12.50,yes,\n";
-const QByteArray motor = "EL-3,Motor,Electrical,Kessler,customer,0,0,0.00,no,heavy\n";
+const QByteArray shortScrew = "FA-1,Screw 螺钉,Fastener,华丰,bought,1,5,0.06,yes,\n";
 
 } // namespace
 
@@ -63,9 +61,9 @@ void tst_PartsbookDialogs::initTestCase()
 void tst_PartsbookDialogs::init()
 {
     m_folder.reset(new QTemporaryDir);
-    write("parts.csv", heading + screw);
-    write("other.csv", heading + bearing);
-    write("third.csv", heading + motor);
+    write("parts.csv", headingLine + shortScrew);
+    write("other.csv", headingLine + bearing);
+    write("third.csv", headingLine + idleMotor);
     m_user.movePointer({1270, 1020});
 }
 
@@ -165,7 +163,7 @@ void tst_PartsbookDialogs::saveAsAnArchive()
     answer("book.parts");
     comesUp("Parts Book 零件簿 - book.parts");
     QVERIFY(read("book.parts").size() > 20);
-    QCOMPARE(read("parts.csv"), heading + screw);
+    QCOMPARE(read("parts.csv"), headingLine + shortScrew);
     end();
 }
 
@@ -182,7 +180,7 @@ void tst_PartsbookDialogs::importSeveralBooks()
     quote();
     answer("");
     m_user.press("Control_L s");
-    QTRY_COMPARE(read("parts.csv"), heading + screw + motor + bearing);
+    QTRY_COMPARE(read("parts.csv"), headingLine + shortScrew + idleMotor + bearing);
     end();
 }
 
@@ -196,7 +194,7 @@ void tst_PartsbookDialogs::importOfNoBook()
     comesUp("严重错误");
     answer("");
     end();
-    QCOMPARE(read("parts.csv"), heading + screw);
+    QCOMPARE(read("parts.csv"), headingLine + shortScrew);
 }
 
 void tst_PartsbookDialogs::backUp()
@@ -208,7 +206,7 @@ void tst_PartsbookDialogs::backUp()
     comesUp("Parts Book");
     ask("Alt_L f, b", "Back Up");
     answer("copies");
-    QTRY_COMPARE(read("copies/parts " + QDate::currentDate().toString(Qt::ISODate) + ".csv"), heading + screw);
+    QTRY_COMPARE(read("copies/parts " + QDate::currentDate().toString(Qt::ISODate) + ".csv"), headingLine + shortScrew);
     end();
 }
 
@@ -230,7 +228,7 @@ void tst_PartsbookDialogs::printToAFile()
 void tst_PartsbookDialogs::colourOfShortParts()
 {
     constexpr unsigned long green = 0x107830;
-    write("parts.csv", heading + bearing + screw); // the second is not selected
+    write("parts.csv", headingLine + bearing + shortScrew); // the second is not selected
     start();
     QVERIFY(!screenHas(green));
     ask("Alt_L v, c", "Select Color");

@@ -1,5 +1,6 @@
 // The real program under a user's hands: what keyboard and mouse do to the file, byte for byte.
 
+#include "samplelines.h"
 #include "testclass.h"
 #include "xuser.h"
 
@@ -8,13 +9,7 @@
 
 namespace {
 
-QByteArray contentOf(const QString& fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
-}
-
-const QByteArray bearing =
+const QByteArray ballBearing =
     "BE-6204,Ball bearing 6204-2RS 深沟球轴承,Bearing 轴承,Wafangdian 瓦轴,bought,126,60,3.65,yes,\n";
 
 } // namespace
@@ -63,7 +58,7 @@ void tst_PartsbookEditing::initTestCase()
 {
     QVERIFY(m_user.isUsable());
     QVERIFY2(QFileInfo(qEnvironmentVariable("PARTSBOOK")).isExecutable(), "PARTSBOOK does not name the program");
-    QCOMPARE(m_original.count(bearing), 1);
+    QCOMPARE(m_original.count(ballBearing), 1);
 }
 
 void tst_PartsbookEditing::init()
@@ -140,8 +135,8 @@ void tst_PartsbookEditing::openBearing()
 
 void tst_PartsbookEditing::becomesOriginalBut(const QByteArray& line)
 {
-    const int before = m_original.indexOf(bearing);
-    const int behind = m_original.size() - before - bearing.size();
+    const int before = m_original.indexOf(ballBearing);
+    const int behind = m_original.size() - before - ballBearing.size();
     const auto present = [&] { return contentOf(m_parts); };
     (void)QTest::qWaitFor([&] { return present() != m_original; });
     QCOMPARE(QString(present().mid(before, present().size() - before - behind)), QString(line));
@@ -166,7 +161,7 @@ void tst_PartsbookEditing::oneFieldAfterARefusal()
     comesUp("Parts Book");
     QCOMPARE(contentOf(m_parts), m_original);
     m_user.press("Control_L s");
-    becomesOriginalBut(QByteArray(bearing).replace(",126,", ",250,"));
+    becomesOriginalBut(QByteArray(ballBearing).replace(",126,", ",250,"));
     m_user.close(m_window);
     waitForEnd(0);
 }
@@ -328,12 +323,12 @@ void tst_PartsbookEditing::unsavedChangesAreSavedOnClosing()
     comesUp("疑问");
     m_user.press("Return"); // yes
     waitForEnd(0);
-    becomesOriginalBut(QByteArray(bearing).replace(",3.65,", ",4.00,"));
+    becomesOriginalBut(QByteArray(ballBearing).replace(",3.65,", ",4.00,"));
 }
 
 void tst_PartsbookEditing::badLinesStay()
 {
-    m_original = "number,name\r\n\xFF\xFE\r\n" + QByteArray(bearing).replace('\n', "\r\n") + "\"open";
+    m_original = "number,name\r\n\xFF\xFE\r\n" + QByteArray(ballBearing).replace('\n', "\r\n") + "\"open";
     init();
     start();
     comesUp("警告");

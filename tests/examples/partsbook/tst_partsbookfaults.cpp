@@ -2,18 +2,13 @@
 
 #include "failingcall.h"
 #include "partsbook.h"
+#include "samplelines.h"
 #include "smalldisk.h"
 #include "testclass.h"
 
 #include <QTemporaryDir>
 
 namespace {
-
-QByteArray contentOf(const QString& name)
-{
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
-}
 
 void addPart(PartsBook& book)
 {

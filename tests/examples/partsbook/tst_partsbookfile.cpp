@@ -1,6 +1,7 @@
 // A book of parts and its file: what the user has not changed is never lost, and a file is written whole or not at all.
 
 #include "partsbook.h"
+#include "samplelines.h"
 #include "testclass.h"
 
 #include <QTemporaryDir>
@@ -10,10 +11,8 @@
 
 namespace {
 
-const QByteArray heading = "number,name,kind,supplier,source,stock,minimum,price,in use,remark\n";
-const QByteArray screw = "FA-1,Screw 螺钉,Fastener,华丰,bought,10,5,0.06,yes,\n";
-const QByteArray bearing = "BE-2,\"Bearing, small\",Bearing,瓦轴,made,3,5,12.5,no,\"top \"\"A\"\"\"\n";
-const QByteArray motor = "EL-3,Motor,Electrical,Kessler,customer,0,0,0.00,yes,heavy\n";
+const QByteArray quotedBearing = "BE-2,\"Bearing, small\",Bearing,瓦轴,made,3,5,12.5,no,\"top \"\"A\"\"\"\n";
+const QByteArray freeMotor = "EL-3,Motor,Electrical,Kessler,customer,0,0,0.00,yes,heavy\n";
 
 // While it lives, this process can write no file beyond a size.
 class SmallFiles
@@ -132,17 +131,17 @@ void tst_PartsbookFile::isSavedAsItWas_data()
         QTest::newRow(name) << text << parts << badLines;
     };
     row("an empty file", "", 0, 0);
-    row("a heading alone", heading, 0, 0);
-    row("heading and parts", heading + screw + bearing, 2, 0);
-    row("parts without a heading", screw + bearing, 2, 0);
-    row("a byte order mark", "\xEF\xBB\xBF" + heading + screw, 1, 0);
+    row("a heading alone", headingLine, 0, 0);
+    row("heading and parts", headingLine + screw + quotedBearing, 2, 0);
+    row("parts without a heading", screw + quotedBearing, 2, 0);
+    row("a byte order mark", "\xEF\xBB\xBF" + headingLine + screw, 1, 0);
     row("a byte order mark without a heading", "\xEF\xBB\xBF" + screw, 1, 0);
-    row("CR LF", QByteArray(heading + screw + bearing).replace('\n', "\r\n"), 2, 0);
-    row("no line end at the end", (heading + screw).chopped(1), 1, 0);
-    row("blank lines", heading + "\n  \n" + screw + "\n\n" + bearing + "\n", 2, 0);
+    row("CR LF", QByteArray(headingLine + screw + quotedBearing).replace('\n', "\r\n"), 2, 0);
+    row("no line end at the end", (headingLine + screw).chopped(1), 1, 0);
+    row("blank lines", headingLine + "\n  \n" + screw + "\n\n" + quotedBearing + "\n", 2, 0);
     row("other ways to write the same", "FA-1,\"Screw\",,,BOUGHT,010,5,0.0600,Yes,\n", 1, 0);
-    row("a heading further down is a bad line", screw + heading, 1, 1);
-    row("bad lines everywhere", "no part\n" + screw + "\xFF\xFE\n\"open\n" + bearing + "too,few\n", 2, 4);
+    row("a heading further down is a bad line", screw + headingLine, 1, 1);
+    row("bad lines everywhere", "no part\n" + screw + "\xFF\xFE\n\"open\n" + quotedBearing + "too,few\n", 2, 4);
     row("bytes of any kind", QByteArray("\0\1\2\n\xC3\x28\r\r\n\"\"\"", 12) + screw, 0, 3);
 }
 
@@ -158,8 +157,8 @@ void tst_PartsbookFile::isSavedAsItWas()
 
 void tst_PartsbookFile::badLinesAreTold()
 {
-    QVERIFY(load(heading + screw + "too,few\n" + "\"two\nlines\",x\n" + "FA-9,x,y,z,bought,many,5,1,yes,\n" + bearing
-                 + "\"open\n"));
+    QVERIFY(load(headingLine + screw + "too,few\n" + "\"two\nlines\",x\n" + "FA-9,x,y,z,bought,many,5,1,yes,\n"
+                 + quotedBearing + "\"open\n"));
     QCOMPARE(m_book.count(), 2);
     const auto& bad = m_book.badLines();
     QCOMPARE(bad.size(), std::size_t(4));
@@ -175,21 +174,21 @@ void tst_PartsbookFile::badLinesAreTold()
 
 void tst_PartsbookFile::badLinesKeepTheirPlaces()
 {
-    QVERIFY(load(heading + "bad 1\n" + screw + "bad 2\n" + bearing + "bad 3\n"));
+    QVERIFY(load(headingLine + "bad 1\n" + screw + "bad 2\n" + quotedBearing + "bad 3\n"));
     Part part = m_book.part(0);
     part.stock = 7;
     m_book.change(0, part);
     m_book.remove(1);
     m_book.add(part);
     const QByteArray changed = "FA-1,Screw 螺钉,Fastener,华丰,bought,7,5,0.06,yes,\n";
-    QCOMPARE(saved(), heading + "bad 1\n" + changed + "bad 2\nbad 3\n" + changed);
+    QCOMPARE(saved(), headingLine + "bad 1\n" + changed + "bad 2\nbad 3\n" + changed);
 }
 
 // ---------------------------------------------------------------------------------------------------------- changes
 
 void tst_PartsbookFile::aChangeChangesItsLine()
 {
-    QVERIFY(load(heading + screw + bearing + motor));
+    QVERIFY(load(headingLine + screw + quotedBearing + freeMotor));
     Part part = m_book.part(1);
     part.name = L"Bearing \"6204\", 轴承";
     part.source = Part::FromCustomer;
@@ -197,15 +196,15 @@ void tst_PartsbookFile::aChangeChangesItsLine()
     m_book.change(1, part);
     QVERIFY(m_book.isModified());
     QCOMPARE(saved(),
-             heading + screw
+             headingLine + screw
                  + "BE-2,\"Bearing \"\"6204\"\", 轴承\",Bearing,瓦轴,customer,3,5,12.50,yes,\"top \"\"A\"\"\"\n"
-                 + motor);
+                 + freeMotor);
     QVERIFY(!m_book.isModified());
 }
 
 void tst_PartsbookFile::aChangedLineKeepsItsEnd()
 {
-    QVERIFY(load(screw.chopped(1) + "\r\n" + motor.chopped(1)));
+    QVERIFY(load(screw.chopped(1) + "\r\n" + freeMotor.chopped(1)));
     for (int row = 0; row < 2; ++row) {
         Part part = m_book.part(row);
         part.remark = L"new";
@@ -217,10 +216,10 @@ void tst_PartsbookFile::aChangedLineKeepsItsEnd()
 
 void tst_PartsbookFile::noChangeIsNone()
 {
-    QVERIFY(load(bearing));
+    QVERIFY(load(quotedBearing));
     m_book.change(0, Part(m_book.part(0)));
     QVERIFY(!m_book.isModified());
-    QCOMPARE(saved(), bearing); // its price is written otherwise than it would be now
+    QCOMPARE(saved(), quotedBearing); // its price is written otherwise than it would be now
 }
 
 void tst_PartsbookFile::newPartsComeLast_data()
@@ -234,7 +233,7 @@ void tst_PartsbookFile::newPartsComeLast_data()
     QTest::newRow("behind a last line without an end") << screw.chopped(1) << screw + added + "\n";
     QTest::newRow("behind a bad line") << screw + "bad\n" << screw + "bad\n" + added + "\n";
     QTest::newRow("behind a bad line without an end") << screw + "bad" << screw + "bad\n" + added + "\n";
-    QTest::newRow("behind a heading without an end") << heading.chopped(1) << heading + added + "\n";
+    QTest::newRow("behind a heading without an end") << headingLine.chopped(1) << headingLine + added + "\n";
     QTest::newRow("with CR LF") << QByteArray("bad\r\nbad") << "bad\r\nbad\r\n" + added + "\r\n";
 }
 
@@ -253,20 +252,20 @@ void tst_PartsbookFile::newPartsComeLast()
 
 void tst_PartsbookFile::removal()
 {
-    QVERIFY(load(heading + screw + bearing + motor));
+    QVERIFY(load(headingLine + screw + quotedBearing + freeMotor));
     m_book.remove(1);
     QVERIFY(m_book.isModified());
     QCOMPARE(m_book.count(), 2);
-    QCOMPARE(saved(), heading + screw + motor);
+    QCOMPARE(saved(), headingLine + screw + freeMotor);
     m_book.remove(0);
     m_book.remove(0);
     QCOMPARE(m_book.count(), 0);
-    QCOMPARE(saved(), heading);
+    QCOMPARE(saved(), headingLine);
 }
 
 void tst_PartsbookFile::find()
 {
-    QVERIFY(load(screw + bearing + motor));
+    QVERIFY(load(screw + quotedBearing + freeMotor));
     QCOMPARE(m_book.find(L"motor", false, 0), 2);
     QCOMPARE(m_book.find(L"motor", true, 0), -1);
     QCOMPARE(m_book.find(L"r", false, 0), 1);
@@ -279,7 +278,7 @@ void tst_PartsbookFile::find()
 
 void tst_PartsbookFile::findAll()
 {
-    QVERIFY(load(screw + bearing + motor));
+    QVERIFY(load(screw + quotedBearing + freeMotor));
     QVERIFY(m_book.findAll(L"e", false) == (std::vector<int>{0, 1, 2}));
     QVERIFY(m_book.findAll(L"MOTOR", false) == std::vector<int>{2});
     QVERIFY(m_book.findAll(L"MOTOR", true).empty());
@@ -287,7 +286,7 @@ void tst_PartsbookFile::findAll()
 
 void tst_PartsbookFile::namesOfKindsAndSuppliers()
 {
-    QVERIFY(load(motor + screw + screw + "X-1,,,,made,0,0,0.00,yes,\n" + bearing));
+    QVERIFY(load(freeMotor + screw + screw + "X-1,,,,made,0,0,0.00,yes,\n" + quotedBearing));
     QVERIFY(m_book.namesOf(&Part::kind) == (std::vector<CString_X>{L"Electrical", L"Fastener", L"Bearing"}));
     QVERIFY(m_book.namesOf(&Part::supplier) == (std::vector<CString_X>{L"Kessler", L"华丰", L"瓦轴"}));
     QVERIFY(PartsBook().namesOf(&Part::kind).empty());
@@ -295,19 +294,19 @@ void tst_PartsbookFile::namesOfKindsAndSuppliers()
 
 void tst_PartsbookFile::renaming()
 {
-    QVERIFY(load(screw + motor + screw));
+    QVERIFY(load(screw + freeMotor + screw));
     m_book.rename(&Part::kind, L"Nothing", L"Something");
     QVERIFY(!m_book.isModified());
     m_book.rename(&Part::kind, L"Fastener", L"Bolt");
     m_book.rename(&Part::supplier, L"Kessler", L"K");
     const QByteArray bolt = QByteArray(screw).replace("Fastener", "Bolt");
-    QCOMPARE(saved(), bolt + QByteArray(motor).replace("Kessler", "K") + bolt);
+    QCOMPARE(saved(), bolt + QByteArray(freeMotor).replace("Kessler", "K") + bolt);
 }
 
 // A changed line gets the fields that such a file does not have only when there is something in them.
 void tst_PartsbookFile::aLineOfAnEarlierVersion()
 {
-    QVERIFY(load(screw + motor));
+    QVERIFY(load(screw + freeMotor));
     Part part = m_book.part(0);
     part.stock = 11;
     m_book.change(0, part);
@@ -315,7 +314,7 @@ void tst_PartsbookFile::aLineOfAnEarlierVersion()
     part.delivered = L"2026-03-31";
     m_book.change(1, part);
     QCOMPARE(saved(),
-             QByteArray(screw).replace(",10,", ",11,") + QByteArray(motor).replace("heavy", "heavy,2026-03-31"));
+             QByteArray(screw).replace(",10,", ",11,") + QByteArray(freeMotor).replace("heavy", "heavy,2026-03-31"));
 }
 
 // ---------------------------------------------------------------------------------------------------------- failures
@@ -388,18 +387,18 @@ void tst_PartsbookFile::cannotBeWritten()
 // What the system takes of it ends in the middle, as on a full disk.
 void tst_PartsbookFile::noRoomForTheWholeFile()
 {
-    const QByteArray text = heading + screw + bearing.repeated(1000);
+    const QByteArray text = headingLine + screw + quotedBearing.repeated(1000);
     QVERIFY(load(text));
     m_book.remove(0);
     {
-        const SmallFiles limit(heading.size() + 1);
+        const SmallFiles limit(headingLine.size() + 1);
         QVERIFY(!m_book.save());
     }
     QVERIFY(!m_book.error().IsEmpty());
     QVERIFY(m_book.isModified());
     QCOMPARE(content(), text);
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList("parts.csv"));
-    QCOMPARE(saved(), heading + bearing.repeated(1000));
+    QCOMPARE(saved(), headingLine + quotedBearing.repeated(1000));
 }
 
 void tst_PartsbookFile::savingKeepsALink()

@@ -17,11 +17,11 @@
 
 namespace {
 
-const QByteArray book = "number,name,kind,supplier,source,stock,minimum,price,in use,remark\n"
-                        "FA-1,Screw 螺钉,Fastener,华丰,bought,10,5,0.06,yes,\n"
-                        "BE-2,Bearing,Bearing,瓦轴,made,3,6,12.50,yes,steel\n"
-                        "FA-3,Nut,Fastener,华丰,bought,20,15,0.06,yes,\n"
-                        "EL-4,Motor,Electrical,Kessler,customer,2,0,0.00,yes,heavy\n";
+const QByteArray bookToSearch = "number,name,kind,supplier,source,stock,minimum,price,in use,remark\n"
+                                "FA-1,Screw 螺钉,Fastener,华丰,bought,10,5,0.06,yes,\n"
+                                "BE-2,Bearing,Bearing,瓦轴,made,3,6,12.50,yes,steel\n"
+                                "FA-3,Nut,Fastener,华丰,bought,20,15,0.06,yes,\n"
+                                "EL-4,Motor,Electrical,Kessler,customer,2,0,0.00,yes,heavy\n";
 
 } // namespace
 
@@ -64,7 +64,7 @@ void tst_PartsbookFind::init()
 {
     QFile file(m_folder.filePath("parts.csv"));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(book);
+    file.write(bookToSearch);
     file.close();
     m_frame.reset(new CMainFrame);
     QCOMPARE(m_frame->Create(nullptr), 1);

@@ -5,6 +5,7 @@
 #include "modaldriver.h"
 #include "partsview.h"
 #include "resource.h"
+#include "samplelines.h"
 #include "testclass.h"
 
 #include <QAbstractButton>
@@ -25,11 +26,6 @@
 #include <xeresource.h>
 
 namespace {
-
-const QByteArray heading = "number,name,kind,supplier,source,stock,minimum,price,in use,remark\n";
-const QByteArray screw = "FA-1,Screw 螺钉,Fastener,华丰,bought,10,5,0.06,yes,\n";
-const QByteArray bearing = "BE-2,Bearing,Bearing,瓦轴,made,3,5,12.50,yes,\n";
-const QByteArray motor = "EL-3,Motor,Electrical,Kessler,customer,0,0,0.00,no,heavy\n";
 
 // What is done with a box: its button with this text is pressed. Gives the text of the box.
 class Answer
@@ -226,7 +222,7 @@ void tst_PartsbookFrame::eachNumberHasItsTextOrControl()
 
 void tst_PartsbookFrame::showsTheParts()
 {
-    QVERIFY(open(heading + screw + bearing + motor));
+    QVERIFY(open(headingLine + screw + bearing + idleMotor));
     QCOMPARE(window()->windowTitle(), QString("Parts Book 零件簿 - parts.csv[*]"));
     QCOMPARE(table().rowCount(), 3);
     QCOMPARE(table().columnCount(), 11);
@@ -240,7 +236,7 @@ void tst_PartsbookFrame::showsTheParts()
 
 void tst_PartsbookFrame::badLinesAreReported()
 {
-    QByteArray text = heading + screw + "a,b\n";
+    QByteArray text = headingLine + screw + "a,b\n";
     for (int i = 0; i < 14; ++i)
         text += "x\n";
     const Answer answer("确定");
@@ -262,11 +258,11 @@ void tst_PartsbookFrame::aFileThatCannotBeRead()
 
 void tst_PartsbookFrame::commandsThatHaveNothingToDo()
 {
-    QVERIFY(open(heading));
+    QVERIFY(open(headingLine));
     QVERIFY(!command(ID_PART_EDIT)->isEnabled());
     QVERIFY(!command(ID_PART_DELETE)->isEnabled());
     QVERIFY(!command(ID_FILE_SAVE)->isEnabled());
-    QVERIFY(open(heading + screw));
+    QVERIFY(open(headingLine + screw));
     QVERIFY(command(ID_PART_EDIT)->isEnabled());
     QVERIFY(command(ID_PART_DELETE)->isEnabled());
     QVERIFY(!command(ID_FILE_SAVE)->isEnabled());
@@ -279,7 +275,7 @@ void tst_PartsbookFrame::commandsThatHaveNothingToDo()
 
 void tst_PartsbookFrame::newPart()
 {
-    QVERIFY(open(heading + screw));
+    QVERIFY(open(headingLine + screw));
     const ModalDriver<QDialog> driver([](QDialog* dialog) {
         QCOMPARE(dialog->windowTitle(), QString("New Part 新建零件"));
         dialog->findChild<QLineEdit*>("IDC_NUMBER")->setText("N-1");
@@ -298,7 +294,7 @@ void tst_PartsbookFrame::newPart()
 
 void tst_PartsbookFrame::editPart()
 {
-    QVERIFY(open(heading + screw + bearing));
+    QVERIFY(open(headingLine + screw + bearing));
     table().setCurrentCell(1, 3);
     const ModalDriver<QDialog> driver([](QDialog* dialog) {
         QCOMPARE(dialog->findChild<QListWidget*>()->count(), 2);
@@ -315,7 +311,7 @@ void tst_PartsbookFrame::editPart()
 
 void tst_PartsbookFrame::deleteAfterYes()
 {
-    QVERIFY(open(heading + screw + bearing));
+    QVERIFY(open(headingLine + screw + bearing));
     deleteRow(0, "是");
     QCOMPARE(table().rowCount(), 1);
     QCOMPARE(cell(0, 0), QString("BE-2"));
@@ -324,7 +320,7 @@ void tst_PartsbookFrame::deleteAfterYes()
 
 void tst_PartsbookFrame::noDeletionAfterNo()
 {
-    QVERIFY(open(heading + screw + bearing));
+    QVERIFY(open(headingLine + screw + bearing));
     deleteRow(0, "否");
     QCOMPARE(table().rowCount(), 2);
     QVERIFY(!window()->isWindowModified());
@@ -332,7 +328,7 @@ void tst_PartsbookFrame::noDeletionAfterNo()
 
 void tst_PartsbookFrame::findAtTheBottom()
 {
-    QVERIFY(open(heading + screw + bearing + motor));
+    QVERIFY(open(headingLine + screw + bearing + idleMotor));
     QVERIFY(!window()->findChild<QDockWidget*>());
     command(ID_EDIT_FIND)->trigger();
     auto* const bar = window()->findChild<QDockWidget*>();
@@ -363,7 +359,7 @@ void tst_PartsbookFrame::findAtTheBottom()
 
 void tst_PartsbookFrame::findAgain()
 {
-    QVERIFY(open(heading + screw + bearing + motor));
+    QVERIFY(open(headingLine + screw + bearing + idleMotor));
     table().widget()->setFocus();
     command(ID_EDIT_REPEAT)->trigger(); // opens the search, as there is nothing to look for yet
     auto* const bar = window()->findChild<QDockWidget*>();
@@ -387,7 +383,7 @@ void tst_PartsbookFrame::findAgain()
 
 void tst_PartsbookFrame::toolBarHasACheckButtonForTheMessages()
 {
-    QVERIFY(open(heading + screw));
+    QVERIFY(open(headingLine + screw));
     auto* const bar = window()->findChild<QToolBar*>();
     QCOMPARE(bar->actions().size(), 9);
     for (const QAction* action : bar->actions())
@@ -411,7 +407,7 @@ void tst_PartsbookFrame::toolBarHasACheckButtonForTheMessages()
 
 void tst_PartsbookFrame::toolBarButtonsAreTheMenusCommands()
 {
-    QVERIFY(open(heading + screw));
+    QVERIFY(open(headingLine + screw));
     auto* const bar = window()->findChild<QToolBar*>();
     QVERIFY(!bar->widgetForAction(command(ID_FILE_SAVE))->isEnabled());
     deleteRow(0, "是");
@@ -419,12 +415,12 @@ void tst_PartsbookFrame::toolBarButtonsAreTheMenusCommands()
     QVERIFY(!bar->widgetForAction(command(ID_PART_EDIT))->isEnabled());
     QTest::mouseClick(bar->widgetForAction(command(ID_FILE_SAVE)), Qt::LeftButton);
     updateCommands();
-    QCOMPARE(content(), heading);
+    QCOMPARE(content(), headingLine);
 }
 
 void tst_PartsbookFrame::statusTellsOfChanges()
 {
-    QVERIFY(open(heading + screw + bearing));
+    QVERIFY(open(headingLine + screw + bearing));
     QCOMPARE(status(), QString("|2 parts 零件|1 short 缺货|"));
     deleteRow(1, "是");
     QCOMPARE(status(), QString("Deleted BE-2 已删除|1 parts 零件|0 short 缺货|Modified 已修改"));
@@ -437,11 +433,11 @@ void tst_PartsbookFrame::statusTellsOfChanges()
 
 void tst_PartsbookFrame::saves()
 {
-    QVERIFY(open(heading + screw + bearing));
+    QVERIFY(open(headingLine + screw + bearing));
     deleteRow(0, "是");
     command(ID_FILE_SAVE)->trigger();
     updateCommands();
-    QCOMPARE(content(), heading + bearing);
+    QCOMPARE(content(), headingLine + bearing);
     QCOMPARE(status(), QString("Saved parts.csv 已保存|1 parts 零件|1 short 缺货|"));
     QVERIFY(!window()->isWindowModified());
     QVERIFY(!command(ID_FILE_SAVE)->isEnabled());
@@ -457,7 +453,7 @@ void tst_PartsbookFrame::savesUnderTheSuffixOfTheType_data()
 
 void tst_PartsbookFrame::savesUnderTheSuffixOfTheType()
 {
-    QVERIFY(open(heading + screw));
+    QVERIFY(open(headingLine + screw));
     QFETCH(const int, type);
     const ModalDriver<QFileDialog> driver([type](QFileDialog* dialog) {
         auto* const types = dialog->findChild<QComboBox*>("fileTypeCombo");
@@ -475,7 +471,7 @@ void tst_PartsbookFrame::savesUnderTheSuffixOfTheType()
 
 void tst_PartsbookFrame::aFileThatCannotBeWritten()
 {
-    QVERIFY(open(heading + screw));
+    QVERIFY(open(headingLine + screw));
     deleteRow(0, "是");
     const QString file = path();
     m_folder.reset(new QTemporaryDir); // the old one has gone
@@ -488,7 +484,7 @@ void tst_PartsbookFrame::aFileThatCannotBeWritten()
 
 void tst_PartsbookFrame::statusGoesAway()
 {
-    QVERIFY(open(heading + screw + bearing));
+    QVERIFY(open(headingLine + screw + bearing));
     deleteRow(0, "是");
     QCOMPARE(status(), QString("Deleted FA-1 已删除|1 parts 零件|1 short 缺货|Modified 已修改"));
     QCOMPARE(GetGlobalEventHandler()->timers.size(), std::size_t(1));
@@ -501,7 +497,7 @@ void tst_PartsbookFrame::statusGoesAway()
 
 void tst_PartsbookFrame::closesWithoutAQuestion()
 {
-    QVERIFY(open(heading + screw));
+    QVERIFY(open(headingLine + screw));
     const QPointer<QWidget> closed(window());
     command(ID_APP_EXIT)->trigger();
     QVERIFY(!m_frame->GetSafeHwnd());
@@ -514,16 +510,16 @@ void tst_PartsbookFrame::closesAfterAQuestion_data()
     QTest::addColumn<bool>("closes");
     QTest::addColumn<QByteArray>("saved");
 
-    QTest::newRow("yes saves and closes") << "Yes" << true << heading + bearing;
-    QTest::newRow("no closes") << "No" << true << heading + screw + bearing;
-    QTest::newRow("cancel does neither") << "取消" << false << heading + screw + bearing;
+    QTest::newRow("yes saves and closes") << "Yes" << true << headingLine + bearing;
+    QTest::newRow("no closes") << "No" << true << headingLine + screw + bearing;
+    QTest::newRow("cancel does neither") << "取消" << false << headingLine + screw + bearing;
 }
 
 void tst_PartsbookFrame::closesAfterAQuestion()
 {
     QFETCH(const QString, answer);
     QFETCH(const bool, closes);
-    QVERIFY(open(heading + screw + bearing));
+    QVERIFY(open(headingLine + screw + bearing));
     deleteRow(0, "是");
     const Answer given(answer);
     QCOMPARE(window()->close(), closes);

@@ -1,15 +1,10 @@
 #include "messagelog.h"
+#include "samplelines.h"
 #include "testclass.h"
 
 #include <QTemporaryDir>
 
 namespace {
-
-QByteArray contentOf(const QString& fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
-}
 
 // The lines of a log as "text" or "text x3".
 QStringList view(const MessageLog& log)

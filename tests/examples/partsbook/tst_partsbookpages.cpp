@@ -26,7 +26,7 @@
 
 namespace {
 
-Part samplePart()
+Part barePart()
 {
     Part part;
     part.number = L"BE-6204";
@@ -97,7 +97,7 @@ void tst_PartsbookPages::init()
         m_book.add(part);
     }
     m_dialog.reset(new CPartDialog(L"Part", m_book, m_pictures, nullptr));
-    m_dialog->m_part = samplePart();
+    m_dialog->m_part = barePart();
 }
 
 void tst_PartsbookPages::cleanup()

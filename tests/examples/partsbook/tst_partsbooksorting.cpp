@@ -18,11 +18,11 @@
 
 namespace {
 
-const QByteArray book = "number,name,kind,supplier,source,stock,minimum,price,in use,remark\n"
-                        "FA-1,Screw,Fastener,A,bought,100,5,0.06,yes,\n"
-                        "BE-2,Bearing,Bearing,B,made,20,6,12.50,yes,steel\n"
-                        "EL-4,Motor,Electrical,C,customer,3,0,0.005,yes,\n"
-                        "FA-3,Nut & bolt,Fastener,A,bought,20,15,7.00,yes,steel\n";
+const QByteArray bookToSort = "number,name,kind,supplier,source,stock,minimum,price,in use,remark\n"
+                              "FA-1,Screw,Fastener,A,bought,100,5,0.06,yes,\n"
+                              "BE-2,Bearing,Bearing,B,made,20,6,12.50,yes,steel\n"
+                              "EL-4,Motor,Electrical,C,customer,3,0,0.005,yes,\n"
+                              "FA-3,Nut & bolt,Fastener,A,bought,20,15,7.00,yes,steel\n";
 
 } // namespace
 
@@ -73,7 +73,7 @@ void tst_PartsbookSorting::init()
 {
     QFile file(m_folder.filePath("parts.csv"));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(book);
+    file.write(bookToSort);
     file.close();
     m_frame.reset(new CMainFrame);
     QCOMPARE(m_frame->Create(nullptr), 1);
@@ -200,7 +200,7 @@ void tst_PartsbookSorting::commandsWorkOnThePartOfTheRow()
     m_frame->SendMessage(WM_SELECT_ROW, 2);
     run(ID_PART_IN_USE);
     QCOMPARE(numbers(), QString("BE-2 EL-4 FA-1 FA-3"));
-    QCOMPARE(savedFile(), QByteArray(book).replace("0.005,yes", "0.005,no"));
+    QCOMPARE(savedFile(), QByteArray(bookToSort).replace("0.005,yes", "0.005,no"));
 }
 
 void tst_PartsbookSorting::aNewPartIsTheLast()
@@ -233,14 +233,14 @@ void tst_PartsbookSorting::aDeletedPartIsTheOneOfTheRow()
     QCOMPARE(numbers(), QString("BE-2 FA-1 FA-3"));
     m_frame->SendMessage(WM_SELECT_ROW, 2); // the last part of the book
     QCOMPARE(parts().text(parts().currentRow(), 0), QString("FA-3"));
-    QCOMPARE(savedFile(), QByteArray(book).replace("EL-4,Motor,Electrical,C,customer,3,0,0.005,yes,\n", ""));
+    QCOMPARE(savedFile(), QByteArray(bookToSort).replace("EL-4,Motor,Electrical,C,customer,3,0,0.005,yes,\n", ""));
 }
 
 void tst_PartsbookSorting::theFileKeepsItsOrder()
 {
     grid()->SortBy(byName, false);
     run(ID_PART_IN_USE);
-    QCOMPARE(savedFile(), QByteArray(book).replace("0.06,yes", "0.06,no"));
+    QCOMPARE(savedFile(), QByteArray(bookToSort).replace("0.06,yes", "0.06,no"));
 }
 
 void tst_PartsbookSorting::anotherBookBeginsInItsOrder()

@@ -11,9 +11,9 @@
 
 namespace {
 
-const QByteArray book = "FA-1,Screw,Fastener,A,bought,10,5,0.06,yes,\n"
-                        "BE-2,Bearing,Bearing,B,made,20,6,12.50,yes,\n"
-                        "EL-4,Motor 电动机,Electrical,C,customer,30,0,0.50,yes,\n";
+const QByteArray bookToPaste = "FA-1,Screw,Fastener,A,bought,10,5,0.06,yes,\n"
+                               "BE-2,Bearing,Bearing,B,made,20,6,12.50,yes,\n"
+                               "EL-4,Motor 电动机,Electrical,C,customer,30,0,0.50,yes,\n";
 
 } // namespace
 
@@ -58,7 +58,7 @@ void tst_PartsbookSpreadsheet::start()
 {
     QFile file(m_parts);
     QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(book);
+    file.write(bookToPaste);
     file.close();
     m_program.start(qEnvironmentVariable("PARTSBOOK"), {m_parts});
     QVERIFY(m_program.waitForStarted());
@@ -98,7 +98,7 @@ void tst_PartsbookSpreadsheet::stockCountsComeFromIt()
     goTo(1, 4);
     press("Control_L v");
     press("Control_L s");
-    QTRY_COMPARE(file(), QByteArray(book).replace(",20,6,", ",11,4,").replace(",30,0,", ",21,5,"));
+    QTRY_COMPARE(file(), QByteArray(bookToPaste).replace(",20,6,", ",11,4,").replace(",30,0,", ",21,5,"));
 }
 
 void tst_PartsbookSpreadsheet::cellsGoToIt()

@@ -6,6 +6,7 @@
 #include "modaldriver.h"
 #include "partsview.h"
 #include "resource.h"
+#include "samplelines.h"
 #include "testclass.h"
 #include "virtualinput.h"
 
@@ -18,12 +19,6 @@
 #include <xeresource.h>
 
 namespace {
-
-const QByteArray heading = "number,name,kind,supplier,source,stock,minimum,price,in use,remark\n";
-const QByteArray screw = "FA-1,Screw 螺钉,Fastener,华丰,bought,10,5,0.06,yes,\n";
-const QByteArray bearing = "BE-2,Bearing,Bearing,瓦轴,made,3,6,12.50,yes,\n";
-const QByteArray nut = "FA-3,Nut,Fastener,华丰,bought,20,15,0.06,yes,\n";
-const QByteArray motor = "EL-4,Motor,Electrical,Kessler,customer,2,0,0.00,yes,heavy\n";
 
 constexpr unsigned long keyReturn = 0xFF0D;
 constexpr unsigned long keyEscape = 0xFF1B;
@@ -85,7 +80,7 @@ void tst_PartsbookTree::open()
 {
     QFile file(m_folder.filePath("parts.csv"));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(heading + screw + bearing + nut + motor);
+    file.write(headingLine + screw + bearing + nut + motor);
     file.close();
     m_frame.reset(new CMainFrame);
     QCOMPARE(m_frame->Create(nullptr), 1);
@@ -266,7 +261,7 @@ void tst_PartsbookTree::aKindIsRenamed()
     m_input.typeKey(keyReturn);
     QTRY_COMPARE(treeText(), QString("All parts 全部, *bolts, Bearing, Electrical, 华丰, 瓦轴, Kessler"));
     QCOMPARE(rowsText(), QString("*FA-1, FA-3"));
-    QCOMPARE(saved(), heading + QByteArray(screw).replace("Fastener", "bolts") + bearing
+    QCOMPARE(saved(), headingLine + QByteArray(screw).replace("Fastener", "bolts") + bearing
                           + QByteArray(nut).replace("Fastener", "bolts") + motor);
 }
 
@@ -279,7 +274,7 @@ void tst_PartsbookTree::theNameOfAnotherJoinsTheTwo()
     m_input.typeKey(keyReturn);
     QTRY_COMPARE(treeText(), QString("All parts 全部, Fastener, Bearing, Electrical, 华丰, *Kessler"));
     QCOMPARE(rowsText(), QString("*BE-2, EL-4"));
-    QCOMPARE(saved(), heading + screw + QByteArray(bearing).replace("瓦轴", "Kessler") + nut + motor);
+    QCOMPARE(saved(), headingLine + screw + QByteArray(bearing).replace("瓦轴", "Kessler") + nut + motor);
 }
 
 void tst_PartsbookTree::namesThatAreRefused_data()
