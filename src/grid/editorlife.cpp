@@ -289,6 +289,8 @@ bool EditorLife::filterKey(QObject& target, QKeyEvent& event, const BaseFilter& 
     if (living && widget && !isStopped && !movesFocus && !m_isEnding)
         target.event(&event);
     event.accept();
+    if (widget && movesFocus) // its character ends the edit, before the next key comes to the field
+        QCoreApplication::sendPostedEvents(widget, XeWinMsgEvent::EventType);
     return true;
 }
 

@@ -7,6 +7,7 @@
 #include "xehook.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -248,6 +249,27 @@ bool opensEditor(UINT character, bool handlesTab)
     return character == VK_BACK || (character >= ' ' && character != deleteCharacter);
 }
 
+// Qt delivers all the keys that have come, and only then what they have posted. A key has to stand behind the characters
+// of those before it: one of them may open an editor, and then the key is for that. True if it has been given to it, and
+// if the widget has gone.
+bool passOn(QWidget& grid, QEvent& key)
+{
+    const QPointer<QWidget> living(&grid);
+    const bool hadFocus = grid.hasFocus();
+    QCoreApplication::sendPostedEvents(&grid, XeWinMsgEvent::EventType);
+    QWidget* const focus = QApplication::focusWidget();
+    if (!living || !hadFocus || !focus || focus == living || !living->isAncestorOf(focus))
+        return !living;
+    QCoreApplication::sendEvent(focus, &key);
+    return true;
+}
+
+bool isKeyEvent(const QEvent& event)
+{
+    return event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease
+           || event.type() == QEvent::ShortcutOverride;
+}
+
 } // namespace
 
 // ------------------------------------------------------------------------------------------------------------ handlers
@@ -313,10 +335,13 @@ bool CGridCtrl_X::eventFilter(QObject* target, QEvent* event)
 {
     if (event && event->type() == QEvent::InputMethod && target == GetImpQObject())
         return editByInputMethod(*event);
-    const bool isKey = event && (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease);
-    if (!isKey || target != GetImpQObject())
+    if (!event || !isKeyEvent(*event) || target != GetImpQObject())
         return CWnd_X::eventFilter(target, event);
     const QPointer<CGridCtrl_X> living(this);
+    if (passOn(*GetSafeHwnd(), *event) || !living)
+        return true;
+    if (event->type() == QEvent::ShortcutOverride)
+        return CWnd_X::eventFilter(target, event);
     const bool wasRealKey = std::exchange(m_state->isRealKey, true);
     const auto* const key = static_cast<const QKeyEvent*>(event);
     bool isConsumed = false;

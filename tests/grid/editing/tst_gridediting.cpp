@@ -11,6 +11,7 @@
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QPointer>
+#include <QShortcut>
 
 #include <X11/keysym.h>
 
@@ -52,6 +53,8 @@ private Q_SLOTS:
 
     void tabGoesOn();
     void tabGoesBack();
+    void keysThatComeAtOnce();
+    void shortcutsThatComeAtOnce();
     void arrowsGoOn();
     void returnAndEscapeStay();
     void typedLetterOpens();
@@ -233,6 +236,37 @@ void tst_GridEditing::tabGoesOn()
     QCOMPARE(stage.text(2, 3), QStringLiteral("b"));
     m_input.typeKey(XK_Return);
     QTRY_VERIFY(!stage.openField());
+}
+
+// The program has been busy: all the keys are there before any character of theirs is.
+void tst_GridEditing::keysThatComeAtOnce()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    const unsigned long keys[] = {XK_2, XK_5, XK_0, XK_Tab, XK_6, XK_0, XK_Return};
+    for (const unsigned long key : keys)
+        m_input.typeKey(key);
+    QTRY_COMPARE(stage.text(2, 3), QString("60"));
+    QCOMPARE(stage.text(2, 2), QString("250"));
+    QVERIFY(!stage.openField());
+    QTRY_COMPARE(stage.grid->m_idCurrentCell, CCellID_X(2, 3));
+    EditedGrid<>::settle();
+}
+
+// A key that a shortcut has belongs to the editor that a key before it opens.
+void tst_GridEditing::shortcutsThatComeAtOnce()
+{
+    EditedGrid<> stage;
+    int triggered = 0;
+    QShortcut shortcut(QKeySequence(Qt::Key_Delete), &stage.window);
+    connect(&shortcut, &QShortcut::activated, this, [&] { ++triggered; });
+    QVERIFY(stage.comeUp());
+    const unsigned long keys[] = {XK_7, XK_Home, XK_Delete, XK_8, XK_Return};
+    for (const unsigned long key : keys)
+        m_input.typeKey(key);
+    QTRY_COMPARE(stage.text(2, 2), QString("8"));
+    QCOMPARE(triggered, 0);
+    EditedGrid<>::settle();
 }
 
 void tst_GridEditing::tabGoesBack()
