@@ -268,7 +268,8 @@ class XE_EXPORT CListCtrl_X : public CWnd_X
     BOOL DeleteAllItems();
     /// The number of rows; -1 without a widget.
     int GetItemCount() const;
-    /// Starts editing in column 0. 0 without the item, otherwise 1. The published function gives the edit control.
+    /// Starts editing in column 0, unless the list is edited already or the item cannot be. 0 without the item,
+    /// otherwise 1. The published function gives the edit control.
     BOOL EditLabel(int row);
     /// Repaints the rows from `first` up to, *not* including, `last`, unlike the published function, at once. 1.
     BOOL RedrawItems(int first, int last);

@@ -226,7 +226,8 @@ class XE_EXPORT CTreeCtrl_X : public CWnd_X
     BOOL SelectDropTarget(HTREEITEM item);
     /// The item at a point, or null. `*flags` is TVHT_ONITEM in either case, unlike by the published function.
     HTREEITEM HitTest(CPoint point, UINT* flags = nullptr) const;
-    /// Makes the item editable and starts editing. 1. The published function gives the edit control.
+    /// Makes the item editable and starts editing, unless the tree is edited already. 1. The published function gives
+    /// the edit control.
     BOOL EditLabel(HTREEITEM item);
     /// Collapses for TVE_COLLAPSE and expands for any other code, TVE_TOGGLE too, and sets the bit TVIS_EXPANDED either
     /// way. 1.

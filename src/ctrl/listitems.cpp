@@ -2,6 +2,7 @@
 
 #include "ctrl/dragimage.h"
 #include "ctrl/itemicons.h"
+#include "ctrl/labelediting.h"
 #include "ctrl/listformat.h"
 #include "geometry/rectangle.h"
 #include "text/widetext.h"
@@ -275,7 +276,9 @@ BOOL CListCtrl_X::EditLabel(int row)
     QTableWidgetItem* const found = item(row, 0);
     if (!found)
         return FALSE;
-    found->tableWidget()->editItem(found);
+    QTableWidget* const table = found->tableWidget();
+    if (xe::canEdit(*table, table->model()->index(row, 0)))
+        table->editItem(found);
     return TRUE;
 }
 

@@ -1,5 +1,6 @@
 // Tree controls: what can be done with items.
 
+#include "ctrl/labelediting.h"
 #include "ctrl/treeaccess.h"
 #include "ctrl/treeroles.h"
 
@@ -151,7 +152,7 @@ BOOL CTreeCtrl_X::EditLabel(HTREEITEM item)
     const QPersistentModelIndex place = xe::TreeAccess::indexOf(*tree, *item);
     if (!(item->flags() & Qt::ItemIsEditable))
         item->setFlags(item->flags() | Qt::ItemIsEditable);
-    if (place.isValid())
+    if (xe::canEdit(*tree, place))
         tree->editItem(item, 0);
     return TRUE;
 }

@@ -86,6 +86,7 @@ private Q_SLOTS:
     void redrawItems();
     void ensureVisible();
     void editLabel();
+    void editLabelThatDoesNotBegin();
     void topIndexAndPage();
     void extendedStyle();
     void groundColor();
@@ -311,6 +312,20 @@ void tst_ListView::editLabel()
     QTest::keyClick(editor, Qt::Key_Return);
     QTRY_COMPARE(textOf(f.list.GetItemText(1, 0)), QStringLiteral("renamed"));
     QCOMPARE(f.list.EditLabel(6), FALSE);
+}
+
+// Qt would complain.
+void tst_ListView::editLabelThatDoesNotBegin()
+{
+    ListFixture f;
+    f.table.show();
+    f.table.item(2, 0)->setFlags(Qt::ItemIsEnabled);
+    QCOMPARE(f.list.EditLabel(2), TRUE);
+    QVERIFY(!f.table.viewport()->findChild<QLineEdit*>());
+    QCOMPARE(f.list.EditLabel(1), TRUE);
+    QCOMPARE(f.list.EditLabel(1), TRUE);
+    QCOMPARE(f.list.EditLabel(3), TRUE);
+    QCOMPARE(f.table.viewport()->findChildren<QLineEdit*>().size(), 1);
 }
 
 void tst_ListView::topIndexAndPage()

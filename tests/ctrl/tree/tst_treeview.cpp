@@ -35,6 +35,7 @@ private Q_SLOTS:
     void placesOfTheClientArea();
     void itemRect();
     void editLabel();
+    void editLabelTwice();
     void editLabelOfAnItemThatCannotBeEdited();
     void dragImage();
     void createHidesTheHeader();
@@ -145,6 +146,20 @@ void tst_TreeView::editLabel()
     QTest::keyClick(editor, Qt::Key_Return);
     QTRY_COMPARE(textOf(f.control.GetItemText(f.paint)), QStringLiteral("varnish"));
     QVERIFY(f.paint->flags() & Qt::ItemIsEditable);
+}
+
+// What is open stays, and Qt is given no reason to complain.
+void tst_TreeView::editLabelTwice()
+{
+    TreeFixture f;
+    f.tree.show();
+    QCOMPARE(f.control.EditLabel(f.paint), TRUE);
+    auto* const editor = f.tree.viewport()->findChild<QLineEdit*>();
+    editor->setText(QStringLiteral("varnish"));
+    QCOMPARE(f.control.EditLabel(f.paint), TRUE);
+    QCOMPARE(f.control.EditLabel(f.glue), TRUE);
+    QCOMPARE(f.tree.viewport()->findChildren<QLineEdit*>(), QList<QLineEdit*>{editor});
+    QCOMPARE(editor->text(), QStringLiteral("varnish"));
 }
 
 void tst_TreeView::editLabelOfAnItemThatCannotBeEdited()
