@@ -14,6 +14,7 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QScreen>
+#include <xeafxgdi.h>
 
 #include <algorithm>
 
@@ -97,6 +98,7 @@ void CMainFrame::ConnectCommands()
 // Each time the program is about to wait, also when the window has been closed.
 void CMainFrame::OnUpdateCommands()
 {
+    CGdiObject_X::DeleteTempMap(); // the objects that painting has put back
     if (!GetSafeHwnd())
         return;
     CommandStates states;
