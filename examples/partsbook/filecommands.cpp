@@ -49,6 +49,7 @@ void CMainFrame::ShowBook()
 
 bool CMainFrame::LoadBook(const QString& fileName)
 {
+    m_parts.EndEditing(); // belongs to the book that goes
     CLoadProgress progress(*this, m_statusBar);
     return m_book.load(fileName, [&](int percent) { progress.Show(percent); });
 }
@@ -123,6 +124,7 @@ void CMainFrame::OnFileNewTest()
 {
     if (!MayClose())
         return;
+    m_parts.EndEditing();
     BeginWaitCursor();
     m_book = PartsBook(testParts(testBookSize));
     ShowBook();

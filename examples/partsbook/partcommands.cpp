@@ -42,8 +42,8 @@ void CMainFrame::OnPartDelete()
     const CString_X question = formatText(loadText(IDS_ASK_DELETE), part.number, part.name);
     if (MessageBox(question, nullptr, MB_YESNO | MB_ICONQUESTION) != IDYES)
         return;
+    m_parts.RemovePart(row); // what is typed in the list meanwhile still finds its part
     m_book.remove(row);
-    m_parts.RemovePart(row);
     const int next = std::min(row, m_book.count() - 1);
     if (next >= 0 && !m_parts.IsHidden(next))
         SelectRow(next);

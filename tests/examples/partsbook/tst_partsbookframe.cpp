@@ -66,6 +66,7 @@ private slots:
     void showsTheParts();
     void badLinesAreReported();
     void aFileThatCannotBeRead();
+    void anotherBookWhileACellIsEdited();
     void commandsThatHaveNothingToDo();
 
     void newPart();
@@ -254,6 +255,21 @@ void tst_PartsbookFrame::aFileThatCannotBeRead()
     const Answer answer("确定");
     QVERIFY(!m_frame->OpenBook(path()));
     QCOMPARE(answer.text(), path() + " cannot be read: No such file or directory.");
+}
+
+// The editor belongs to the book that goes.
+void tst_PartsbookFrame::anotherBookWhileACellIsEdited()
+{
+    constexpr int stock = 5;
+    QVERIFY(open(heading + screw + bearing));
+    QTRY_VERIFY((window()->activateWindow(), window()->isActiveWindow()));
+    table().widget()->setFocus();
+    table().setCurrentCell(1, stock);
+    QTest::keyClick(table().widget(), Qt::Key_7);
+    QTRY_VERIFY(qobject_cast<QLineEdit*>(window()->focusWidget()));
+    QVERIFY(open(heading + motor));
+    QCOMPARE(table().rowCount(), 1);
+    QCOMPARE(cell(0, stock), QString("0"));
 }
 
 void tst_PartsbookFrame::commandsThatHaveNothingToDo()
