@@ -1,5 +1,6 @@
 #include "hitlist.h"
 
+#include "partcells.h"
 #include "text.h"
 
 #include <iterator>
@@ -15,7 +16,7 @@ struct Column
 
 constexpr Column columns[] = {
     {IDS_HIT_NUMBER, &Part::number, 140},     {IDS_HIT_NAME, &Part::name, 330},     {IDS_HIT_KIND, &Part::kind, 150},
-    {IDS_HIT_SUPPLIER, &Part::supplier, 180}, {IDS_HIT_REMARK, &Part::remark, 370},
+    {IDS_HIT_SUPPLIER, &Part::supplier, 180}, {IDS_HIT_REMARK, &Part::remark, 420},
 };
 constexpr int columnCount = static_cast<int>(std::size(columns));
 
@@ -44,6 +45,7 @@ CHitList::CHitList(const CPartPictures& pictures) : m_pictures(pictures, rowHeig
 
 void CHitList::SetUp()
 {
+    SetDefaultCellType(RUNTIME_CLASS_X(CTextCell));
     SetRowCount(headingRows);
     SetColumnCount(columnCount);
     SetFixedRowCount(headingRows);
@@ -71,7 +73,7 @@ void CHitList::Show(const PartsBook& book, const std::vector<int>& parts)
 void CHitList::ShowHit(int row, int place, const Part& part)
 {
     for (int column = 0; column < columnCount; ++column)
-        SetItemText(row, column, cellText(part.*columns[column].field));
+        SetItemText(row, column, part.*columns[column].field);
     SetItemImage(row, 0, CPartPictures::PlaceOfKind(part.kind));
     SetItemData(row, 0, place);
 }

@@ -22,13 +22,6 @@ CString_X formatText(const CString_X& format, const Arguments&... arguments)
     return text;
 }
 
-/// A text for a cell of a grid, which takes a single "&" for the mark of a letter and does not show it.
-inline CString_X cellText(CString_X text)
-{
-    text.Replace(L"&", L"&&");
-    return text;
-}
-
 /// Writes a text of strings.txt, with its places filled in, to the log.
 template <class... Arguments>
 void logText(unsigned format, const Arguments&... arguments)

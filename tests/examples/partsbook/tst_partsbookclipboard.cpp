@@ -23,7 +23,7 @@ const QByteArray bookToCopy = "number,name,kind,supplier,source,stock,minimum,pr
                               "FA-1,Screw,Fastener,A,bought,10,5,0.06,yes,\n"
                               "BE-2,Bearing,Bearing,B,made,20,6,12.50,yes,steel\n"
                               "EL-4,Motor,Electrical,C,customer,30,0,0.50,yes,\n"
-                              "FA-3,Nut,Fastener,A,bought,40,15,7.00,yes,steel\n";
+                              "FA-3,Nut,Fastener,A & Co,bought,40,15,7.00,yes,steel\n";
 
 constexpr int nameColumn = 1;
 constexpr int stockColumn = 5;
@@ -209,7 +209,7 @@ void tst_PartsbookClipboard::copiesHits()
     QCOMPARE(clipboard().text(), QString("FA-1\tScrew\tFastener\tA\t"));
     press('A');
     press('C');
-    QCOMPARE(clipboard().text(), QString("FA-1\tScrew\tFastener\tA\t\nFA-3\tNut\tFastener\tA\tsteel"));
+    QCOMPARE(clipboard().text(), QString("FA-1\tScrew\tFastener\tA\t\nFA-3\tNut\tFastener\tA & Co\tsteel"));
 }
 
 // ------------------------------------------------------------------------------------------------------------- pasting
