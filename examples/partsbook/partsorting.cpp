@@ -26,6 +26,7 @@ int CPartsGrid::HeadingAt(CPoint point) const
 // The focus stays with its cell. The arrow stands in the upper row of the headings.
 void CPartsGrid::SortBy(int column, bool ascending)
 {
+    EndEditing();
     const bool isNumber = GetItemFormat(headingRows - 1, column) & DT_RIGHT;
     const int part = SelectedPart();
     const int partColumn = m_idCurrentCell.col;

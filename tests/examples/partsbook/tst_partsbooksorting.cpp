@@ -37,6 +37,7 @@ private slots:
     void sortsByAColumn_data();
     void sortsByAColumn();
     void textsStayAsTheyAre();
+    void anOpenEditorEndsFirst();
     void theArrowStandsOverTheColumn();
     void theSelectedPartStaysSelected();
     void hiddenPartsStayHidden();
@@ -136,6 +137,19 @@ void tst_PartsbookSorting::textsStayAsTheyAre()
     grid()->SortBy(0, false);
     QCOMPARE(XeQString(grid()->GetItemText(2, 0)), QString("4"));
     QVERIFY(!window()->isWindowModified());
+}
+
+void tst_PartsbookSorting::anOpenEditorEndsFirst()
+{
+    parts().setCurrentCell(0, byStock - 1);
+    QTest::keyClick(parts().widget(), Qt::Key_F2);
+    auto* const editor = parts().widget()->findChild<QLineEdit*>();
+    QVERIFY(editor);
+    editor->setText("1");
+    grid()->SortBy(byStock, true);
+    QCOMPARE(numbers(), QString("FA-1 EL-4 BE-2 FA-3"));
+    QCOMPARE(parts().text(0, byStock - 1), QString("1"));
+    QCOMPARE(savedFile(), QByteArray(bookToSort).replace(",100,", ",1,"));
 }
 
 void tst_PartsbookSorting::theArrowStandsOverTheColumn()
