@@ -1,5 +1,7 @@
 #pragma once
 
+#include <xehook.h>
+
 #include <QCoreApplication>
 #include <QMouseEvent>
 #include <QWidget>
@@ -11,3 +13,6 @@ inline void moveMouse(QWidget* widget, QPoint point, Qt::MouseButtons held = Qt:
     QMouseEvent move(QEvent::MouseMove, point, widget->mapToGlobal(point), Qt::NoButton, held, modifiers);
     QCoreApplication::sendEvent(widget, &move);
 }
+
+/// Whether the timer runs that scrolls a grid while cells are selected.
+inline bool hasTimer() { return g_appEventHandler.timers.count(513) != 0; }
