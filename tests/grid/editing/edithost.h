@@ -10,6 +10,9 @@
 
 #include <functional>
 
+/// The character of an editor that a call has opened, and no key.
+inline constexpr unsigned byHost = 1;
+
 /// The parent of an editor: writes down how each edit ends, and which keys come to it.
 class EditHost : public CWnd_X
 {
