@@ -2,6 +2,8 @@
 
 #include <messagetrace.h>
 
+#include <QCoreApplication>
+
 #include <functional>
 #include <map>
 
@@ -77,3 +79,6 @@ protected:
         return QWidget::event(event);
     }
 };
+
+/// Delivers what has been posted.
+inline void deliverPosted() { QCoreApplication::sendPostedEvents(); }
