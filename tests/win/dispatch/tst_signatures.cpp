@@ -1,8 +1,7 @@
+#include "handlerprobe.h"
 #include "testclass.h"
 
 #include <leavenothing.h>
-
-#include <xeafxwin.h>
 
 #include <limits>
 
@@ -11,79 +10,7 @@
 
 namespace {
 
-constexpr UINT codedMessage = WM_USER + 77;
-
-// ---- How an argument reads. The handler's own type of an argument says whether it has a sign.
-
-QString argument(int value) { return QString::number(value); }
-QString argument(short value) { return QString::number(value); }
-QString argument(UINT value) { return QString::number(value); }
-QString argument(WPARAM value) { return QString::number(value); }
-QString argument(LPARAM value) { return QString::number(value); }
-QString argument(CPoint value) { return QStringLiteral("(%1 %2)").arg(value.x).arg(value.y); }
-QString argument(const void* value) { return QStringLiteral("@%1").arg(reinterpret_cast<quintptr>(value), 0, 16); }
-QString argument(CWnd_X* value)
-{
-    return value ? QStringLiteral("W(%1)").arg(argument(static_cast<const void*>(value->GetSafeHwnd())))
-                 : QStringLiteral("W(null)");
-}
-
-class HandlerProbe : public CWnd_X
-{
-public:
-    template <class Result, class... Args>
-    Result first(Args... args)
-    {
-        return record<Result>("first", firstAnswer, args...);
-    }
-
-    template <class Result, class... Args>
-    Result second(Args... args)
-    {
-        return record<Result>("second", secondAnswer, args...);
-    }
-
-    QString calls() { return std::exchange(m_calls, {}).join(QLatin1Char(' ')); }
-
-    LRESULT firstAnswer = 0;
-    LRESULT secondAnswer = 0;
-
-private:
-    template <class Result, class... Args>
-    Result record(const char* which, [[maybe_unused]] LRESULT answer, Args... args)
-    {
-        const QStringList list{argument(args)...};
-        m_calls += QStringLiteral("%1[%2]").arg(QLatin1String(which), list.join(QLatin1String(", ")));
-        if constexpr (!std::is_void_v<Result>)
-            return static_cast<Result>(answer);
-    }
-
-    QStringList m_calls;
-};
-
-struct Handlers
-{
-    AFX_PMSG_X first;
-    AFX_PMSG_X second;
-};
-
-template <class Function>
-struct MakeHandler;
-
-template <class Result, class... Args>
-struct MakeHandler<Result(Args...)>
-{
-    static AFX_PMSG_X first() { return XeHandler<Result(Args...)>::of(&HandlerProbe::first<Result, Args...>); }
-    static AFX_PMSG_X second() { return XeHandler<Result(Args...)>::of(&HandlerProbe::second<Result, Args...>); }
-};
-
-template <class First, class Second = void()>
-Handlers handlers()
-{
-    return {MakeHandler<First>::first(), MakeHandler<Second>::second()};
-}
-
-// ---- The table of codes. Arguments in the symbols of an independent reading, argumentText() below.
+// The table of codes. Arguments in the symbols of an independent reading, argumentText() below.
 
 enum class Result { Int32, Unsigned32, Int64, Zero, One, ZeroPassesUp, NonzeroPassesUp };
 
@@ -281,23 +208,10 @@ QString outcomeText(Result result, LRESULT answer)
     return {};
 }
 
-constexpr LRESULT unwritten = 0x5EED5EED5EED;
-
-QString dispatch(CWnd_X& window, WPARAM wParam, LPARAM lParam)
-{
-    LRESULT result = unwritten;
-    if (!window.OnWndMsg(codedMessage, wParam, lParam, &result))
-        return result == unwritten ? QStringLiteral("passed up") : QStringLiteral("passed up and written");
-    return QStringLiteral("handled %1").arg(result);
-}
-
 QByteArray codeName(unsigned long code) { return "code " + QByteArray::number(qulonglong(code)); }
-
-LRESULT signed64(quint64 value) { return static_cast<LRESULT>(value); }
 
 } // namespace
 
-Q_DECLARE_METATYPE(AFX_PMSG_X)
 Q_DECLARE_METATYPE(Signature)
 
 class tst_Signatures : public QObject
@@ -322,15 +236,6 @@ private slots:
     void nullResultPointer();
     void codesWithoutCall_data();
     void codesWithoutCall();
-    void windowArguments();
-    void wrapperIsMadeForTheSecondHandlerAlone();
-    void narrowClientTypes_data();
-    void narrowClientTypes();
-    void absentEntry();
-    void virtualHandler();
-    void handlerOfSecondBase();
-    void virtualHandlerOfSecondBase();
-    void macroTakesHandlersOfASecondBase();
 
 private:
     void addSignatureRows(bool withSecondOnly = false);
@@ -474,157 +379,6 @@ void tst_Signatures::codesWithoutCall()
     QCOMPARE(dispatch(probe, 0xF1E2D3C4B5A69788, -1), QStringLiteral("handled 0"));
     QCOMPARE(probe.OnWndMsg(codedMessage, 0, 0, nullptr), 1);
     QCOMPARE(probe.calls(), QString());
-}
-
-void tst_Signatures::windowArguments()
-{
-    HandlerProbe probe;
-    const Handlers pair = handlers<void(QWidget*), void(CWnd_X*)>();
-    probe.AddMsgMapEntry(codedMessage, AfxSig_v_W_v, pair.first, pair.second);
-    probe.OnWndMsg(codedMessage, 0, 0, nullptr);
-    QCOMPARE(probe.calls(), QStringLiteral("first[@0] second[W(null)]"));
-}
-
-void tst_Signatures::wrapperIsMadeForTheSecondHandlerAlone()
-{
-    QWidget widget;
-    HandlerProbe probe;
-    const auto address = reinterpret_cast<WPARAM>(&widget);
-    const Handlers pair = handlers<void(QWidget*), void(CWnd_X*)>();
-
-    probe.AddMsgMapEntry(codedMessage, AfxSig_v_W_v, pair.first, nullptr);
-    probe.OnWndMsg(codedMessage, address, 0, nullptr);
-    QVERIFY(!CWnd_X::FromHandlePermanent(&widget));
-
-    probe.AddMsgMapEntry(codedMessage, AfxSig_v_W_v, pair.first, pair.second);
-    probe.OnWndMsg(codedMessage, address, 0, nullptr);
-    QVERIFY(CWnd_X::FromHandlePermanent(&widget));
-    QVERIFY(CWnd_X::FromHandlePermanent(&widget)->IsTemporary());
-}
-
-// The types of the published handlers, where they are narrower than what the code hands over.
-void tst_Signatures::narrowClientTypes_data()
-{
-    QTest::addColumn<int>("code");
-    QTest::addColumn<AFX_PMSG_X>("handler");
-    QTest::addColumn<QString>("call");
-
-    const auto row = [](const char* name, int code, AFX_PMSG_X handler, const char* call) {
-        QTest::newRow(name) << code << handler << QString::fromLatin1(call);
-    };
-    // wParam 0xF1E2D3C4B5A69788, lParam 0x8F9EADBCCBDAE9F8
-    row("UINT for all of wParam", 54, handlers<void(UINT, CPoint)>().first, "first[3047593864, (-5640 -13350)]");
-    row("int for all of wParam", 46, handlers<void(int, UINT)>().first, "first[-1247373432, 3420121592]");
-    row("BOOL for low 32 bits of wParam", 20, handlers<void(BOOL)>().first, "first[-1247373432]");
-    row("DWORD for low 32 bits of lParam", 22, handlers<void(BOOL, DWORD)>().first, "first[-1247373432, 3420121592]");
-    row("int for an unsigned word", 24, handlers<void(int, int)>().first, "first[59896, 52186]");
-    row("short for a signed word", 44, handlers<void(short, int)>().first, "first[-26744, -19034]");
-    row("UINT for a signed word", 44, handlers<void(UINT, UINT)>().first, "first[4294940552, 4294948262]");
-    row("fewer arguments than are given", 25, handlers<void(UINT)>().first, "first[3047593864]");
-}
-
-void tst_Signatures::narrowClientTypes()
-{
-    QFETCH(int, code);
-    QFETCH(AFX_PMSG_X, handler);
-    QFETCH(QString, call);
-    HandlerProbe probe;
-    probe.AddMsgMapEntry(codedMessage, static_cast<unsigned long>(code), handler, nullptr);
-    probe.OnWndMsg(codedMessage, 0xF1E2D3C4B5A69788, signed64(0x8F9EADBCCBDAE9F8), nullptr);
-    QCOMPARE(probe.calls(), call);
-}
-
-void tst_Signatures::absentEntry()
-{
-    HandlerProbe probe;
-    QCOMPARE(dispatch(probe, 1, 2), QStringLiteral("passed up"));
-    QCOMPARE(probe.OnWndMsg(codedMessage, 1, 2, nullptr), 0);
-}
-
-namespace {
-
-class CGauge : public CWnd_X
-{
-public:
-    virtual LRESULT onProbed(WPARAM wParam, LPARAM lParam) { return static_cast<LRESULT>(wParam) + lParam; }
-};
-
-class CFineGauge : public CGauge
-{
-public:
-    LRESULT onProbed(WPARAM wParam, LPARAM lParam) override { return 100 * CGauge::onProbed(wParam, lParam); }
-};
-
-struct Scale
-{
-    virtual ~Scale() = default;
-    LRESULT onScaled(WPARAM wParam, LPARAM) { return factor * static_cast<LRESULT>(wParam); }
-    virtual LRESULT onScaledVirtually(WPARAM wParam, LPARAM) { return factor * static_cast<LRESULT>(wParam); }
-
-    LRESULT factor = 3;
-};
-
-class CScaledGauge : public CGauge, public Scale
-{
-public:
-    LRESULT onScaledVirtually(WPARAM wParam, LPARAM lParam) override
-    {
-        return -Scale::onScaledVirtually(wParam, lParam);
-    }
-
-    DECLARE_MESSAGE_MAP_X()
-};
-
-BEGIN_MESSAGE_MAP_X(CScaledGauge, CGauge)
-    ON_MESSAGE_X(WM_USER + 1, onScaled)
-    ON_MESSAGE_X(WM_USER + 2, onScaledVirtually)
-END_MESSAGE_MAP_X()
-
-// As a client writes it that has no macro for the purpose.
-template <class Class>
-AFX_PMSG_X rawHandler(LRESULT (Class::*handler)(WPARAM, LPARAM))
-{
-    return XeHandler<LRESULT(WPARAM, LPARAM)>::of(handler);
-}
-
-} // namespace
-
-void tst_Signatures::virtualHandler()
-{
-    CGauge coarse;
-    CFineGauge fine;
-    for (CWnd_X* window : {static_cast<CWnd_X*>(&coarse), static_cast<CWnd_X*>(&fine)})
-        window->AddMsgMapEntry(codedMessage, AfxSig_l_w_l, rawHandler(&CGauge::onProbed), nullptr);
-    QCOMPARE(dispatch(coarse, 4, 5), QStringLiteral("handled 9"));
-    QCOMPARE(dispatch(fine, 4, 5), QStringLiteral("handled 900"));
-}
-
-void tst_Signatures::handlerOfSecondBase()
-{
-    CScaledGauge gauge;
-    gauge.factor = 7;
-    gauge.AddMsgMapEntry(codedMessage, AfxSig_l_w_l, rawHandler<CScaledGauge>(&CScaledGauge::onScaled), nullptr);
-    QCOMPARE(dispatch(gauge, 6, 0), QStringLiteral("handled 42"));
-}
-
-void tst_Signatures::virtualHandlerOfSecondBase()
-{
-    CScaledGauge gauge;
-    gauge.factor = 7;
-    // Named through the base, so that the call goes through the base's own table.
-    const auto named = static_cast<LRESULT (CScaledGauge::*)(WPARAM, LPARAM)>(&Scale::onScaledVirtually);
-    gauge.AddMsgMapEntry(codedMessage, AfxSig_l_w_l, rawHandler(named), nullptr);
-    QCOMPARE(dispatch(gauge, 6, 0), QStringLiteral("handled -42"));
-}
-
-void tst_Signatures::macroTakesHandlersOfASecondBase()
-{
-    QWidget widget;
-    CScaledGauge gauge;
-    gauge.factor = 7;
-    QCOMPARE(gauge.SubclassWindow(&widget), 1);
-    QCOMPARE(gauge.SendMessage(WM_USER + 1, 6), 42LL);
-    QCOMPARE(gauge.SendMessage(WM_USER + 2, 6), -42LL);
 }
 
 XE_TEST(tst_Signatures)
