@@ -1,5 +1,6 @@
-// How a window comes to life: the forms of Create, the order of an attachment, and what undoes it.
+// How a window comes to life: the forms of Create, and what an attachment makes of bars, lists and slots.
 
+#include "creationwitness.h"
 #include "deletelater.h"
 #include "leavenothing.h"
 #include "testclass.h"
@@ -14,81 +15,6 @@
 #include <QStyledItemDelegate>
 
 namespace {
-
-constexpr UINT question = WM_USER + 1;
-
-// Writes down the steps of its attachment, and refuses at one of them if told so.
-template <class Base>
-class Witness : public Base
-{
-public:
-    using Base::Base;
-
-    void SetupUI() override
-    {
-        log += QStringLiteral("SetupUI");
-        if (setup)
-            setup();
-    }
-    int OnCreate(tagCREATESTRUCTW* createStruct) override
-    {
-        log += QStringLiteral("OnCreate");
-        createStructs.append(*createStruct);
-        answers += this->SendMessage(question);
-        const int base = Base::OnCreate(createStruct);
-        answers += this->SendMessage(question);
-        return createAnswer ? createAnswer : base;
-    }
-    void ConnectSlotsFrom(QObject* from, bool keep) override
-    {
-        log += QStringLiteral("ConnectSlotsFrom(%1, %2)").arg(from == this->GetSafeHwnd() ? "imp" : "?").arg(keep);
-        answers += this->SendMessage(question);
-        Base::ConnectSlotsFrom(from, keep);
-    }
-    void OnMessageMap() override
-    {
-        log += QStringLiteral("OnMessageMap");
-        Base::OnMessageMap();
-        using ThisClass = Witness;
-        ON_MESSAGE_X(question, onQuestion)
-    }
-    void PreSubclassWindow() override { log += QStringLiteral("PreSubclassWindow"); }
-    LRESULT onQuestion(WPARAM, LPARAM) { return 7; }
-
-    QString take() { return std::exchange(log, {}).join(QLatin1Char(' ')); }
-
-    QStringList log;
-    QVector<tagCREATESTRUCTW> createStructs;
-    QVector<LRESULT> answers;
-    std::function<void()> setup;
-    int createAnswer = 0;
-};
-
-using WitnessWindow = Witness<CWnd_X>;
-
-class WitnessDialog : public Witness<CDialog_X>
-{
-public:
-    using Witness::Witness;
-
-    BOOL OnInitDialog() override
-    {
-        log += QStringLiteral("OnInitDialog");
-        answers += SendMessage(question);
-        return initAnswer;
-    }
-
-    BOOL initAnswer = TRUE;
-};
-
-// The three forms of Create.
-using CreateForm = int (*)(CWnd_X& window, QWidget* parent);
-const QVector<QPair<const char*, CreateForm>> forms = {
-    {"parent", [](CWnd_X& window, QWidget* parent) { return window.Create(parent); }},
-    {"style", [](CWnd_X& window, QWidget* parent) { return window.Create(WS_CHILD, parent); }},
-    {"rectangle",
-     [](CWnd_X& window, QWidget* parent) { return window.Create(WS_CHILD, CRect(10, 20, 110, 70), parent); }},
-};
 
 // What a window has been given by its style, such as "shown vertical".
 QString appearance(const CWnd_X& window)
@@ -121,8 +47,6 @@ QString appearanceOf(DWORD style, Creation create)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(CreateForm)
 
 class FormWidget : public QWidget
 {
@@ -161,9 +85,6 @@ private Q_SLOTS:
     void aRectangleIsAPlaceInTheParent();
     void aClassMayMakeAnotherWidget();
 
-    void orderOfAnAttachment();
-    void createStructHoldsTheStyleAlone();
-    void messagesFindNoEntryBeforeTheMapIsFilled();
     void onCreateMakesTheBars_data();
     void onCreateMakesTheBars();
     void comboBoxesBelowShowWholeTexts();
@@ -171,17 +92,6 @@ private Q_SLOTS:
     void laterModesOfListsStay_data();
     void laterModesOfListsStay();
     void slotsMoveToTheWrapper();
-
-    void aRefusalUndoesTheCreation_data();
-    void aRefusalUndoesTheCreation();
-    void aRefusalLeavesAnAdoptedWidgetAlone();
-    void onCreateMayLetGo();
-    void onCreateMayDeleteTheWidget();
-
-    void attachedAgain();
-    void theNextWidgetTakesTheRoomOfTheFirst();
-    void widgetOfTheWrongKind();
-    void dialogItemIsFoundByName();
 };
 
 // ---------------------------------------------------------------------------------------------------------- forms
@@ -261,53 +171,7 @@ void tst_WndCreation::aClassMayMakeAnotherWidget()
     }
 }
 
-// ---------------------------------------------------------------------------------------------------------- order
-
-void tst_WndCreation::orderOfAnAttachment()
-{
-    QWidget parent;
-    auto* const widget = new QWidget(&parent);
-    const QString order = QStringLiteral("OnCreate SetupUI ConnectSlotsFrom(imp, 0) OnMessageMap");
-
-    for (const auto& form : forms) {
-        WitnessWindow window;
-        form.second(window, &parent);
-        QCOMPARE(window.take(), order);
-    }
-    WitnessWindow adopting;
-    QCOMPARE(adopting.SubclassWindow(widget), 1);
-    QCOMPARE(adopting.take(), order + QStringLiteral(" PreSubclassWindow"));
-
-    WitnessDialog dialog;
-    const QString dialogOrder = QStringLiteral("OnCreate SetupUI OnInitDialog ConnectSlotsFrom(imp, 0) OnMessageMap");
-    QCOMPARE(dialog.CWnd_X::Create(&parent), 1);
-    QCOMPARE(dialog.take(), dialogOrder);
-    QDialog form(&parent);
-    QCOMPARE(dialog.SubclassWindow(&form), 1);
-    QCOMPARE(dialog.take(), dialogOrder + QStringLiteral(" PreSubclassWindow"));
-}
-
-void tst_WndCreation::createStructHoldsTheStyleAlone()
-{
-    QWidget parent;
-    WitnessWindow window;
-    window.Create(WS_POPUP | WS_VSCROLL, CRect(10, 20, 30, 40), &parent);
-    QCOMPARE(window.createStructs.size(), 1);
-    const tagCREATESTRUCTW& created = window.createStructs.first();
-    QCOMPARE(static_cast<DWORD>(created.style), WS_POPUP | WS_VSCROLL);
-    QVERIFY(!created.lpCreateParams && !created.hInstance && !created.hMenu && !created.hwndParent);
-    QVERIFY(!created.x && !created.y && !created.cx && !created.cy && !created.dwExStyle);
-    QVERIFY(!created.lpszName && !created.lpszClass);
-}
-
-void tst_WndCreation::messagesFindNoEntryBeforeTheMapIsFilled()
-{
-    QWidget parent;
-    WitnessDialog dialog;
-    dialog.CWnd_X::Create(&parent);
-    QCOMPARE(dialog.answers, (QVector<LRESULT>{0, 0, 0, 0})); // OnCreate twice, OnInitDialog, ConnectSlotsFrom
-    QCOMPARE(dialog.SendMessage(question), 7LL);
-}
+// ------------------------------------------------------------------------------------------ bars, lists and slots
 
 void tst_WndCreation::onCreateMakesTheBars_data()
 {
@@ -417,149 +281,6 @@ void tst_WndCreation::slotsMoveToTheWrapper()
     button.click();
     QCOMPARE(form.heard, 0);
     QCOMPARE(window.heard, 1);
-}
-
-// -------------------------------------------------------------------------------------------------------- refusals
-
-void tst_WndCreation::aRefusalUndoesTheCreation_data()
-{
-    QTest::addColumn<CreateForm>("form");
-    QTest::addColumn<int>("createAnswer");
-    QTest::addColumn<BOOL>("initAnswer");
-    QTest::addColumn<QString>("steps");
-    for (const auto& form : forms) {
-        QTest::addRow("OnCreate -1, by %s", form.first) << form.second << -1 << TRUE << "OnCreate SetupUI";
-        QTest::addRow("OnCreate 1, by %s", form.first) << form.second << 1 << TRUE << "OnCreate SetupUI";
-        QTest::addRow("OnInitDialog, by %s", form.first)
-            << form.second << 0 << FALSE << "OnCreate SetupUI OnInitDialog";
-    }
-}
-
-void tst_WndCreation::aRefusalUndoesTheCreation()
-{
-    QFETCH(CreateForm, form);
-    QFETCH(int, createAnswer);
-    QFETCH(BOOL, initAnswer);
-    QWidget parent;
-    WitnessDialog dialog;
-    dialog.createAnswer = createAnswer;
-    dialog.initAnswer = initAnswer;
-    QCOMPARE(form(dialog, &parent), 0);
-    QTEST(dialog.take(), "steps");
-    QCOMPARE(dialog.GetSafeHwnd(), nullptr);
-
-    const QPointer<QWidget> widget = parent.findChild<QDialog*>();
-    QVERIFY(widget); // until the event loop runs
-    QCOMPARE(CWnd_X::FromHandlePermanent(widget), nullptr);
-    deleteLaterObjects();
-    QVERIFY(!widget);
-
-    dialog.createAnswer = 0;
-    dialog.initAnswer = TRUE;
-    QCOMPARE(form(dialog, &parent), 1);
-}
-
-void tst_WndCreation::aRefusalLeavesAnAdoptedWidgetAlone()
-{
-    QWidget widget;
-    WitnessWindow window;
-    window.createAnswer = 1;
-    QCOMPARE(window.SubclassWindow(&widget), 0);
-    QCOMPARE(window.take(), QStringLiteral("OnCreate SetupUI"));
-    QCOMPARE(window.GetSafeHwnd(), nullptr);
-    QCOMPARE(widget.dynamicPropertyNames(), QList<QByteArray>());
-    deleteLaterObjects();
-    QVERIFY(widget.children().isEmpty());
-}
-
-void tst_WndCreation::onCreateMayLetGo()
-{
-    QWidget parent;
-    WitnessWindow window;
-    window.setup = [&] { window.Detach(); };
-    QCOMPARE(window.Create(WS_VISIBLE, &parent), 0);
-    deleteLaterObjects();
-    QVERIFY(parent.children().isEmpty());
-}
-
-void tst_WndCreation::onCreateMayDeleteTheWidget()
-{
-    QWidget parent;
-    WitnessWindow window;
-    window.setup = [&] { delete window.GetSafeHwnd(); };
-    QCOMPARE(window.Create(WS_VISIBLE, CRect(0, 0, 10, 10), &parent), 0);
-    QCOMPARE(window.GetSafeHwnd(), nullptr);
-}
-
-// --------------------------------------------------------------------------------------------------- attached again
-
-void tst_WndCreation::attachedAgain()
-{
-    QWidget first;
-    QWidget second;
-    WitnessWindow window;
-    window.SubclassWindow(&first);
-    window.Detach();
-    QCOMPARE(first.dynamicPropertyNames(), QList<QByteArray>());
-    deleteLaterObjects();
-    QVERIFY(first.children().isEmpty());
-    QCOMPARE(SendMessage_X(&first, question, 0, 0), 0LL);
-
-    window.take();
-    QCOMPARE(window.SubclassWindow(&second), 1);
-    QCOMPARE(window.take(), QStringLiteral("OnCreate SetupUI ConnectSlotsFrom(imp, 0) OnMessageMap PreSubclassWindow"));
-    QCOMPARE(window.SendMessage(question), 7LL);
-    QCOMPARE(second.children().size(), 1);
-}
-
-void tst_WndCreation::theNextWidgetTakesTheRoomOfTheFirst()
-{
-    QWidget parent;
-    QWidget second;
-    CWnd_X window;
-    window.Create(WS_VISIBLE | WS_HSCROLL | WS_VSCROLL, &parent);
-    const QPointer<QWidget> first = window.GetSafeHwnd();
-    QCOMPARE(window.SubclassWindow(&second), 1);
-    QVERIFY(first);
-    QCOMPARE(CWnd_X::FromHandlePermanent(first), nullptr);
-    deleteLaterObjects();
-    QVERIFY(!first);
-    QCOMPARE(window.GetSafeHwnd(), &second);
-    QCOMPARE(window.GetScrollBarCtrl(SB_VERT)->parentWidget(), &second); // the style is still the same
-}
-
-void tst_WndCreation::widgetOfTheWrongKind()
-{
-    QDialog form;
-    QLabel label;
-    CDialog_X dialog;
-    dialog.SubclassWindow(&form);
-    QCOMPARE(dialog.SubclassWindow(&label), 0);
-    QCOMPARE(label.dynamicPropertyNames(), QList<QByteArray>());
-    QVERIFY(label.children().isEmpty());
-    QCOMPARE(dialog.GetSafeHwnd(), &form);
-}
-
-void tst_WndCreation::dialogItemIsFoundByName()
-{
-    QWidget widget;
-    QWidget group(&widget);
-    QLabel label(&group);
-    label.setObjectName(QStringLiteral("Name"));
-    CWnd_X parent;
-    parent.SubclassWindow(&widget);
-
-    WitnessWindow item;
-    QCOMPARE(item.SubclassDlgItem("name", &parent), 0);
-    QCOMPARE(item.SubclassDlgItem("Name", nullptr), 0);
-    QCOMPARE(item.SubclassDlgItem(nullptr, &parent), 0);
-    CWnd_X without;
-    QCOMPARE(item.SubclassDlgItem("Name", &without), 0);
-    QCOMPARE(item.take(), QString());
-    QCOMPARE(item.SubclassDlgItem("Name", &parent), 1);
-    QCOMPARE(item.GetSafeHwnd(), &label);
-    QVERIFY(item.IsExternalImpObj());
-    QVERIFY(item.take().endsWith(QStringLiteral(" PreSubclassWindow")));
 }
 
 XE_TEST(tst_WndCreation)
