@@ -1,38 +1,22 @@
-// A status bar and its panes.
+// A status bar: the texts of its panes, its blanks, and where they are.
 
-#include "bars/bartext.h"
+#include "bars/statusbarstage.h"
 #include "leavenothing.h"
 #include "testclass.h"
 
-#include <XeMFCEmu.h>
-
 #include <QPushButton>
 
-namespace {
-
-// "0 'Ready', 2 ''": the panes in the map.
-QString panesText(const CStatusBar_X& bar)
-{
-    QStringList words;
-    for (const auto& [index, pane] : bar.m_mapPanes) {
-        const auto* const label = qobject_cast<const QLabel*>(pane);
-        words += QStringLiteral("%1 %2").arg(index).arg(label ? QLatin1Char('\'') + label->text() + QLatin1Char('\'')
-                                                              : QStringLiteral("none"));
-    }
-    return words.join(QStringLiteral(", "));
-}
-
-int widthOf(const CStatusBar_X& bar, unsigned index) { return bar.m_mapPanes.at(index)->width(); }
-
-} // namespace
-
-class tst_StatusBar : public QObject
+class tst_StatusBar : public QObject, private StatusBarStage
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { makeBar(); }
+    void cleanup()
+    {
+        endBar();
+        QCOMPARE(LeaveNothing::leftovers(), QString());
+    }
 
     void classes();
     void isMadeByItsStyle();
@@ -63,54 +47,7 @@ private Q_SLOTS:
     void barWidth_data();
     void barWidth();
     void geometry();
-
-    void paneDeletedByTheHost();
-    void blankDeletedByTheHost();
-    void destroyedAndMadeAgain();
-    void paneReplacedFromItsOwnEvent();
-    void wrapperGoesFirst();
-    void temporaryWrapperForgetsThePanes();
-    void handlerDeletesTheBar();
-    void withoutWidget();
-
-private:
-    void show();
-    QString onScreen();
-
-    std::unique_ptr<QWidget> m_parent;
-    std::unique_ptr<CStatusBar_X> m_bar;
 };
-
-void tst_StatusBar::init()
-{
-    m_parent = std::make_unique<QWidget>();
-    m_parent->resize(640, 480);
-    m_bar = std::make_unique<CStatusBar_X>();
-    m_bar->Create(m_parent.get());
-}
-
-void tst_StatusBar::cleanup()
-{
-    m_bar.reset();
-    m_parent.reset();
-    QCOMPARE(LeaveNothing::leftovers(), QString());
-}
-
-void tst_StatusBar::show()
-{
-    m_bar->setGeometry({0, 450, 640, 30});
-    m_parent->show();
-}
-
-// The labels from left to right, once the layout has placed them.
-QString tst_StatusBar::onScreen()
-{
-    m_parent->show();
-    m_bar->setGeometry({0, 450, 640, 30});
-    deleteLaterObjects();
-    QCoreApplication::processEvents();
-    return barText(*m_bar);
-}
 
 // ----------------------------------------------------------------------------------------------------------- the bar
 
@@ -427,138 +364,6 @@ void tst_StatusBar::geometry()
 {
     m_bar->setGeometry({3, 4, 50, 25});
     QCOMPARE(m_bar->GetSafeHwnd()->geometry(), QRect(3, 4, 50, 25));
-}
-
-// ------------------------------------------------------------------------------------------------------- who goes when
-
-void tst_StatusBar::paneDeletedByTheHost()
-{
-    for (const int index : {0, 1, 2})
-        m_bar->SetPaneText(index, L"x");
-    delete m_bar->m_mapPanes[1];
-    QCOMPARE(panesText(*m_bar), QStringLiteral("0 'x', 2 'x'"));
-    m_bar->UpdateStatusBarWidth(0);
-    QCOMPARE(m_bar->SetPaneText(1, L"again"), 1);
-    QCOMPARE(panesText(*m_bar), QStringLiteral("0 'x', 1 'again', 2 'x'"));
-}
-
-void tst_StatusBar::blankDeletedByTheHost()
-{
-    m_bar->SetPaneText(0, L"x");
-    m_bar->SetPaneInfo(0, 0, SBPS_NORMAL, 20);
-    deleteLaterObjects();
-    delete m_bar->GetSafeHwnd()->findChild<QLabel*>();
-    m_bar->SetPaneText(1, L"b");
-    m_bar->SetPaneText(0, L"a");
-    m_bar->SetPaneInfo(0, 0, SBPS_NORMAL, 20);
-    QCOMPARE(panesText(*m_bar), QStringLiteral("1 'b'"));
-}
-
-void tst_StatusBar::destroyedAndMadeAgain()
-{
-    for (int i = 0; i < 3; ++i) {
-        m_bar->SetPaneText(0, L"x");
-        m_bar->SetPaneText(1, L"y");
-        m_bar->SetPaneInfo(0, 0, SBPS_NORMAL, 20);
-        m_bar->DestroyWindow();
-        QCOMPARE(panesText(*m_bar), QString());
-        if (i % 2)
-            deleteLaterObjects();
-        QCOMPARE(m_bar->Create(m_parent.get()), 1);
-    }
-    deleteLaterObjects();
-    QCOMPARE(m_bar->SetPaneText(1, L"y"), 1);
-    QCOMPARE(panesText(*m_bar), QStringLiteral("1 'y'"));
-    QCOMPARE(m_bar->GetSafeHwnd()->findChildren<QLabel*>().size(), 1);
-    m_parent.reset(); // takes the bar along
-    QCOMPARE(panesText(*m_bar), QString());
-    QCOMPARE(m_bar->SetPaneText(1, L"y"), 0);
-}
-
-class ReplacingOnPress : public QObject
-{
-public:
-    explicit ReplacingOnPress(CStatusBar_X& bar) : m_bar(bar) {}
-
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        if (event->type() == QEvent::MouseButtonPress)
-            m_bar.SetPaneText(0, L"pressed");
-        return false;
-    }
-
-private:
-    CStatusBar_X& m_bar;
-};
-
-void tst_StatusBar::paneReplacedFromItsOwnEvent()
-{
-    m_bar->SetPaneText(0, L"press");
-    show();
-    ReplacingOnPress filter(*m_bar);
-    m_bar->m_mapPanes[0]->installEventFilter(&filter);
-    QTest::mouseClick(m_bar->m_mapPanes[0], Qt::LeftButton);
-    QCOMPARE(panesText(*m_bar), QStringLiteral("0 'pressed'"));
-}
-
-void tst_StatusBar::wrapperGoesFirst()
-{
-    m_bar->SetPaneText(0, L"x");
-    const QPointer<QWidget> pane = m_bar->m_mapPanes[0];
-    m_bar.reset();
-    QVERIFY(pane);
-    deleteLaterObjects();
-    QVERIFY(!pane);
-}
-
-void tst_StatusBar::temporaryWrapperForgetsThePanes()
-{
-    QStatusBar widget(m_parent.get());
-    auto* const bar = static_cast<CStatusBar_X*>(CWnd_X::FromHandle(&widget));
-    bar->SetPaneText(0, L"stays");
-    const QPointer<QWidget> pane = bar->m_mapPanes[0];
-    ClearTempObjectPool();
-    QVERIFY(pane && pane->parentWidget() == &widget);
-    delete pane;
-}
-
-void tst_StatusBar::handlerDeletesTheBar()
-{
-    class GoneWhenResized : public CStatusBar_X
-    {
-    public:
-        int PreTranslateMessage(tagMSG* message) override
-        {
-            const bool goes = message->message == WM_SIZE && armed;
-            if (goes)
-                delete this;
-            return goes;
-        }
-        bool armed = false;
-    };
-    m_parent->show();
-    const QPointer<GoneWhenResized> bar(new GoneWhenResized);
-    bar->Create(m_parent.get());
-    bar->armed = true;
-    QCOMPARE(bar->SetPaneText(0, L"x"), 1); // which sets the bar's width
-    QVERIFY(!bar);
-}
-
-void tst_StatusBar::withoutWidget()
-{
-    CStatusBar_X bar;
-    QCOMPARE(bar.SetPaneText(0, L"x"), 0);
-    bar.SetPaneInfo(0, 0, SBPS_NORMAL, 10);
-    QCOMPARE(bar.m_mapPanes.empty(), true);
-    QCOMPARE(bar.CommandToIndex(m_parent.get()), -1);
-    QCOMPARE(bar.GetItemID(0), UINT_PTR(0));
-    CRect rect(1, 2, 3, 4);
-    bar.GetItemRect(0, &rect);
-    QCOMPARE(rect == CRect(1, 2, 3, 4), TRUE);
-    QCOMPARE(bar.GetListQWidgets(), {});
-    bar.setGeometry({1, 2, 3, 4});
-    bar.UpdateStatusBarWidth(0);
-    QCOMPARE(bar.GetSafeHwnd(), nullptr);
 }
 
 XE_TEST(tst_StatusBar)
