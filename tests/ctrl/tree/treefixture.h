@@ -55,3 +55,11 @@ struct TreeFixture
 };
 
 inline QString textOf(const CString_X& text) { return XeQString(text); }
+
+/// One of 8 x 8 pixels.
+inline QPixmap picture(const QColor& color)
+{
+    QPixmap pixmap(8, 8);
+    pixmap.fill(color);
+    return pixmap;
+}
