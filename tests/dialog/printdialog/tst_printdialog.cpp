@@ -1,77 +1,15 @@
-// The print dialog: its record, what it answers, and the job that it begins.
+// The print dialog: its record, what it answers, and what it can do.
 
+#include "printdialog/printing.h"
 #include "testclass.h"
 
 #include <leavenothing.h>
-#include <modaldriver.h>
 
-#include <QDialogButtonBox>
-#include <QLineEdit>
-#include <QPainter>
 #include <QPrinter>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
-#include <QTemporaryDir>
-#include <xeafxdc.h>
-#include <xeafxdlgs.h>
 
 namespace {
-
-using Action = std::function<void(QPrintDialog&)>;
-
-template <class Widget>
-Widget& part(const QPrintDialog& dialog, const char* name)
-{
-    return *dialog.findChild<Widget*>(QLatin1String(name));
-}
-
-void click(const QPrintDialog& dialog, QDialogButtonBox::StandardButton which)
-{
-    dialog.findChild<QDialogButtonBox*>()->button(which)->click();
-}
-
-// Runs the dialog, acts on it, and cancels it if it has not ended. Gives the result.
-int run(CPrintDialog_X& dialog, const Action& action)
-{
-    const ModalDriver<QPrintDialog> driver([&](QPrintDialog* shown) {
-        action(*shown);
-        if (shown->isVisible())
-            click(*shown, QDialogButtonBox::Cancel);
-    });
-    return dialog.DoModal();
-}
-
-void nothing(QPrintDialog&) {}
-
-// Prints to a file.
-Action print(const QString& file, const Action& settings = nothing)
-{
-    return [=](QPrintDialog& shown) {
-        part<QLineEdit>(shown, "filename").setText(file);
-        settings(shown);
-        click(shown, QDialogButtonBox::Ok);
-    };
-}
-
-QPainter* painterOf(const CPrintDialog_X& dialog) { return static_cast<QPainter*>(dialog.GetPrinterDC()); }
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// "2 pages" of a whole PDF file, else what is wrong with it.
-QString pages(const QString& path)
-{
-    const QByteArray content = contentOf(path);
-    if (!content.startsWith("%PDF-1."))
-        return QStringLiteral("no PDF");
-    if (!content.trimmed().endsWith("%%EOF"))
-        return QStringLiteral("no end");
-    return QStringLiteral("%1 pages").arg(content.count("/Type /Page\n"));
-}
 
 QString ranges(const CPrintDialog_X& dialog)
 {
@@ -84,9 +22,8 @@ QString ranges(const CPrintDialog_X& dialog)
 }
 
 } // namespace
-Q_DECLARE_METATYPE(Action)
 
-class tst_PrintDialog : public QObject
+class tst_PrintDialog : public QObject, private PrintFolder
 {
     Q_OBJECT
 
@@ -106,28 +43,12 @@ private slots:
     void range();
     void printersAreKnownByTheirName();
 
-    void jobIsAReadableFile();
-    void jobOutlivesTheDialog();
-    void painterIsGoneWhenItIsDeleted();
-    void painterThatNobodyAskedFor();
-    void nextAcceptanceBeginsAnotherJob();
-    void cancelledRunKeepsTheJob();
-    void noPainterForASetup();
-    void painterThatCannotBegin();
-    void cancelledLeavesNoFile();
-    void printerOfTheHosts();
-
     void cancelComesByOnCancel();
     void setup();
     void setupOfTheHosts();
     void attachedAnew();
     void wrapperGoesWhileTheDialogIsOpen();
     void stubs();
-
-private:
-    QString file(const char* name = "out.pdf") const { return m_folder->filePath(QLatin1String(name)); }
-
-    std::unique_ptr<QTemporaryDir> m_folder;
 };
 
 // -------------------------------------------------------------------------------------------------------- construction
@@ -278,143 +199,6 @@ void tst_PrintDialog::printersAreKnownByTheirName()
     dialog.setProperty("driverName", QStringLiteral("a driver"));
     QCOMPARE(XeQString(dialog.GetDeviceName()), QStringLiteral("激光打印机"));
     QCOMPARE(XeQString(dialog.GetDriverName()), QStringLiteral("a driver"));
-}
-
-// ----------------------------------------------------------------------------------------------------------------- job
-
-void tst_PrintDialog::jobIsAReadableFile()
-{
-    CPrintDialog_X dialog(FALSE);
-    QCOMPARE(run(dialog, print(file())), IDOK);
-    QPainter* const painter = painterOf(dialog);
-    QVERIFY(painter && painter->isActive());
-    QCOMPARE(dialog.property("painter").toULongLong(), reinterpret_cast<qulonglong>(painter));
-    QCOMPARE(painterOf(dialog), painter);
-    painter->drawText(100, 100, QStringLiteral("零件"));
-    QVERIFY(static_cast<QPrinter*>(painter->device())->newPage());
-    painter->drawText(100, 100, QStringLiteral("second page"));
-    QCOMPARE(DeleteDC_X(painter), 1);
-    QCOMPARE(pages(file()), QStringLiteral("2 pages"));
-}
-
-void tst_PrintDialog::jobOutlivesTheDialog()
-{
-    QPainter* painter = nullptr;
-    {
-        CPrintDialog_X dialog(FALSE);
-        QCOMPARE(run(dialog, print(file())), IDOK);
-        painter = painterOf(dialog);
-    }
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
-    painter->drawText(100, 100, QStringLiteral("late"));
-    QVERIFY(static_cast<QPrinter*>(painter->device())->newPage());
-    QCoreApplication::processEvents();
-    painter->drawText(100, 100, QStringLiteral("later"));
-    delete painter;
-    QCoreApplication::processEvents();
-    QCOMPARE(pages(file()), QStringLiteral("2 pages"));
-}
-
-void tst_PrintDialog::painterIsGoneWhenItIsDeleted()
-{
-    CPrintDialog_X dialog(FALSE);
-    QCOMPARE(run(dialog, print(file())), IDOK);
-    delete painterOf(dialog);
-    QVERIFY(!dialog.GetPrinterDC());
-    QCOMPARE(run(dialog, print(file("second.pdf"))), IDOK);
-    QVERIFY(dialog.GetPrinterDC());
-    delete painterOf(dialog);
-}
-
-void tst_PrintDialog::painterThatNobodyAskedFor()
-{
-    {
-        CPrintDialog_X dialog(FALSE);
-        QCOMPARE(run(dialog, print(file("first.pdf"))), IDOK);
-        QVERIFY(dialog.property("painter").toULongLong());
-        QCOMPARE(run(dialog, print(file("second.pdf"))), IDOK);
-        QVERIFY(!contentOf(file("first.pdf")).isEmpty()); // that job has ended
-        QVERIFY(contentOf(file("second.pdf")).isEmpty());
-    }
-    QVERIFY(!contentOf(file("second.pdf")).isEmpty());
-}
-
-void tst_PrintDialog::nextAcceptanceBeginsAnotherJob()
-{
-    CPrintDialog_X dialog(FALSE);
-    QCOMPARE(run(dialog, print(file("first.pdf"))), IDOK);
-    QPainter* const first = painterOf(dialog);
-    QCOMPARE(run(dialog, print(file("second.pdf"))), IDOK);
-    QPainter* const second = painterOf(dialog);
-    QVERIFY(second && second != first);
-    first->drawText(100, 100, QStringLiteral("first"));
-    delete first;
-    QCOMPARE(painterOf(dialog), second);
-    delete second;
-    QCOMPARE(pages(file("first.pdf")) + pages(file("second.pdf")), QStringLiteral("1 pages1 pages"));
-}
-
-void tst_PrintDialog::cancelledRunKeepsTheJob()
-{
-    CPrintDialog_X dialog(FALSE);
-    QCOMPARE(run(dialog, print(file())), IDOK);
-    QCOMPARE(run(dialog, nothing), IDCANCEL);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCOMPARE(XeQString(dialog.GetPortName()), file());
-    QVERIFY(painterOf(dialog)->isActive());
-    delete painterOf(dialog);
-    QCOMPARE(pages(file()), QStringLiteral("1 pages"));
-}
-
-void tst_PrintDialog::noPainterForASetup()
-{
-    CPrintDialog_X dialog(TRUE);
-    QCOMPARE(run(dialog, print(file())), IDOK);
-    QVERIFY(!dialog.GetPrinterDC());
-    QCOMPARE(XeQString(dialog.GetPortName()), file());
-    QVERIFY(!QFile::exists(file()));
-}
-
-void tst_PrintDialog::painterThatCannotBegin()
-{
-    CPrintDialog_X dialog(FALSE);
-    QTest::ignoreMessage(QtWarningMsg, "QPainter::begin(): Returned false");
-    QCOMPARE(run(dialog,
-                 [&](QPrintDialog& shown) {
-                     shown.printer()->setOutputFileName(file("missing/out.pdf"));
-                     dialog.OnPrintBtnClicked();
-                 }),
-             IDCANCEL);
-    QVERIFY(!dialog.GetPrinterDC());
-    QVERIFY(!dialog.property("painter").isValid());
-}
-
-void tst_PrintDialog::cancelledLeavesNoFile()
-{
-    {
-        CPrintDialog_X dialog(FALSE);
-        QCOMPARE(run(dialog, [&](QPrintDialog& shown) { part<QLineEdit>(shown, "filename").setText(file()); }),
-                 IDCANCEL);
-    }
-    QVERIFY(!QFile::exists(file()));
-}
-
-void tst_PrintDialog::printerOfTheHosts()
-{
-    struct Hosted : CPrintDialog_X
-    {
-        Hosted() : CPrintDialog_X(FALSE) {}
-        bool AttachDefault(QWidget* parent) override
-        {
-            return Attach(new QPrintDialog(&printer, parent), parent, false);
-        }
-        QPrinter printer;
-    } dialog;
-    QCOMPARE(run(dialog, print(file())), IDOK);
-    QCOMPARE(painterOf(dialog)->device(), static_cast<QPaintDevice*>(&dialog.printer));
-    delete painterOf(dialog);
-    QCOMPARE(pages(file()), QStringLiteral("1 pages"));
 }
 
 // --------------------------------------------------------------------------------------------------------- operations
