@@ -1,3 +1,4 @@
+#include "hook/idle.h"
 #include "leavenothing.h"
 #include "testclass.h"
 
@@ -5,8 +6,6 @@
 #include <xehook.h>
 #include <xeprocess.h>
 
-#include <QAbstractEventDispatcher>
-#include <QSignalSpy>
 #include <QTimer>
 
 namespace {
@@ -34,17 +33,6 @@ public:
     }
 };
 
-/// Runs the event loop until it has nothing left to do and is about to wait.
-void idle(int times = 1)
-{
-    for (int i = 0; i < times; ++i) {
-        QEventLoop loop;
-        QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &loop,
-                         &QEventLoop::quit);
-        loop.exec();
-    }
-}
-
 /// Writes its name when it is deleted, and does what the test asks.
 class Mortal : public QObject
 {
@@ -69,30 +57,6 @@ private:
 
 } // namespace
 
-/// Counts the idle moments it is told of.
-class IdleCounter : public QObject
-{
-    Q_OBJECT
-
-public:
-    int count = 0;
-
-public Q_SLOTS:
-    void OnEnterIdle() { ++count; }
-};
-
-/// Has a slot of that name with other arguments.
-class OtherIdleSlot : public QObject
-{
-    Q_OBJECT
-
-public:
-    int count = 0;
-
-public Q_SLOTS:
-    void OnEnterIdle(int) { ++count; }
-};
-
 /// A pool that counts the idle moments it is told of.
 class CountingPool : public QGlobalEventHandler
 {
@@ -109,7 +73,7 @@ public Q_SLOTS:
     }
 };
 
-/// The pool of temporary objects, and the way idle moments come to windows and to the pool.
+/// The pool of temporary objects, and the idle moments it hears of.
 class tst_TempPool : public QObject
 {
     Q_OBJECT
@@ -137,14 +101,6 @@ private Q_SLOTS:
     void aPoolHearsOfIdleOnlyWhileItHoldsSomething();
     void aPoolKeepsHearingAfterANewStart();
     void aDyingHandlerDeletesWhatItHolds();
-
-    void connectingTwiceIsOneConnection();
-    void disconnectTellsWhetherItWasConnected();
-    void objectsWithoutTheSlot();
-    void nullHasNoIdleSlot();
-    void aDestroyedObjectIsForgotten();
-    void everyWindowUpdatesItsCommandsAtIdle();
-    void attachingAgainIsStillOneConnection();
 };
 
 void tst_TempPool::init()
@@ -158,8 +114,6 @@ void tst_TempPool::cleanup()
     QCOMPARE(LeaveNothing::leftovers(), QString());
     QVERIFY2(!DisconnectIdleSlot(GetGlobalEventHandler()), "the empty pool is still connected");
 }
-
-// ------------------------------------------------------------------------------------------------- temporaries
 
 void tst_TempPool::temporaryWrapperGoesAtIdle()
 {
@@ -410,98 +364,6 @@ void tst_TempPool::aDyingHandlerDeletesWhatItHolds()
     }
     QCOMPARE(log.join(' '), QString("a b"));
     QVERIFY(!timer);
-}
-
-// -------------------------------------------------------------------------------------------------- idle slots
-
-void tst_TempPool::connectingTwiceIsOneConnection()
-{
-    IdleCounter counter;
-    ConnectIdleSlot(&counter);
-    ConnectIdleSlot(&counter);
-    idle(3);
-    QCOMPARE(counter.count, 3);
-    QVERIFY(DisconnectIdleSlot(&counter));
-    idle(2);
-    QCOMPARE(counter.count, 3);
-    ConnectIdleSlot(&counter);
-    idle();
-    QCOMPARE(counter.count, 4);
-}
-
-void tst_TempPool::disconnectTellsWhetherItWasConnected()
-{
-    IdleCounter counter;
-    QVERIFY(!DisconnectIdleSlot(&counter));
-    ConnectIdleSlot(&counter);
-    QVERIFY(DisconnectIdleSlot(&counter));
-    QVERIFY(!DisconnectIdleSlot(&counter));
-}
-
-void tst_TempPool::objectsWithoutTheSlot()
-{
-    QObject plain;
-    OtherIdleSlot other;
-    ConnectIdleSlot(&plain);
-    ConnectIdleSlot(&other);
-    idle();
-    QCOMPARE(other.count, 0);
-    QVERIFY(!DisconnectIdleSlot(&plain));
-    QVERIFY(!DisconnectIdleSlot(&other));
-}
-
-void tst_TempPool::nullHasNoIdleSlot()
-{
-    ConnectIdleSlot(nullptr);
-    QVERIFY(!DisconnectIdleSlot(nullptr));
-}
-
-void tst_TempPool::aDestroyedObjectIsForgotten()
-{
-    IdleCounter stays;
-    auto* goes = new IdleCounter;
-    ConnectIdleSlot(goes);
-    ConnectIdleSlot(&stays);
-    delete goes;
-    idle();
-    QCOMPARE(stays.count, 1);
-}
-
-void tst_TempPool::everyWindowUpdatesItsCommandsAtIdle()
-{
-    QWidget firstWidget;
-    QWidget secondWidget;
-    CWnd_X first;
-    CWnd_X second;
-    CWnd_X withoutWidget;
-    QSignalSpy firstSpy(&first, &CWnd_X::updateCmdUi);
-    QSignalSpy secondSpy(&second, &CWnd_X::updateCmdUi);
-    QSignalSpy thirdSpy(&withoutWidget, &CWnd_X::updateCmdUi);
-    idle();
-    QCOMPARE(firstSpy.count(), 0);
-    first.SubclassWindow(&firstWidget);
-    idle();
-    second.SubclassWindow(&secondWidget);
-    idle(2);
-    QCOMPARE(firstSpy.count(), 3);
-    QCOMPARE(secondSpy.count(), 2);
-    QCOMPARE(thirdSpy.count(), 0);
-    withoutWidget.OnEnterIdle();
-    QCOMPARE(thirdSpy.count(), 1);
-}
-
-void tst_TempPool::attachingAgainIsStillOneConnection()
-{
-    QWidget firstWidget;
-    QWidget secondWidget;
-    CWnd_X window;
-    window.SubclassWindow(&firstWidget);
-    window.SubclassWindow(&secondWidget);
-    window.Detach();
-    window.SubclassWindow(&firstWidget);
-    QSignalSpy spy(&window, &CWnd_X::updateCmdUi);
-    idle();
-    QCOMPARE(spy.count(), 1);
 }
 
 XE_TEST(tst_TempPool)
