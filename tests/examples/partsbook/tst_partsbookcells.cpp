@@ -6,6 +6,7 @@
 #include "modaldriver.h"
 #include "partsview.h"
 #include "resource.h"
+#include "samplelines.h"
 #include "testclass.h"
 #include "virtualinput.h"
 
@@ -20,29 +21,6 @@
 #include <QTemporaryDir>
 #include <QTreeWidget>
 #include <xeresource.h>
-
-namespace {
-
-const QByteArray heading = "number,name,kind,supplier,source,stock,minimum,price,in use,remark\n";
-const QByteArray screw = "FA-1,Screw,Fastener,Hua & Feng,bought,10,5,0.06,yes,\n";
-const QByteArray bearing = "BE-2,Bearing,Bearing,Wafang,made,3,6,12.50,yes,\n";
-const QByteArray nut = "FA-3,Nut,Fastener,Hua & Feng,bought,20,15,0.06,ending,\n";
-const QByteArray motor = "EL-4,Motor,Electrical,Kessler,customer,2,0,0.00,yes,heavy\n";
-
-// The columns, as a PartsView counts them.
-enum Column { Number, Name, Kind, Supplier, Source, Stock, Minimum, Price, InUse, Remark, Delivered };
-
-constexpr unsigned long keyTab = 0xFF09;
-constexpr unsigned long keyReturn = 0xFF0D;
-constexpr unsigned long keyEscape = 0xFF1B;
-constexpr unsigned long keyBackspace = 0xFF08;
-constexpr unsigned long keyDown = 0xFF54;
-constexpr unsigned long keyF2 = 0xFFBF;
-constexpr unsigned long keyMenu = 0xFF67;
-constexpr unsigned long keyShift = 0xFFE1;
-constexpr unsigned long keyControl = 0xFFE3;
-
-} // namespace
 
 class tst_PartsbookCells : public QObject
 {
@@ -88,6 +66,24 @@ private slots:
     void closingEndsTheEdit();
 
 private:
+    // Others than the samples: an ampersand, and a use that ends.
+    static inline const QByteArray screw = "FA-1,Screw,Fastener,Hua & Feng,bought,10,5,0.06,yes,\n";
+    static inline const QByteArray bearing = "BE-2,Bearing,Bearing,Wafang,made,3,6,12.50,yes,\n";
+    static inline const QByteArray nut = "FA-3,Nut,Fastener,Hua & Feng,bought,20,15,0.06,ending,\n";
+    static inline const QByteArray motor = "EL-4,Motor,Electrical,Kessler,customer,2,0,0.00,yes,heavy\n";
+
+    // The columns, as a PartsView counts them.
+    enum Column { Number, Name, Kind, Supplier, Source, Stock, Minimum, Price, InUse, Remark, Delivered };
+
+    static constexpr unsigned long keyTab = 0xFF09;
+    static constexpr unsigned long keyReturn = 0xFF0D;
+    static constexpr unsigned long keyEscape = 0xFF1B;
+    static constexpr unsigned long keyBackspace = 0xFF08;
+    static constexpr unsigned long keyDown = 0xFF54;
+    static constexpr unsigned long keyF2 = 0xFFBF;
+    static constexpr unsigned long keyMenu = 0xFF67;
+    static constexpr unsigned long keyShift = 0xFFE1;
+
     QWidget* window() const { return m_frame->GetSafeHwnd(); }
     PartsView table() const { return PartsView(*window()); }
     QString cell(int row, int column) const { return table().text(row, column); }
@@ -124,7 +120,7 @@ void tst_PartsbookCells::init()
     m_folder.reset(new QTemporaryDir);
     QFile file(path());
     QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(heading + screw + bearing + nut + motor);
+    file.write(headingLine + screw + bearing + nut + motor);
     file.close();
     m_frame.reset(new CMainFrame);
     QCOMPARE(m_frame->Create(nullptr), 1);
@@ -228,8 +224,7 @@ void tst_PartsbookCells::clickItem(const QComboBox* box, int item)
 QByteArray tst_PartsbookCells::saved()
 {
     window()->findChild<QAction*>(ToStringId(ID_FILE_SAVE))->trigger();
-    QFile file(path());
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
+    return contentOf(path());
 }
 
 // --------------------------------------------------------------------------------------------------------- the fields
@@ -266,7 +261,7 @@ void tst_PartsbookCells::aTypedField()
     QTRY_VERIFY(!isEditing());
     QTRY_VERIFY(isModified());
     QFETCH(const QByteArray, line);
-    QCOMPARE(saved(), heading + screw + line + nut + motor);
+    QCOMPARE(saved(), headingLine + screw + line + nut + motor);
     QCOMPARE(table().currentRow(), 1);
     QCOMPARE(QApplication::focusWidget(), table().widget());
 }
@@ -282,7 +277,7 @@ void tst_PartsbookCells::tabEditsTheNextField()
     type(keyReturn);
     QTRY_COMPARE(cell(0, Minimum), QString("60"));
     QTRY_VERIFY(!isEditing());
-    QCOMPARE(saved(), heading + QByteArray(screw).replace(",10,5,", ",250,60,") + bearing + nut + motor);
+    QCOMPARE(saved(), headingLine + QByteArray(screw).replace(",10,5,", ",250,60,") + bearing + nut + motor);
 }
 
 void tst_PartsbookCells::shiftTabEditsTheFieldBefore()
@@ -295,7 +290,7 @@ void tst_PartsbookCells::shiftTabEditsTheFieldBefore()
     type("250");
     type(keyReturn);
     QTRY_COMPARE(cell(0, Stock), QString("250"));
-    QCOMPARE(saved(), heading + QByteArray(screw).replace(",10,5,", ",250,60,") + bearing + nut + motor);
+    QCOMPARE(saved(), headingLine + QByteArray(screw).replace(",10,5,", ",250,60,") + bearing + nut + motor);
 }
 
 void tst_PartsbookCells::escapeLeavesTheFieldAsItWas()
@@ -308,7 +303,7 @@ void tst_PartsbookCells::escapeLeavesTheFieldAsItWas()
     QCOMPARE(cell(0, Stock), QString("10"));
     QCOMPARE(QApplication::focusWidget(), table().widget());
     QVERIFY(!isModified());
-    QCOMPARE(saved(), heading + screw + bearing + nut + motor);
+    QCOMPARE(saved(), headingLine + screw + bearing + nut + motor);
 }
 
 void tst_PartsbookCells::aRefusedField_data()
@@ -383,7 +378,7 @@ void tst_PartsbookCells::aFieldThatIsLeftIsRefusedOnce()
     QCOMPARE(boxes, 1);
     QVERIFY(!isEditing());
     QCOMPARE(cell(0, Stock), QString("10"));
-    QCOMPARE(saved(), heading + screw + bearing + nut + motor);
+    QCOMPARE(saved(), headingLine + screw + bearing + nut + motor);
 }
 
 void tst_PartsbookCells::anAmpersandIsEditedAsItIs()
@@ -396,7 +391,7 @@ void tst_PartsbookCells::anAmpersandIsEditedAsItIs()
     type(keyBackspace);
     type(keyReturn);
     QTRY_COMPARE(cell(0, Supplier), QString("Hua & Fen"));
-    QCOMPARE(saved(), heading + QByteArray(screw).replace("Feng", "Fen") + bearing + nut + motor);
+    QCOMPARE(saved(), headingLine + QByteArray(screw).replace("Feng", "Fen") + bearing + nut + motor);
 }
 
 // ----------------------------------------------------------------------------------------------------------- the lists
@@ -412,7 +407,7 @@ void tst_PartsbookCells::theSourceByTheMouse()
     QCOMPARE(box->currentText(), QString("customer"));
     click(2, Name); // away from it
     QCOMPARE(cell(0, Source), QString("customer"));
-    QCOMPARE(saved(), heading + QByteArray(screw).replace("bought", "customer") + bearing + nut + motor);
+    QCOMPARE(saved(), headingLine + QByteArray(screw).replace("bought", "customer") + bearing + nut + motor);
 }
 
 void tst_PartsbookCells::theSourceByTheKeys()
@@ -424,7 +419,7 @@ void tst_PartsbookCells::theSourceByTheKeys()
     type(keyReturn);
     QTRY_COMPARE(cell(0, Source), QString("made"));
     QTRY_COMPARE(QApplication::focusWidget(), table().widget());
-    QCOMPARE(saved(), heading + QByteArray(screw).replace("bought", "made") + bearing + nut + motor);
+    QCOMPARE(saved(), headingLine + QByteArray(screw).replace("bought", "made") + bearing + nut + motor);
 }
 
 void tst_PartsbookCells::theSupplierFromTheList()
@@ -438,7 +433,7 @@ void tst_PartsbookCells::theSupplierFromTheList()
     QTRY_COMPARE(box->currentText(), QString("Kessler"));
     type(keyReturn);
     QTRY_COMPARE(cell(1, Supplier), QString("Kessler"));
-    QCOMPARE(saved(), heading + screw + QByteArray(bearing).replace("Wafang", "Kessler") + nut + motor);
+    QCOMPARE(saved(), headingLine + screw + QByteArray(bearing).replace("Wafang", "Kessler") + nut + motor);
 }
 
 void tst_PartsbookCells::theSupplierTyped()
@@ -452,7 +447,7 @@ void tst_PartsbookCells::theSupplierTyped()
     QTRY_VERIFY(isEditing()); // the next list, which Return closes without a change
     type(keyReturn);
     QTRY_VERIFY(!isEditing());
-    QCOMPARE(saved(), heading + screw + QByteArray(bearing).replace("Wafang", "new one") + nut + motor);
+    QCOMPARE(saved(), headingLine + screw + QByteArray(bearing).replace("Wafang", "new one") + nut + motor);
     const QTreeWidget* const tree = window()->findChild<QTreeWidget*>();
     QCOMPARE(tree->findItems("new one", Qt::MatchExactly | Qt::MatchRecursive).size(), 1);
     QCOMPARE(tree->findItems("Wafang", Qt::MatchExactly | Qt::MatchRecursive).size(), 0);
@@ -486,7 +481,7 @@ void tst_PartsbookCells::escapeLeavesTheChoiceAsItWas()
     type(keyEscape);
     QTRY_VERIFY(!isEditing());
     QCOMPARE(cell(0, Source), QString("bought"));
-    QCOMPARE(saved(), heading + screw + bearing + nut + motor);
+    QCOMPARE(saved(), headingLine + screw + bearing + nut + motor);
 }
 
 // ---------------------------------------------------------------------------------------------------------- the boxes
@@ -496,11 +491,11 @@ void tst_PartsbookCells::aClickOnACheckBox()
     clickAt(placeOf(0, InUse));
     QTRY_COMPARE(cell(0, InUse), QString("no"));
     QTRY_VERIFY(isModified());
-    QCOMPARE(saved(), heading + QByteArray(screw).replace("yes", "no") + bearing + nut + motor);
+    QCOMPARE(saved(), headingLine + QByteArray(screw).replace("yes", "no") + bearing + nut + motor);
     QTest::qWait(QApplication::doubleClickInterval() + 20);
     clickAt(placeOf(0, InUse)); // the cell has the focus now
     QTRY_COMPARE(cell(0, InUse), QString("yes"));
-    QCOMPARE(saved(), heading + screw + bearing + nut + motor);
+    QCOMPARE(saved(), headingLine + screw + bearing + nut + motor);
     QVERIFY(!isEditing());
 }
 
@@ -512,7 +507,7 @@ void tst_PartsbookCells::theSpaceBarOnACheckBox()
     type(" ");
     QTRY_COMPARE(cell(0, InUse), QString("no"));
     QTRY_VERIFY(isModified());
-    QCOMPARE(saved(), heading + QByteArray(screw).replace("yes", "no") + bearing + nut + motor);
+    QCOMPARE(saved(), headingLine + QByteArray(screw).replace("yes", "no") + bearing + nut + motor);
 }
 
 // Its box is checked, and says so beside it. A click takes it out of use, another one brings it back.
@@ -523,7 +518,7 @@ void tst_PartsbookCells::aPartWhoseUseEnds()
     QCOMPARE(table().boxText(0, InUse), QString("x "));
     click(2, InUse);
     QCOMPARE(table().boxText(2, InUse), QString("- "));
-    QCOMPARE(saved(), heading + screw + bearing + QByteArray(nut).replace("ending", "no") + motor);
+    QCOMPARE(saved(), headingLine + screw + bearing + QByteArray(nut).replace("ending", "no") + motor);
     clickAt(placeOf(2, InUse));
     QTRY_COMPARE(cell(2, InUse), QString("yes"));
     QCOMPARE(table().boxText(2, InUse), QString("x "));
@@ -641,9 +636,7 @@ void tst_PartsbookCells::theMessageWindowTellsWhatIsNotified()
     type("7");
     type(keyReturn);
     QTRY_COMPARE(cell(0, Stock), QString("7"));
-    QFile file(trace);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QStringList told = QString::fromUtf8(file.readAll()).split('\n').filter("WM_NOTIFY");
+    const QStringList told = QString::fromUtf8(contentOf(trace)).split('\n').filter("WM_NOTIFY");
     QCOMPARE(told.join('\n'), QString("WM_NOTIFY  LVN_BEGINLABELEDIT  row 2, column 6\n"
                                       "WM_NOTIFY  LVN_ENDLABELEDIT  row 2, column 6"));
 }
@@ -659,7 +652,7 @@ void tst_PartsbookCells::aPartThatTheTreeDoesNotShowAnyMore()
     QTRY_VERIFY(table().isRowHidden(0));
     QCOMPARE(table().currentRow(), 2);
     QVERIFY(!isEditing());
-    QCOMPARE(saved(), heading + QByteArray(screw).replace("Fastener", "bolts") + bearing + nut + motor);
+    QCOMPARE(saved(), headingLine + QByteArray(screw).replace("Fastener", "bolts") + bearing + nut + motor);
 }
 
 void tst_PartsbookCells::savingEndsTheEdit()
@@ -668,7 +661,7 @@ void tst_PartsbookCells::savingEndsTheEdit()
     type("33");
     QTRY_VERIFY(isEditing());
     m_frame->OnEnterIdle();
-    QCOMPARE(saved(), heading + QByteArray(screw).replace(",10,", ",33,") + bearing + nut + motor);
+    QCOMPARE(saved(), headingLine + QByteArray(screw).replace(",10,", ",33,") + bearing + nut + motor);
     QTRY_VERIFY(!isEditing());
 }
 
@@ -684,9 +677,7 @@ void tst_PartsbookCells::closingEndsTheEdit()
     window()->close();
     QTRY_VERIFY(driver.hasActed());
     QTRY_VERIFY(!m_frame->GetSafeHwnd());
-    QFile file(path());
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), heading + QByteArray(screw).replace(",10,", ",33,") + bearing + nut + motor);
+    QCOMPARE(contentOf(path()), headingLine + QByteArray(screw).replace(",10,", ",33,") + bearing + nut + motor);
 }
 
 XE_TEST(tst_PartsbookCells)
