@@ -35,7 +35,8 @@ MessageLine notificationLine(UINT code, int row, int column);
 /// A VK code: "VK 'A'", "VK_RETURN".
 QString keyText(UINT vk);
 
-/// The messages that windows have received, the newest last. Mouse moves in a row become one line, and so do timer messages.
+/// The messages that windows have received, the newest last. Mouse moves in a row become one line, and so do timer
+/// messages.
 class MessageLog
 {
 public:

@@ -14,7 +14,8 @@ public:
     explicit CTavoView(QWidget* parent);
 };
 
-/// A window of its own that shows each message it receives, what the list of parts tells the main window as well, and counts the keys that a keyboard hook sees.
+/// A window of its own that shows each message it receives, what the list of parts tells the main window as well, and
+/// counts the keys that a keyboard hook sees.
 class CMessageView : public CWnd_X
 {
     Q_OBJECT

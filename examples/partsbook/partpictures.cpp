@@ -32,7 +32,7 @@ QImage* rowPicture(const CImageList_X& images, int place, int rowHeight)
 
 } // namespace
 
-// ---------------------------------------------------------------------------------------------------- in their own size
+// --------------------------------------------------------------------------------------------------- in their own size
 
 CPartPictures::CPartPictures()
 {
@@ -63,7 +63,7 @@ QPixmap CPartPictures::PictureOf(const Part& part, const QString& folder) const
     return QPixmap::fromImage(*static_cast<const QImage*>(m_images.ExtractIcon(PlaceOfKind(part.kind))));
 }
 
-// -------------------------------------------------------------------------------------------------------------- in rows
+// ------------------------------------------------------------------------------------------------------------- in rows
 
 CRowPictures::CRowPictures(const CPartPictures& pictures, int rowHeight)
 {

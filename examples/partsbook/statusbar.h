@@ -2,8 +2,8 @@
 
 #include <xeafxbar.h>
 
-/// The status bar of the main window: a message, the place in the list, the number of parts, how many of them are short, and whether the book
-/// has been changed.
+/// The status bar of the main window: a message, the place in the list, the number of parts, how many of them are
+/// short, and whether the book has been changed.
 class CPartsStatusBar : public CStatusBar_X
 {
     Q_OBJECT

@@ -18,8 +18,8 @@ namespace xe {
 /// cell's class has a GetTextExtent() of its own, which is asked then.
 int textHeightOf(CGridCellBase_X& cell, const wchar_t* text);
 
-/// What GetCellExtent() gives for one cell after another. Metrics are kept as long as the cells share a font, and so are
-/// the widths of some texts: many a column has but a few, and to lay one out is nearly all of the work.
+/// What GetCellExtent() gives for one cell after another. Metrics are kept as long as the cells share a font, and so
+/// are the widths of some texts: many a column has but a few, and to lay one out is nearly all of the work.
 class ExtentWalk
 {
 public:

@@ -130,7 +130,8 @@ void giveRegionBack(Region* region)
     delete region;
 }
 
-// What may be needed for the next cell stays: an empty region while there are many cells, one block after the last cell.
+// What may be needed for the next cell stays: an empty region while there are many cells, one block after the last
+// cell.
 void giveBlockBack(Block* block)
 {
     if (Region* const region = block->region) {

@@ -5,8 +5,8 @@
 
 namespace xe {
 
-/// The memory of an image of QImage::Format_RGBX8888 as one of Format_RGB32, where Qt blends text four times as fast. On
-/// a machine with the low byte first the two differ in nothing but the places of red and blue.
+/// The memory of an image of QImage::Format_RGBX8888 as one of Format_RGB32, where Qt blends text four times as fast.
+/// On a machine with the low byte first the two differ in nothing but the places of red and blue.
 ///
 /// It is for as long as the image lives and is not painted on itself.
 QImage fastViewOf(QImage& image);

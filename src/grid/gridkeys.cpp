@@ -249,9 +249,9 @@ bool opensEditor(UINT character, bool handlesTab)
     return character == VK_BACK || (character >= ' ' && character != deleteCharacter);
 }
 
-// Qt delivers all the keys that have come, and only then what they have posted. A key has to stand behind the characters
-// of those before it: one of them may open an editor, and then the key is for that. True if it has been given to it, and
-// if the widget has gone.
+// Qt delivers all the keys that have come, and only then what they have posted. A key has to stand behind the
+// characters of those before it: one of them may open an editor, and then the key is for that. True if it has been
+// given to it, and if the widget has gone.
 bool passOn(QWidget& grid, QEvent& key)
 {
     const QPointer<QWidget> living(&grid);

@@ -166,8 +166,8 @@ void RowSorting::sort(bool ascending)
         sort(0, last, [this](const Entry& a, const Entry& b) { return isBefore(b, a); });
 }
 
-// Where no two beginnings are the same there is but one order, and it is found byte by byte, without a comparison. False
-// without a change if there are two.
+// Where no two beginnings are the same there is but one order, and it is found byte by byte, without a comparison.
+// False without a change if there are two.
 bool RowSorting::sortDifferent(bool ascending)
 {
     constexpr std::size_t worthwhile = 500;

@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLineEdit>
+#include <QScopeGuard>
 
 #include <X11/keysym.h>
 
@@ -56,6 +57,7 @@ private Q_SLOTS:
     void openNothing_data();
     void openNothing();
     void shakingHandEdits();
+    void doubleClickTells();
     void rightClickTells();
 
 private:
@@ -360,6 +362,27 @@ void tst_GridRealKeys::shakingHandEdits()
     QTRY_VERIFY(host.widget->findChild<QLineEdit*>());
     QCOMPARE(host.focus(), QStringLiteral("2,2"));
     host.grid->EndEditing();
+}
+
+void tst_GridRealKeys::doubleClickTells()
+{
+    RealGrid host(m_input, 6, 5);
+    host.grid->m_bEditable = FALSE;
+    QVERIFY(host.isReady());
+    host.window.take();
+    host.moveTo(host.middleOf(3, 2));
+    const int interval = QApplication::doubleClickInterval();
+    const auto restore = qScopeGuard([interval] { QApplication::setDoubleClickInterval(interval); });
+    QApplication::setDoubleClickInterval(30000);
+    host.press(); // each part has arrived before the next one: a busy window manager loses what comes at once
+    QTRY_VERIFY(host.grid->m_bLMouseButtonDown);
+    host.release();
+    QTRY_COMPARE(host.grid->m_bLMouseButtonDown, 0);
+    host.press();
+    QTRY_VERIFY(host.window.notices.contains(QStringLiteral("DBLCLK(3, 2)")));
+    host.release();
+    host.window.notices.removeAll(QStringLiteral("COMMAND")); // posted
+    QCOMPARE(host.window.take(), QStringLiteral("CHANGED(3, 2) CLICK(3, 2) DBLCLK(3, 2)"));
 }
 
 void tst_GridRealKeys::rightClickTells()
