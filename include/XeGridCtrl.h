@@ -566,8 +566,8 @@ private:
     void dropSelection();
     void moveIds(int CCellID_X::*line, int at, int by);
     void tellCoords(int firstRow, int firstCol);
-    bool insertEmptyRow(int row);
-    bool insertEmptyColumn(int col);
+    bool insertNewRow(int row, const wchar_t* text);
+    bool insertNewColumn(int col, const wchar_t* text, unsigned int format);
     void removeRow(int row);
     void removeColumn(int col);
 

@@ -65,21 +65,17 @@ int CGridCtrl_X::InsertRow(const wchar_t* text, int pos)
     const int row = pos < 0 ? m_nRows : pos;
     m_state->undoBlocks(*this,
                         [row](const CCellRange_X& block) { return block.m_nMinRow < row && row <= block.m_nMaxRow; });
-    if (!insertEmptyRow(row) || !living)
+    if (!insertNewRow(row, text) || !living)
         return -1;
     if (row < m_nFixedRows)
         releaseFixedRow(m_nFixedRows);
     tellCoords(row + 1, 0);
-    if (text)
-        SetItemText(row, 0, text);
-    CGridCellBase_X* const first = cellAt(row, 0);
-    setSize(SB_VERT, row, first ? std::max(xe::textHeightOf(*first, text), 0) : 0);
     resetBars();
     SetModified(TRUE, -1, -1);
     return row;
 }
 
-bool CGridCtrl_X::insertEmptyRow(int row)
+bool CGridCtrl_X::insertNewRow(int row, const wchar_t* text)
 {
     try {
         auto cells = std::make_unique<GridRow>(static_cast<std::size_t>(m_nCols), nullptr);
@@ -95,11 +91,19 @@ bool CGridCtrl_X::insertEmptyRow(int row)
     moveIds(&CCellID_X::row, row, 1);
     m_state->moveBlocks(*this, xe::GridState::Rows, row, 1);
     try {
-        return fillRow(row);
+        if (!fillRow(row))
+            return false;
+        if (text)
+            SetItemText(row, 0, text);
+        CGridCellBase_X* const first = cellAt(row, 0);
+        setSize(SB_VERT, row, first ? std::max(xe::textHeightOf(*first, text), 0) : 0);
     } catch (const std::bad_alloc&) {
+        const int fixedRows = m_nFixedRows;
         removeRow(row);
+        m_nFixedRows = fixedRows;
         return false;
     }
+    return true;
 }
 
 int CGridCtrl_X::InsertColumn(const wchar_t* text, unsigned int format, int pos)
@@ -113,22 +117,17 @@ int CGridCtrl_X::InsertColumn(const wchar_t* text, unsigned int format, int pos)
     const int col = pos < 0 ? m_nCols : pos;
     m_state->undoBlocks(*this,
                         [col](const CCellRange_X& block) { return block.m_nMinCol < col && col <= block.m_nMaxCol; });
-    if (!insertEmptyColumn(col) || !living)
+    if (!insertNewColumn(col, text, format) || !living)
         return -1;
     if (col < m_nFixedCols)
         releaseFixedColumn(m_nFixedCols);
     tellCoords(0, col + 1);
-    if (text)
-        SetItemText(0, col, text);
-    for (int row = 0; row < m_nRows; ++row)
-        SetItemFormat(row, col, format);
-    setSize(SB_HORZ, col, std::max<int>(GetTextExtent(0, col, text).cx, 0));
     resetBars();
     SetModified(TRUE, -1, -1);
     return col;
 }
 
-bool CGridCtrl_X::insertEmptyColumn(int col)
+bool CGridCtrl_X::insertNewColumn(int col, const wchar_t* text, unsigned int format)
 {
     const QPointer<CGridCtrl_X> living(this);
     try {
@@ -155,8 +154,15 @@ bool CGridCtrl_X::insertEmptyColumn(int col)
             if (!fillPlace(living, row, col))
                 return false;
         }
+        if (text)
+            SetItemText(0, col, text);
+        for (int row = 0; row < m_nRows; ++row)
+            SetItemFormat(row, col, format);
+        setSize(SB_HORZ, col, std::max<int>(GetTextExtent(0, col, text).cx, 0));
     } catch (const std::bad_alloc&) {
+        const int fixedColumns = m_nFixedCols;
         removeColumn(col);
+        m_nFixedCols = fixedColumns;
         return false;
     }
     return true;

@@ -6,6 +6,8 @@
 #include "grid/selectionchange.h"
 #include "grid/selectionmaps.h"
 
+#include <iterator>
+
 namespace xe {
 
 // An editor whose cell has not taken it along.
@@ -34,20 +36,20 @@ void GridState::deselectAll(CGridCtrl_X& grid)
     forgetStaying(grid);
 }
 
+// Without a list of them, for which there may be no memory.
 void GridState::forgetGone(CGridCtrl_X& grid)
 {
     for (CGridCtrl_X::SelectionMap* map : {&grid.m_SelectedCellMap, &grid.m_PrevSelectedCellMap}) {
-        for (const CCellID_X& cell : cellsOf(*map)) {
-            if (!grid.IsValid(cell))
-                map->RemoveKey(selectionKey(cell.row, cell.col));
+        for (const auto* pair = map->PGetFirstAssoc(); pair;) {
+            const unsigned key = pair->key;
+            pair = map->PGetNextAssoc(pair);
+            if (!grid.IsValid(static_cast<int>(key & 0xFFFF), static_cast<int>(key >> 16)))
+                map->RemoveKey(key);
         }
     }
     for (auto* far : {&farSelected, &farPrevSelected}) {
-        const std::vector<unsigned long long> keys(far->begin(), far->end());
-        for (const unsigned long long key : keys) {
-            if (!grid.IsValid(farRow(key), farColumn(key)))
-                far->erase(key);
-        }
+        for (auto key = far->begin(); key != far->end();)
+            key = grid.IsValid(farRow(*key), farColumn(*key)) ? std::next(key) : far->erase(key);
     }
 }
 
