@@ -65,7 +65,7 @@ void CMainFrame::TakeField(int row, int column)
     const bool isChange = problem.IsEmpty() && !(part == m_book.part(place));
     if (isChange)
         m_book.change(place, part);
-    m_parts.ShowPart(place, m_book.part(place), settings::shortColor());
+    m_parts.ShowRow(row, m_book.part(place), settings::shortColor());
     if (isChange)
         m_changes.add(part.number);
     if (!problem.IsEmpty())

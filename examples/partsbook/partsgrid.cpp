@@ -192,7 +192,6 @@ void CPartsGrid::ShowPart(int part, const Part& shown, COLORREF shortColor)
     if (headingRows + part >= m_nRows)
         SetPartCount(part + 1);
     ShowRow(RowOf(part), shown, shortColor);
-    Refresh();
 }
 
 void CPartsGrid::ShowRow(int row, const Part& shown, COLORREF shortColor)
@@ -204,6 +203,7 @@ void CPartsGrid::ShowRow(int row, const Part& shown, COLORREF shortColor)
         SetItemFgColour(row, column, colorOf(shown, shortColor));
     }
     SetItemImage(row, Number, CPartPictures::PlaceOfKind(shown.kind));
+    Refresh();
 }
 
 void CPartsGrid::RemovePart(int part)

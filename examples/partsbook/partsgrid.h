@@ -48,6 +48,8 @@ class CPartsGrid : public CGridCtrl_X
     void Show(const PartsBook& book, COLORREF shortColor);
     /// Shows a part in its place, or behind the last one.
     void ShowPart(int part, const Part& shown, COLORREF shortColor);
+    /// The same in its row, which need not be looked for.
+    void ShowRow(int row, const Part& shown, COLORREF shortColor);
     void RemovePart(int part);
 
     /// The part of a row, -1 for a row of headings and for none.
@@ -102,7 +104,6 @@ private:
     void SetPartCount(int parts);
     void SetPart(int row, int part);
     void ChangeTexts(int column, CString_X (*changed)(const CString_X&));
-    void ShowRow(int row, const Part& shown, COLORREF shortColor);
 
     bool m_isChangingMany = false;
     CRowPictures m_pictures;
