@@ -48,25 +48,23 @@ void appendRow(QString& text, const CGridCtrl_X& grid, int row, const std::vecto
     }
 }
 
-std::vector<Text> splitLines(Text text)
+// Wide elements of a part of a text; the place that they had before serves again.
+void widen(std::wstring& wide, QStringView text)
 {
-    std::vector<Text> lines;
-    while (!text.empty()) {
-        const std::size_t end = text.find(L'\n');
-        lines.push_back(end == 0 ? Text(L" ") : text.substr(0, end));
-        text.remove_prefix(end == Text::npos ? text.size() : end + 1);
-    }
-    return lines;
+    wide.resize(static_cast<std::size_t>(text.size()));
+    wide.resize(static_cast<std::size_t>(text.toWCharArray(wide.data())));
 }
+
+constexpr auto isSeparator = [](wchar_t sign) { return sign == L'\t' || sign == L',' || sign == L'\n'; };
 
 // Separators in a row count as one.
 std::vector<Text> splitFields(Text line)
 {
-    constexpr Text separators = L"\t,\n";
     std::vector<Text> fields;
-    for (std::size_t begin = 0; (begin = line.find_first_not_of(separators, begin)) != Text::npos;) {
-        const std::size_t end = std::min(line.find_first_of(separators, begin), line.size());
-        fields.push_back(line.substr(begin, end - begin));
+    for (auto begin = line.begin(); (begin = std::find_if_not(begin, line.end(), isSeparator)) != line.end();) {
+        const auto end = std::find_if(begin, line.end(), isSeparator);
+        fields.push_back(
+            line.substr(static_cast<std::size_t>(begin - line.begin()), static_cast<std::size_t>(end - begin)));
         begin = end;
     }
     return fields;
@@ -147,9 +145,13 @@ int CGridCtrl_X::PasteTextToGrid(CCellID_X cell, const QMimeData* data)
     if (!IsValid(cell) || !IsCellEditable(cell) || !data || !data->hasText())
         return FALSE;
     const QPointer<CGridCtrl_X> living(this);
-    const std::wstring text = data->text().toStdWString();
+    const QString text = data->text();
+    std::wstring line;
     int row = cell.row;
-    for (const Text& line : splitLines(text)) {
+    for (int begin = 0, end = 0; begin < text.size(); begin = end + 1) {
+        end = text.indexOf(QLatin1Char('\n'), begin);
+        end = end < 0 ? text.size() : end;
+        widen(line, end == begin ? QStringView(u" ") : QStringView(text).mid(begin, end - begin));
         while (GetRowHeight(row) == 0)
             ++row;
         if (!pasteLine(living, row, cell.col, line))
