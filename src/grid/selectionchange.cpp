@@ -60,8 +60,6 @@ void forEachCell(const CGridCtrl_X& grid, const CCellRange_X& range, Visit visit
 SelectionChange::SelectionChange(CGridCtrl_X& grid) : m_grid(grid), m_state(GridState::of(grid))
 {
     m_isSeen = !grid.GetSafeHwnd() || !grid.m_bAllowDraw;
-    if (!m_isSeen)
-        m_seen = grid.GetVisibleNonFixedCellRange();
     m_repaints = !m_isSeen;
 }
 
@@ -72,7 +70,11 @@ long long SelectionChange::count() const
 
 void SelectionChange::note(int row, int col)
 {
-    m_isSeen = m_isSeen || m_seen.contains(row, col) || m_grid.IsCellFixed(row, col);
+    if (m_isSeen)
+        return;
+    if (!m_seen)
+        m_seen = m_grid.GetVisibleNonFixedCellRange();
+    m_isSeen = m_seen->contains(row, col) || m_grid.IsCellFixed(row, col);
 }
 
 void SelectionChange::repaint()

@@ -4,6 +4,7 @@
 #include "XeGridCtrl.h"
 #include "grid/gridstate.h"
 
+#include <optional>
 #include <vector>
 
 namespace xe {
@@ -36,9 +37,9 @@ private:
 
     CGridCtrl_X& m_grid;
     GridState& m_state;
-    CCellRange_X m_seen;     // of the ordinary cells
-    bool m_isSeen = false;   // nothing more is to be found out
-    bool m_repaints = false; // there is a window that can show it
+    std::optional<CCellRange_X> m_seen; // the visible ordinary cells, when somebody has asked
+    bool m_isSeen = false;              // nothing more is to be found out
+    bool m_repaints = false;            // there is a window that can show it
 };
 
 } // namespace xe
