@@ -4,20 +4,16 @@
 #include "walkdice.h"
 
 #include <QAbstractButton>
-#include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPrintDialog>
-#include <QPrinter>
 #include <QScrollBar>
 #include <QSplitterHandle>
 #include <XeGridCtrl.h>
 
 #include <cstdio>
-#include <cstdlib>
-#include <numeric>
 
 namespace {
 
@@ -146,14 +142,8 @@ void InputWalk::walkOn(WalkDice& dice)
 {
     if (answerFileDialog(dice) || leaveWhatTakesLong())
         return;
-    while (m_actions.isEmpty()) {
-        int place = dice.below(std::accumulate(std::begin(kinds), std::end(kinds), 0,
-                                               [](int sum, const Kind& kind) { return sum + kind.weight; }));
-        const Kind* kind = kinds;
-        for (; place >= kind->weight; ++kind)
-            place -= kind->weight;
-        (this->*kind->plan)(dice);
-    }
+    while (m_actions.isEmpty())
+        (this->*dice.kindOf(kinds).plan)(dice);
     act(m_actions.dequeue());
 }
 

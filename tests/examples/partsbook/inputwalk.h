@@ -2,7 +2,6 @@
 
 #include "xuser.h"
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <QQueue>

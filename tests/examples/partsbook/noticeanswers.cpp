@@ -8,13 +8,11 @@
 #include <QAction>
 #include <QApplication>
 #include <QMessageBox>
-#include <QScopeGuard>
 #include <QTimer>
 #include <XeGridCtrl.h>
 #include <xeresource.h>
 
 #include <cstdio>
-#include <numeric>
 
 namespace {
 
@@ -95,15 +93,11 @@ void NoticeAnswers::answer()
     WalkDice dice(~m_seed, ++m_notices);
     if (!dice.oneIn(noticesToAnAnswer))
         return;
-    int place = dice.below(std::accumulate(std::begin(kinds), std::end(kinds), 0,
-                                           [](int sum, const Kind& kind) { return sum + kind.weight; }));
-    const Kind* kind = kinds;
-    for (; place >= kind->weight; ++kind)
-        place -= kind->weight;
-    std::printf("  a notice: %s\n", kind->what);
+    const Kind& kind = dice.kindOf(kinds);
+    std::printf("  a notice: %s\n", kind.what);
     std::fflush(stdout);
     m_isAnswering = true;
-    (this->*kind->answer)(dice);
+    (this->*kind.answer)(dice);
     m_isAnswering = false;
 }
 

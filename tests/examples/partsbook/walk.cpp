@@ -15,6 +15,8 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
 #include <QPixmapCache>
 #include <xeresource.h>
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <initializer_list>
+#include <iterator>
+#include <numeric>
 #include <random>
 
 /// The choices of one step of a walk: the same for the same seed and step, whatever the steps before have done.
@@ -21,6 +22,18 @@ public:
     auto oneOf(const Choices& choices)
     {
         return *(std::begin(choices) + below(static_cast<int>(std::size(choices))));
+    }
+
+    /// One of some kinds, the more often the greater its `weight`.
+    template <class Kinds>
+    const auto& kindOf(const Kinds& kinds)
+    {
+        const auto add = [](int sum, const auto& kind) { return sum + kind.weight; };
+        int place = below(std::accumulate(std::begin(kinds), std::end(kinds), 0, add));
+        auto kind = std::begin(kinds);
+        for (; place >= kind->weight; ++kind)
+            place -= kind->weight;
+        return *kind;
     }
 
 private:
