@@ -27,8 +27,7 @@ private slots:
 
     void eachPartIsDifferentAndGood();
     void theSameEachTime();
-    void showsAllPartsAndHasNoFile();
-    void isSavedUnderAName();
+    void isShownWholeAndSavedUnderAName();
     void asksToSaveTheBookBefore();
 
 private:
@@ -74,7 +73,7 @@ void tst_PartsbookTestBook::eachPartIsDifferentAndGood()
 
 void tst_PartsbookTestBook::theSameEachTime() { QVERIFY(testParts(50) == testParts(50)); }
 
-void tst_PartsbookTestBook::showsAllPartsAndHasNoFile()
+void tst_PartsbookTestBook::isShownWholeAndSavedUnderAName()
 {
     command(ID_FILE_NEW_TEST)->trigger();
     QCOMPARE(parts().rowCount(), 100'000);
@@ -87,11 +86,8 @@ void tst_PartsbookTestBook::showsAllPartsAndHasNoFile()
     QVERIFY(!window()->isWindowModified());
     QVERIFY(!command(ID_FILE_SAVE)->isEnabled());
     QVERIFY(!command(ID_FILE_BACK_UP)->isEnabled());
-}
 
-void tst_PartsbookTestBook::isSavedUnderAName()
-{
-    command(ID_FILE_NEW_TEST)->trigger();
+    m_frame->SendMessage(WM_SELECT_ROW, 0);
     command(ID_PART_IN_USE)->trigger();
     const QString name = m_folder.filePath("new.csv");
     const ModalDriver<QFileDialog> dialog([&](QFileDialog* open) {
