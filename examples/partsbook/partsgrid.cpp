@@ -113,8 +113,10 @@ void CPartsGrid::MakeHeadings()
     SetItemFormat(1, Place, DT_RIGHT | oneLine); // the rows take it over, and those of the other columns
     SetFixedCellCombine(0, Place, 1, 0);
     for (const Group& group : groups) {
-        SetItemText(0, group.first, group.heading);
-        SetItemFormat(0, group.first, DT_CENTER | oneLine);
+        for (int column = group.first; column < group.first + group.count; ++column) {
+            SetItemText(0, column, group.heading); // of the first column that is not hidden
+            SetItemFormat(0, column, DT_CENTER | oneLine);
+        }
         SetFixedCellCombine(0, group.first, 0, group.count - 1);
     }
     for (int column = Number; column < columnCount; ++column) {
