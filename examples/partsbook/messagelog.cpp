@@ -184,8 +184,8 @@ MessageLine sizeLine(int width, int height)
 
 MessageLine notificationLine(UINT code, int row, int column)
 {
-    const QString cell = QString("row %1, column %2").arg(row).arg(column);
-    return line(WM_NOTIFY, MessageKind::Notification, columns({nameOf(code, codeNames, "code "), cell}));
+    const QString cell = QString("(%1, %2)").arg(row).arg(column);
+    return line(WM_NOTIFY, MessageKind::Notification, nameOf(code, codeNames, "code "), cell);
 }
 
 QString keyText(UINT vk)

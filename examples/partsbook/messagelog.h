@@ -14,7 +14,7 @@ struct MessageLine
     MessageKind kind;
     QString name;       ///< WM_LBUTTONDOWN
     QString parameters; ///< MK_LBUTTON | MK_SHIFT
-    QString point;      ///< (120, 80)
+    QString point;      ///< (120, 80); of a notification row and column
     QTime time;         ///< when the log took it
     int count = 1;      ///< messages in a row that this line stands for
 

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int widths[] = {180, 140, 90, 90, 90}; // of the panes, in pixels
+constexpr int widths[] = {190, 150, 115, 105, 105}; // of the panes, in pixels
 
 } // namespace
 

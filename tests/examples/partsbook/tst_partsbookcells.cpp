@@ -639,8 +639,8 @@ void tst_PartsbookCells::theMessageWindowTellsWhatIsNotified()
     type(keyReturn);
     QTRY_COMPARE(cell(0, Stock), QString("7"));
     const QStringList told = QString::fromUtf8(contentOf(trace)).split('\n').filter("WM_NOTIFY");
-    QCOMPARE(told.join('\n'), QString("WM_NOTIFY  LVN_BEGINLABELEDIT  row 2, column 6\n"
-                                      "WM_NOTIFY  LVN_ENDLABELEDIT  row 2, column 6"));
+    QCOMPARE(told.join('\n'), QString("WM_NOTIFY  LVN_BEGINLABELEDIT  (2, 6)\n"
+                                      "WM_NOTIFY  LVN_ENDLABELEDIT  (2, 6)"));
 }
 
 void tst_PartsbookCells::aPartThatTheTreeDoesNotShowAnyMore()

@@ -107,7 +107,7 @@ void tst_PartsbookSettings::fileNamesOfAnyKind()
 
 void tst_PartsbookSettings::theWindowComesBack()
 {
-    const QRect place(40, 60, 640, 420);
+    const QRect place(40, 60, 720, 420);
     CMainFrame first;
     first.Create(nullptr);
     first.GetSafeHwnd()->setGeometry(place);
