@@ -211,7 +211,7 @@ bool InputWalk::leaveWhatTakesLong()
     return true;
 }
 
-// ------------------------------------------------------------------------------------------------------- what is aimed at
+// ---------------------------------------------------------------------------------------------------- what is aimed at
 
 QWidget* InputWalk::window() const
 {
@@ -267,7 +267,7 @@ QPoint InputWalk::someCell(WalkDice& dice) const
     return grid->GetSafeHwnd()->mapToGlobal(pointIn(dice, rect));
 }
 
-// ----------------------------------------------------------------------------------------------------------- the keyboard
+// -------------------------------------------------------------------------------------------------------- the keyboard
 
 void InputWalk::planPress(const QString& names)
 {
@@ -301,7 +301,7 @@ void InputWalk::planKeyWithModifier(WalkDice& dice)
 
 void InputWalk::planShortcut(WalkDice& dice) { planPress(QLatin1String(dice.oneOf(shortcuts))); }
 
-// ------------------------------------------------------------------------------------------------------------ the pointer
+// --------------------------------------------------------------------------------------------------------- the pointer
 
 void InputWalk::planMove(QPoint place)
 {
@@ -403,7 +403,7 @@ void InputWalk::planWheel(WalkDice& dice)
     }
 }
 
-// ------------------------------------------------------------------------------------------------------------- the window
+// ---------------------------------------------------------------------------------------------------------- the window
 
 void InputWalk::planSize(WalkDice& dice)
 {

@@ -1,35 +1,23 @@
-// Parts are edited in the cells of the list, under a user's hands: what is typed, chosen and clicked goes into the file,
-// and what is refused does not.
+// Parts are edited in the cells of the list, under a user's hands: what is typed, chosen and clicked goes into the
+// file, and what is refused does not.
 
-#include "leavenothing.h"
-#include "mainframe.h"
+#include "cellsuser.h"
 #include "modaldriver.h"
-#include "partsview.h"
-#include "resource.h"
 #include "samplelines.h"
 #include "testclass.h"
-#include "virtualinput.h"
 
 #include <QAbstractItemView>
-#include <QAction>
-#include <QComboBox>
-#include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QMessageBox>
-#include <QStatusBar>
-#include <QTemporaryDir>
-#include <QTreeWidget>
-#include <xeresource.h>
 
-class tst_PartsbookCells : public QObject
+class tst_PartsbookCells : public QObject, CellsUser
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase() { QVERIFY(m_input.isUsable()); }
+    void init() { comeUp(); }
+    void cleanup() { goAway(); }
 
     void aTypedField_data();
     void aTypedField();
@@ -51,183 +39,7 @@ private slots:
     void aClickOnACheckBox();
     void theSpaceBarOnACheckBox();
     void aPartWhoseUseEnds();
-
-    void theDialogOpens_data();
-    void theDialogOpens();
-    void aDoubleClickEditsAnyOtherField();
-    void f2EditsTheCellWithTheFocus();
-    void theMenuKey();
-
-    void everythingFollowsTheChange();
-    void theStatusBarTellsThePlace();
-    void theMessageWindowTellsWhatIsNotified();
-    void aPartThatTheTreeDoesNotShowAnyMore();
-    void savingEndsTheEdit();
-    void closingEndsTheEdit();
-
-private:
-    // Others than the samples: an ampersand, and a use that ends.
-    static inline const QByteArray screw = "FA-1,Screw,Fastener,Hua & Feng,bought,10,5,0.06,yes,\n";
-    static inline const QByteArray bearing = "BE-2,Bearing,Bearing,Wafang,made,3,6,12.50,yes,\n";
-    static inline const QByteArray nut = "FA-3,Nut,Fastener,Hua & Feng,bought,20,15,0.06,ending,\n";
-    static inline const QByteArray motor = "EL-4,Motor,Electrical,Kessler,customer,2,0,0.00,yes,heavy\n";
-
-    // The columns, as a PartsView counts them.
-    enum Column { Number, Name, Kind, Supplier, Source, Stock, Minimum, Price, InUse, Remark, Delivered };
-
-    static constexpr unsigned long keyTab = 0xFF09;
-    static constexpr unsigned long keyReturn = 0xFF0D;
-    static constexpr unsigned long keyEscape = 0xFF1B;
-    static constexpr unsigned long keyBackspace = 0xFF08;
-    static constexpr unsigned long keyDown = 0xFF54;
-    static constexpr unsigned long keyF2 = 0xFFBF;
-    static constexpr unsigned long keyMenu = 0xFF67;
-    static constexpr unsigned long keyShift = 0xFFE1;
-
-    QWidget* window() const { return m_frame->GetSafeHwnd(); }
-    PartsView table() const { return PartsView(*window()); }
-    QString cell(int row, int column) const { return table().text(row, column); }
-    bool isModified() const;
-    QWidget* editor() const { return QApplication::focusWidget(); }
-    bool isEditing() const
-    {
-        return editor() && editor() != table().widget() && table().widget()->isAncestorOf(editor());
-    }
-    QString paneText(int pane) const;
-    QPoint placeOf(int row, int column) const;
-    QPoint onScreen(const QWidget* widget, QPoint place) const;
-    void clickAt(QPoint place);
-    void click(int row, int column);
-    void doubleClick(int row, int column);
-    void chord(unsigned long held, unsigned long key);
-    void type(const QString& text);
-    void type(unsigned long key) { m_input.typeKey(key); }
-    void open(int row, int column);
-    void clickItem(const QComboBox* box, int item);
-    QByteArray saved();
-    QString path() const { return m_folder->filePath("parts.csv"); }
-
-    VirtualInput m_input;
-    QScopedPointer<QTemporaryDir> m_folder;
-    QScopedPointer<CMainFrame> m_frame;
 };
-
-void tst_PartsbookCells::initTestCase() { QVERIFY(m_input.isUsable()); }
-
-void tst_PartsbookCells::init()
-{
-    QApplication::setDoubleClickInterval(100); // less to wait for between two clicks
-    m_folder.reset(new QTemporaryDir);
-    QFile file(path());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(headingLine + screw + bearing + nut + motor);
-    file.close();
-    m_frame.reset(new CMainFrame);
-    QCOMPARE(m_frame->Create(nullptr), 1);
-    m_frame->ShowWindow(SW_SHOW);
-    QVERIFY(m_frame->OpenBook(path()));
-    table().showAllColumns();
-    QVERIFY(QTest::qWaitForWindowExposed(window()));
-    const auto isActive = [this] {
-        window()->activateWindow();
-        return window()->isActiveWindow();
-    };
-    QVERIFY(QTest::qWaitFor(isActive));
-    QTRY_COMPARE(window()->mapToGlobal({0, 0}), m_input.windowOrigin(window()->winId()));
-}
-
-void tst_PartsbookCells::cleanup()
-{
-    m_input.releaseAll();
-    if (m_frame->GetSafeHwnd())
-        m_frame->DestroyWindow();
-    m_frame.reset();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCOMPARE(LeaveNothing::leftovers(), QString());
-}
-
-bool tst_PartsbookCells::isModified() const
-{
-    m_frame->OnEnterIdle();
-    return window()->isWindowModified();
-}
-
-QString tst_PartsbookCells::paneText(int pane) const
-{
-    const auto* const bar = qobject_cast<CStatusBar_X*>(CWnd_X::FromHandle(window()->findChild<QStatusBar*>()));
-    return static_cast<const QLabel*>(bar->GetListQWidgets().at(pane))->text();
-}
-
-QPoint tst_PartsbookCells::onScreen(const QWidget* widget, QPoint place) const
-{
-    return m_input.windowOrigin(widget->window()->winId()) + widget->mapTo(widget->window(), place);
-}
-
-QPoint tst_PartsbookCells::placeOf(int row, int column) const
-{
-    if (column >= 0)
-        table().scrollTo(row, column);
-    return onScreen(table().widget(), table().center(row, column));
-}
-
-void tst_PartsbookCells::clickAt(QPoint place)
-{
-    m_input.movePointer(place);
-    m_input.clickButton(1);
-}
-
-void tst_PartsbookCells::click(int row, int column)
-{
-    clickAt(placeOf(row, column));
-    QTRY_COMPARE(table().currentRow(), row);
-    QTRY_COMPARE(table().currentColumn(), column);
-    QTest::qWait(QApplication::doubleClickInterval() + 20); // the next one is no double click
-}
-
-void tst_PartsbookCells::doubleClick(int row, int column)
-{
-    QApplication::setDoubleClickInterval(5000);
-    clickAt(placeOf(row, column));
-    QTRY_COMPARE(table().currentRow(), row); // the window manager loses clicks that follow each other faster
-    QTest::qWait(50);
-    m_input.clickButton(1);
-}
-
-void tst_PartsbookCells::chord(unsigned long held, unsigned long key)
-{
-    m_input.pressKey(held);
-    m_input.typeKey(key);
-    m_input.releaseKey(held);
-}
-
-// What the keyboard has without Shift.
-void tst_PartsbookCells::type(const QString& text)
-{
-    for (const QChar ch : text)
-        m_input.typeKey(ch.unicode());
-}
-
-// A click moves the focus there, another one edits.
-void tst_PartsbookCells::open(int row, int column)
-{
-    click(row, column);
-    clickAt(placeOf(row, column));
-    QTRY_VERIFY(isEditing() || QApplication::activePopupWidget());
-}
-
-void tst_PartsbookCells::clickItem(const QComboBox* box, int item)
-{
-    QTRY_VERIFY(box->view()->isVisible());
-    const QRect place = box->view()->visualRect(box->model()->index(item, 0));
-    QTest::qWait(QApplication::doubleClickInterval()); // Qt takes a release that follows at once for that of the press
-    clickAt(onScreen(box->view()->viewport(), {place.left() + 10, place.center().y()}));
-}
-
-QByteArray tst_PartsbookCells::saved()
-{
-    window()->findChild<QAction*>(ToStringId(ID_FILE_SAVE))->trigger();
-    return contentOf(path());
-}
 
 // --------------------------------------------------------------------------------------------------------- the fields
 
@@ -526,161 +338,6 @@ void tst_PartsbookCells::aPartWhoseUseEnds()
     QCOMPARE(table().boxText(2, InUse), QString("x "));
 }
 
-// ------------------------------------------------------------------------------------------ the whole part, and others
-
-void tst_PartsbookCells::theDialogOpens_data()
-{
-    QTest::addColumn<int>("column");
-    QTest::addColumn<bool>("byKey");
-    QTest::newRow("by a double click on the number") << int(Number) << false;
-    QTest::newRow("by a double click on the number of the row") << -1 << false;
-    QTest::newRow("by Return on any field") << int(Price) << true;
-}
-
-void tst_PartsbookCells::theDialogOpens()
-{
-    QFETCH(const int, column);
-    QFETCH(const bool, byKey);
-    const ModalDriver<QDialog> driver([&](QDialog* dialog) {
-        QCOMPARE(dialog->findChild<QLineEdit*>("IDC_NUMBER")->text(), QString("FA-3"));
-        dialog->findChild<QLineEdit*>("IDC_STOCK")->setText("7");
-        dialog->accept();
-    });
-    if (byKey) {
-        click(2, column);
-        type(keyReturn);
-    } else {
-        doubleClick(2, column);
-    }
-    QTRY_VERIFY(driver.hasActed());
-    QVERIFY(!isEditing());
-}
-
-void tst_PartsbookCells::aDoubleClickEditsAnyOtherField()
-{
-    doubleClick(1, Name);
-    QTRY_VERIFY(isEditing());
-    QVERIFY(!QApplication::activeModalWidget());
-    type("s");
-    type(keyReturn);
-    QTRY_COMPARE(cell(1, Name), QString("Bearings"));
-}
-
-// Also while the tree has a name that could be changed.
-void tst_PartsbookCells::f2EditsTheCellWithTheFocus()
-{
-    auto* const tree = window()->findChild<QTreeWidget*>();
-    tree->setCurrentItem(tree->findItems("Fastener", Qt::MatchExactly | Qt::MatchRecursive).constFirst());
-    m_frame->OnEnterIdle();
-    click(0, Number);
-    type(keyF2);
-    QTRY_VERIFY(isEditing());
-    type("x");
-    type(keyReturn);
-    QTRY_COMPARE(cell(0, Number), QString("FA-1x"));
-}
-
-void tst_PartsbookCells::theMenuKey()
-{
-    click(1, Name);
-    QString first;
-    QTimer watch; // the menu has a loop of its own
-    connect(&watch, &QTimer::timeout, this, [&] {
-        if (const auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
-            first = menu->actions().constFirst()->text();
-            watch.stop();
-            type(keyEscape);
-        }
-    });
-    watch.start(10);
-    type(keyMenu);
-    QTRY_VERIFY(!QApplication::activePopupWidget() && !first.isEmpty());
-    QVERIFY2(first.startsWith("&New..."), qPrintable(first));
-    QCOMPARE(table().currentRow(), 1);
-}
-
-// ----------------------------------------------------------------------------------------------------- what else changes
-
-void tst_PartsbookCells::everythingFollowsTheChange()
-{
-    QCOMPARE(paneText(3), QString("1 short 缺货"));
-    const COLORREF before = table().color(0, Name);
-    QVERIFY(table().color(1, Name) != before); // it is short
-    click(0, Stock);
-    type("4");
-    type(keyReturn);
-    QTRY_COMPARE(table().color(0, Name), table().color(1, Name));
-    QTRY_COMPARE(table().color(0, Supplier), table().color(1, Name));
-    QCOMPARE(paneText(0), QString("Changed FA-1 已修改"));
-    QCOMPARE(paneText(3), QString("2 short 缺货"));
-    QTRY_VERIFY(isModified());
-    clickAt(placeOf(1, InUse));
-    QTRY_COMPARE(paneText(3), QString("1 short 缺货"));
-    QVERIFY(table().color(1, Name) != before);
-    QVERIFY(table().color(1, Name) != table().color(0, Name));
-}
-
-void tst_PartsbookCells::theStatusBarTellsThePlace()
-{
-    click(1, Stock);
-    QCOMPARE(paneText(1), QString("BE-2, Stock 库存"));
-    type(keyDown);
-    QTRY_COMPARE(paneText(1), QString("FA-3, Stock 库存"));
-}
-
-void tst_PartsbookCells::theMessageWindowTellsWhatIsNotified()
-{
-    const QString trace = m_folder->filePath("trace");
-    click(0, Stock);
-    QVERIFY(m_frame->TraceTo(trace));
-    window()->activateWindow();
-    QTRY_VERIFY(window()->isActiveWindow());
-    type("7");
-    type(keyReturn);
-    QTRY_COMPARE(cell(0, Stock), QString("7"));
-    const QStringList told = QString::fromUtf8(contentOf(trace)).split('\n').filter("WM_NOTIFY");
-    QCOMPARE(told.join('\n'), QString("WM_NOTIFY  LVN_BEGINLABELEDIT  (2, 6)\n"
-                                      "WM_NOTIFY  LVN_ENDLABELEDIT  (2, 6)"));
-}
-
-void tst_PartsbookCells::aPartThatTheTreeDoesNotShowAnyMore()
-{
-    auto* const tree = window()->findChild<QTreeWidget*>();
-    tree->setCurrentItem(tree->findItems("Fastener", Qt::MatchExactly | Qt::MatchRecursive).constFirst());
-    QVERIFY(table().isRowHidden(1));
-    click(0, Kind);
-    type("bolts");
-    type(keyReturn);
-    QTRY_VERIFY(table().isRowHidden(0));
-    QCOMPARE(table().currentRow(), 2);
-    QVERIFY(!isEditing());
-    QCOMPARE(saved(), headingLine + QByteArray(screw).replace("Fastener", "bolts") + bearing + nut + motor);
-}
-
-void tst_PartsbookCells::savingEndsTheEdit()
-{
-    click(0, Stock);
-    type("33");
-    QTRY_VERIFY(isEditing());
-    m_frame->OnEnterIdle();
-    QCOMPARE(saved(), headingLine + QByteArray(screw).replace(",10,", ",33,") + bearing + nut + motor);
-    QTRY_VERIFY(!isEditing());
-}
-
-void tst_PartsbookCells::closingEndsTheEdit()
-{
-    click(0, Stock);
-    type("33");
-    QTRY_VERIFY(isEditing());
-    const ModalDriver<QMessageBox> driver([](QMessageBox* box) {
-        QVERIFY(box->text().startsWith("The parts have been changed."));
-        box->button(QMessageBox::Yes)->click();
-    });
-    window()->close();
-    QTRY_VERIFY(driver.hasActed());
-    QTRY_VERIFY(!m_frame->GetSafeHwnd());
-    QCOMPARE(contentOf(path()), headingLine + QByteArray(screw).replace(",10,", ",33,") + bearing + nut + motor);
-}
-
 XE_TEST(tst_PartsbookCells)
+
 #include "tst_partsbookcells.moc"
