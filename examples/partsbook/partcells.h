@@ -1,6 +1,7 @@
 #pragma once
 
 #include <XeGridBtnCellCombo.h>
+#include <XeGridCell.h>
 
 /// A cell that shows its text as it is, ampersands too: the library's own take one for the mark of a letter.
 class CTextCell : public CGridCell_X

@@ -3,6 +3,8 @@
 #include "partsgrid.h"
 #include "text.h"
 
+#include <xeafxdc.h>
+
 namespace {
 
 constexpr int keyLength = 20;
