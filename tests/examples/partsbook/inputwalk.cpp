@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCalendarWidget>
 #include <QDialog>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -89,6 +90,17 @@ InputWalk::InputWalk(unsigned seed, QString folder) : m_seed(seed), m_folder(std
         qFatal("no X server with XTEST");
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &InputWalk::step);
+    qApp->installEventFilter(this);
+}
+
+// A calendar of Qt's that goes while a date is typed into it leaves something behind.
+bool InputWalk::eventFilter(QObject* target, QEvent* event)
+{
+    if (event->type() == QEvent::Polish) {
+        if (auto* const calendar = qobject_cast<QCalendarWidget*>(target))
+            calendar->setDateEditEnabled(false);
+    }
+    return false;
 }
 
 void InputWalk::begin(CMainFrame& frame)

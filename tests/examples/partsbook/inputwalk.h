@@ -32,6 +32,9 @@ public:
 
     int steps() const { return m_step; }
 
+protected:
+    bool eventFilter(QObject* target, QEvent* event) override;
+
 private:
     using Plan = void (InputWalk::*)(WalkDice&);
     struct Kind
