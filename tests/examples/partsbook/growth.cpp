@@ -98,16 +98,21 @@ QString Growth::found() const
     const auto late = [&](auto member) { return least(quarter(3), quarter(4), member); };
 
     QStringList grown;
-    const int few = count / 8; // what is made once and stays
+    const int few = count / 8;
     const Moment before = early(&Moment::objects);
     const Moment after = late(&Moment::objects);
-    if (after.objects > before.objects + few) {
-        grown += QStringLiteral("%1 more objects").arg(after.objects - before.objects);
-        for (auto i = after.classes.begin(); i != after.classes.end(); ++i) {
-            if (const int more = i.value() - before.classes.value(i.key()); more > 0)
-                grown += QStringLiteral("%1 %2").arg(more).arg(QLatin1String(i.key()->className()));
-        }
+    int moreObjects = after.objects - before.objects;
+    for (auto i = after.classes.begin(); i != after.classes.end(); ++i) {
+        const int earlier = before.classes.value(i.key());
+        if (earlier == 0 && i.value() == 1)
+            --moreObjects; // a plugin or the like, which is made once and stays
+        else if (i.value() > earlier)
+            grown += QStringLiteral("%1 %2").arg(i.value() - earlier).arg(QLatin1String(i.key()->className()));
     }
+    if (moreObjects > few)
+        grown.prepend(QStringLiteral("%1 more objects").arg(moreObjects));
+    else
+        grown.clear();
     if (const int more = late(&Moment::timers).timers - early(&Moment::timers).timers; more > few)
         grown += QStringLiteral("%1 more timers").arg(more);
     if (const auto more = late(&Moment::bytes).bytes - early(&Moment::bytes).bytes;
