@@ -3,6 +3,7 @@
 #include "partsbook.h"
 #include "text.h"
 
+#include <xeafxctrl.h>
 #include <xeafxdc.h>
 
 #include <iterator>

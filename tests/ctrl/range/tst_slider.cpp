@@ -4,6 +4,7 @@
 #include <xeafxddx.h>
 #include <xerangectrl.h>
 
+#include <QLabel>
 #include <QSignalSpy>
 
 class tst_Slider : public QObject

@@ -6,6 +6,8 @@
 #include <leavenothing.h>
 #include <xeafxddx.h>
 
+#include <QLabel>
+
 namespace {
 
 using Shown = ShownFileDialog;

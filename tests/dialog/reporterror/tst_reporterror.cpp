@@ -6,6 +6,7 @@
 #include <xeafxdlg.h>
 #include <xeexcept.h>
 
+#include <QAbstractButton>
 #include <QMessageBox>
 
 // Exceptions shown in a message box.
