@@ -114,17 +114,15 @@ void CPartsGrid::MakeHeadings()
     SetItemFormat(1, Place, DT_RIGHT | oneLine); // the rows take it over, and those of the other columns
     SetFixedCellCombine(0, Place, 1, 0);
     for (const Group& group : groups) {
-        for (int column = group.first; column < group.first + group.count; ++column) {
-            SetItemText(0, column, group.heading); // of the first column that is not hidden
+        for (int column = group.first; column < group.first + group.count; ++column)
             SetItemFormat(0, column, DT_CENTER | oneLine);
-        }
         SetFixedCellCombine(0, group.first, 0, group.count - 1);
     }
     for (int column = Number; column < columnCount; ++column) {
         SetItemText(1, column, layoutOf(column).heading);
         SetItemFormat(1, column, layoutOf(column).format | oneLine);
-        SetColumnWidth(column, layoutOf(column).width);
     }
+    ShowColumns(0);
 }
 
 CColumnData* CPartsGrid::DataOf(int column)
@@ -254,6 +252,19 @@ void CPartsGrid::ShowColumns(unsigned hidden)
 {
     for (int column = Number; column < columnCount; ++column)
         SetColumnWidth(column, hidden >> fieldOf(column) & 1 ? 0 : layoutOf(column).width);
+    for (const Group& group : groups)
+        PlaceHeading(group.first, group.count, group.heading);
+}
+
+// In the first column that is shown, since a hidden one is not painted.
+void CPartsGrid::PlaceHeading(int column, int count, const wchar_t* heading)
+{
+    for (const int end = column + count; column < end; ++column) {
+        const bool isShown = GetColumnWidth(column) > 0;
+        cellAt(0, column)->SetText(isShown ? heading : L"");
+        if (isShown)
+            heading = L"";
+    }
 }
 
 // ------------------------------------------------------------------------------------------------------------- editing

@@ -100,6 +100,7 @@ private:
 
     CColumnData* DataOf(int column);
     void MakeHeadings();
+    void PlaceHeading(int column, int count, const wchar_t* heading);
     void SelectCell(int row, int column);
     void SetPartCount(int parts);
     void SetPart(int row, int part);

@@ -4,6 +4,7 @@
 #include "leavenothing.h"
 #include "mainframe.h"
 #include "modaldriver.h"
+#include "partsgrid.h"
 #include "partsview.h"
 #include "resource.h"
 #include "settings.h"
@@ -36,6 +37,7 @@ private slots:
     void theFirstColumnStays();
     void cancelChangesNothing();
     void theListOfPartsFollows();
+    void theHeadingOfAGroupIsThatOfItsFirstColumn();
 
 private:
     using Action = std::function<void(QListWidget*)>;
@@ -123,6 +125,28 @@ void tst_PartsbookColumns::theListOfPartsFollows()
     QCOMPARE(later.Create(nullptr), 1);
     QVERIFY(PartsView(*later.GetSafeHwnd()).isColumnHidden(2));
     later.DestroyWindow();
+}
+
+void tst_PartsbookColumns::theHeadingOfAGroupIsThatOfItsFirstColumn()
+{
+    CPartPictures pictures;
+    CPartsGrid grid(pictures);
+    QWidget widget;
+    QVERIFY(grid.Open(&widget));
+    const auto supply = [&] {
+        return XeQString(grid.GetItemText(0, CPartsGrid::Supplier)) + "|"
+               + XeQString(grid.GetItemText(0, CPartsGrid::Source));
+    };
+    constexpr unsigned supplierBit = 1u << (CPartsGrid::Supplier - 1);
+    constexpr unsigned sourceBit = 1u << (CPartsGrid::Source - 1);
+    QCOMPARE(supply(), QString("Supply 供应|"));
+    grid.ShowColumns(supplierBit);
+    QCOMPARE(supply(), QString("|Supply 供应"));
+    grid.ShowColumns(supplierBit | sourceBit);
+    QCOMPARE(supply(), QString("|"));
+    grid.ShowColumns(0);
+    QCOMPARE(supply(), QString("Supply 供应|"));
+    grid.DestroyWindow();
 }
 
 XE_TEST(tst_PartsbookColumns)
