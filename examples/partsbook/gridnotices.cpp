@@ -124,7 +124,7 @@ void CMainFrame::RunPartMenu(CPoint screen)
 {
     OnUpdateCommands(); // the click may have selected another part
     const int command = openPartMenu(*this, screen);
-    if (command > 0)
+    if (command > 0 && GetSafeHwnd()) // the window may go while the menu is open
         control<QAction>(*this, static_cast<unsigned>(command)).trigger();
 }
 

@@ -298,8 +298,7 @@ int CPartsGrid::PasteTextToGrid(CCellID_X cell, const QMimeData* data)
 {
     m_isChangingMany = true;
     const int result = CGridCtrl_X::PasteTextToGrid(cell, data);
-    m_isChangingMany = false;
-    SendMessage_X(GetSafeHwnd()->window(), WM_FIELDS_CHANGED, 0, 0);
+    TellManyChanges();
     return result;
 }
 
@@ -307,8 +306,15 @@ void CPartsGrid::CutSelectedText()
 {
     m_isChangingMany = true;
     CGridCtrl_X::CutSelectedText();
+    TellManyChanges();
+}
+
+// The window may have been closed when it was notified of one of them.
+void CPartsGrid::TellManyChanges()
+{
     m_isChangingMany = false;
-    SendMessage_X(GetSafeHwnd()->window(), WM_FIELDS_CHANGED, 0, 0);
+    if (QWidget* const widget = GetSafeHwnd())
+        SendMessage_X(widget->window(), WM_FIELDS_CHANGED, 0, 0);
 }
 
 void CPartsGrid::OnEditCell(int row, int col, CPoint point, unsigned int ch)

@@ -99,6 +99,7 @@ private:
     static constexpr int rowHeight = 26;
 
     CColumnData* DataOf(int column);
+    void TellManyChanges();
     void MakeHeadings();
     void PlaceHeading(int column, int count, const wchar_t* heading);
     void SelectCell(int row, int column);

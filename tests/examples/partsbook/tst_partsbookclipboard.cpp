@@ -54,6 +54,8 @@ private slots:
     void refusesWhatTypingWould();
     void saysOnceWhatItRefuses();
     void cutsWhatMayBeEmpty();
+    void theWindowGoesMeanwhile_data();
+    void theWindowGoesMeanwhile();
     void keysOfAnOpenEditor();
     void keysOfTheSearchField();
 
@@ -298,6 +300,36 @@ void tst_PartsbookClipboard::cutsWhatMayBeEmpty()
     QVERIFY(box.hasActed());
     QCOMPARE(clipboard().text(), QString("20\n30"));
     QCOMPARE(column(stockColumn), QString("10 20 30 40"));
+}
+
+void tst_PartsbookClipboard::theWindowGoesMeanwhile_data()
+{
+    QTest::addColumn<char>("key");
+
+    QTest::newRow("cut") << 'x';
+    QTest::newRow("paste") << 'v';
+}
+
+void tst_PartsbookClipboard::theWindowGoesMeanwhile()
+{
+    struct Closing : QObject
+    {
+        explicit Closing(CWnd_X& window) : frame(window) { frame.GetSafeHwnd()->installEventFilter(this); }
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            const bool isSent = event->type() == XeWinMsgEvent::EventType;
+            if (isSent && static_cast<XeWinMsgEvent*>(event)->message == WM_NOTIFY)
+                frame.DestroyWindow();
+            return false;
+        }
+        CWnd_X& frame;
+    };
+    QFETCH(char, key);
+    clipboard().setText("7\n8");
+    select(1, stockColumn, 2, stockColumn);
+    Closing closing(*m_frame);
+    press(key);
+    QVERIFY(!m_frame->GetSafeHwnd());
 }
 
 // --------------------------------------------------------------------------------------------------------- the fields
