@@ -12,9 +12,9 @@ function splitName(name) {
     argument = substr(name, length(group "/" role) + 1)
 }
 
-# Processor time, or the time on the clock where the benchmark was registered with UseRealTime().
+# Processor time, or the time that the benchmark was registered with: on the clock, or what it says itself.
 function timeOf(name) {
-    return nanoseconds(name ~ /\/real_time/ ? field[2] : field[3], field[4])
+    return nanoseconds(name ~ /\/(real|manual)_time/ ? field[2] : field[3], field[4])
 }
 
 # Whether there was no time of this name, or a longer one.
