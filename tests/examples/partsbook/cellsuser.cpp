@@ -6,6 +6,7 @@
 
 #include <QAbstractItemView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QStatusBar>
 #include <QTest>
 #include <xeresource.h>
@@ -46,6 +47,12 @@ bool CellsUser::isModified() const
 {
     m_frame->OnEnterIdle();
     return window()->isWindowModified();
+}
+
+QString CellsUser::editedText() const
+{
+    const auto* const field = qobject_cast<QLineEdit*>(editor());
+    return field ? field->text() : QString("none");
 }
 
 QString CellsUser::paneText(int pane) const

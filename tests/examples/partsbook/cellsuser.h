@@ -43,6 +43,7 @@ protected:
     {
         return editor() && editor() != table().widget() && table().widget()->isAncestorOf(editor());
     }
+    QString editedText() const;
     QString paneText(int pane) const;
     QPoint placeOf(int row, int column) const;
     QPoint onScreen(const QWidget* widget, QPoint place) const;

@@ -228,6 +228,7 @@ void tst_GridRealKeys::headingSorts()
     QTRY_COMPARE(order(), QStringLiteral("abc"));
     host.moveTo(host.middleOf(2, 1)); // else the next press makes it a double click
     m_input.clickButton(1);
+    QTRY_COMPARE(host.selected(), QStringLiteral("2,1 2,2"));
     host.moveTo(host.middleOf(0, 1));
     m_input.clickButton(1);
     QTRY_COMPARE(order(), QStringLiteral("cba"));
