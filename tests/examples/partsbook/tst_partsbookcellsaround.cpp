@@ -7,6 +7,7 @@
 #include "samplelines.h"
 #include "testclass.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QLineEdit>
 #include <QMenu>

@@ -11,6 +11,7 @@
 #include "virtualinput.h"
 
 #include <QAction>
+#include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTemporaryDir>

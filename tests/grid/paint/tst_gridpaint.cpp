@@ -6,6 +6,8 @@
 #include <xeafxdc.h>
 #include <xecolor.h>
 
+#include <QRegularExpression>
+
 namespace {
 
 constexpr QRgb text = qRgb(250, 250, 200);

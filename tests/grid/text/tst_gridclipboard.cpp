@@ -6,6 +6,7 @@
 
 #include <QClipboard>
 #include <QMimeData>
+#include <QRegularExpression>
 
 namespace {
 
