@@ -106,14 +106,13 @@ void live(InputWalk& walk, NoticeAnswers& answers)
     walk.end();
 }
 
-// What goes from the event loop, and what Qt keeps as long as there is room.
+// What goes from the event loop, and what is in the clipboard.
 void settle()
 {
     ClearTempObjectPool();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QPixmapCache::clear();
     QApplication::clipboard()->clear();
 }
 
@@ -131,6 +130,7 @@ int main(int argc, char** argv)
     const unsigned seed = arguments.at(2).toUInt();
     (void)nice(5); // other tests are in a hurry
     qInstallMessageHandler(endAtWarning);
+    QPixmapCache::setCacheLimit(0); // to be emptied at each look it would still keep the names of all pictures
     std::set_terminate(endAtException);
     signal(SIGUSR1, endHere);
 
