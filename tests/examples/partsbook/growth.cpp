@@ -17,9 +17,8 @@ extern "C" std::size_t __sanitizer_get_current_allocated_bytes() __attribute__((
 namespace {
 
 constexpr int fewestMoments = 12;
-constexpr int fewestForBytes = 60; // Qt's caches of letters and pictures fill up for minutes
-// Bytes: some of these caches go on for an hour. What is left when the application has gone stays the same.
-constexpr long long smallChange = 4 * 1024 * 1024;
+constexpr int fewestForBytes = 60;            // Qt's caches of letters and pictures fill up for minutes
+constexpr long long smallChange = 256 * 1024; // bytes
 
 QMutex mutex;
 QSet<QObject*> objects;

@@ -45,7 +45,7 @@ void tst_PartsbookGrowth::bytesAtEachMoment()
     Growth growth;
     std::vector<std::vector<char>> kept(80);
     for (std::vector<char>& one : kept) {
-        one.resize(200'000);
+        one.resize(20'000);
         growth.look();
     }
     QVERIFY2(growth.found().endsWith(QStringLiteral(" more bytes")), qPrintable(growth.found()));
