@@ -1,9 +1,8 @@
 // How an edit in a grid ends: what is stored and told, what ends it from outside, and who may delete what meanwhile.
 
 #include "editedgrid.h"
-#include "leavenothing.h"
+#include "realinputtest.h"
 #include "testclass.h"
-#include "virtualinput.h"
 
 #include <XeMFCEmu.h>
 
@@ -20,19 +19,11 @@ public:
 
 } // namespace
 
-class tst_GridEditEnd : public QObject
+class tst_GridEditEnd : public RealInputTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QVERIFY(m_input.isUsable()); }
-    void init() { m_input.movePointer({1200, 1000}); }
-    void cleanup()
-    {
-        m_input.releaseAll();
-        QCOMPARE(LeaveNothing::leftovers(), QString());
-    }
-
     void changedTextIsStored();
     void sameTextIsNoChange();
     void endOfACellThatIsNotThere();
@@ -49,9 +40,6 @@ private Q_SLOTS:
     void cellGoesWithAnOpenEditor();
     void deletedInANotification_data();
     void deletedInANotification();
-
-private:
-    VirtualInput m_input;
 };
 
 // ---------------------------------------------------------------------------------------------------------- the ends
@@ -115,8 +103,7 @@ void tst_GridEditEnd::clickElsewhereStores()
     stage.openField()->setText(QStringLiteral("new"));
     CRect rect;
     stage.grid->GetCellRect(3, 3, &rect);
-    m_input.movePointer(m_input.windowOrigin(stage.window.winId()) + QPoint(rect.left + 5, rect.top + 5));
-    m_input.clickButton(1);
+    clickAt(stage.window, {rect.left + 5, rect.top + 5});
     QTRY_COMPARE(stage.text(2, 2), QStringLiteral("new"));
     QTRY_VERIFY(stage.grid->m_idCurrentCell == CCellID_X(3, 3));
     QVERIFY(!stage.openField());
@@ -128,8 +115,7 @@ void tst_GridEditEnd::otherFieldStores()
     QVERIFY(stage.comeUp());
     stage.edit();
     stage.openField()->setText(QStringLiteral("new"));
-    m_input.movePointer(m_input.windowOrigin(stage.window.winId()) + QPoint(20, 270));
-    m_input.clickButton(1);
+    clickAt(stage.window, {20, 270});
     QTRY_COMPARE(stage.text(2, 2), QStringLiteral("new"));
     QTRY_VERIFY(stage.other->hasFocus());
 }

@@ -1,9 +1,8 @@
 // Editing in a grid, by real keys: what opens an editor, and how a key goes on to the next cell.
 
 #include "editedgrid.h"
-#include "leavenothing.h"
+#include "realinputtest.h"
 #include "testclass.h"
-#include "virtualinput.h"
 
 #include <XeMFCEmu.h>
 
@@ -13,19 +12,11 @@
 
 #include <X11/keysym.h>
 
-class tst_GridEditing : public QObject
+class tst_GridEditing : public RealInputTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QVERIFY(m_input.isUsable()); }
-    void init() { m_input.movePointer({1200, 1000}); }
-    void cleanup()
-    {
-        m_input.releaseAll();
-        QCOMPARE(LeaveNothing::leftovers(), QString());
-    }
-
     void opens();
     void opensNothing_data();
     void opensNothing();
@@ -44,9 +35,6 @@ private Q_SLOTS:
     void functionKeyOpens();
 
     void inputMethodOpens();
-
-private:
-    VirtualInput m_input;
 };
 
 void tst_GridEditing::opens()
@@ -194,9 +182,7 @@ void tst_GridEditing::tabGoesBack()
     EditedGrid<> stage;
     QVERIFY(stage.comeUp());
     stage.edit();
-    m_input.pressKey(XK_Shift_L);
-    m_input.typeKey(XK_Tab);
-    m_input.releaseKey(XK_Shift_L);
+    typeChord({XK_Shift_L, XK_Tab});
     QTRY_COMPARE(stage.openText(), QStringLiteral("2.1"));
     QVERIFY(stage.grid->m_idCurrentCell == CCellID_X(2, 1));
     stage.grid->EndEditing();

@@ -1,25 +1,16 @@
 // The editors with a list, under a real keyboard and a real pointer: how they open, and what is chosen in them.
 
 #include "editing/liststage.h"
-#include "leavenothing.h"
+#include "realinputtest.h"
 #include "testclass.h"
-#include "virtualinput.h"
 
 #include <X11/keysym.h>
 
-class tst_InPlaceList : public QObject
+class tst_InPlaceList : public RealInputTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QVERIFY(m_input.isUsable()); }
-    void init() { m_input.movePointer({1200, 1000}); }
-    void cleanup()
-    {
-        m_input.releaseAll();
-        QCOMPARE(LeaveNothing::leftovers(), QString());
-    }
-
     void startValues();
     void manyItems();
     void opening_data();
@@ -38,9 +29,6 @@ private Q_SLOTS:
     void fieldOfItsOwn();
 
     void easeGrows();
-
-private:
-    VirtualInput m_input;
 };
 
 void tst_InPlaceList::startValues()

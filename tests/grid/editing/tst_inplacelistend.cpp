@@ -1,25 +1,16 @@
 // The editors with a list, under a real keyboard: what ends them, and what does not.
 
 #include "editing/liststage.h"
-#include "leavenothing.h"
+#include "realinputtest.h"
 #include "testclass.h"
-#include "virtualinput.h"
 
 #include <X11/keysym.h>
 
-class tst_InPlaceListEnd : public QObject
+class tst_InPlaceListEnd : public RealInputTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QVERIFY(m_input.isUsable()); }
-    void init() { m_input.movePointer({1200, 1000}); }
-    void cleanup()
-    {
-        m_input.releaseAll();
-        QCOMPARE(LeaveNothing::leftovers(), QString());
-    }
-
     void endByKey_data();
     void endByKey();
     void plainArrowsStay();
@@ -40,9 +31,6 @@ private Q_SLOTS:
     void easeEndsByKey();
     void easeAndTheFocus_data();
     void easeAndTheFocus();
-
-private:
-    VirtualInput m_input;
 };
 
 // ------------------------------------------------------------------------------------------------------------ the keys

@@ -2,9 +2,8 @@
 // focus goes.
 
 #include "editedgrid.h"
-#include "leavenothing.h"
+#include "realinputtest.h"
 #include "testclass.h"
-#include "virtualinput.h"
 
 #include <QClipboard>
 #include <QDialog>
@@ -18,25 +17,15 @@
 
 namespace {
 
-using KeyList = QList<unsigned long>;
-
 QWidget* openPopup() { return QApplication::activePopupWidget(); }
 
 } // namespace
 
-class tst_RealEditing : public QObject
+class tst_RealEditing : public RealInputTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QVERIFY(m_input.isUsable()); }
-    void init() { m_input.movePointer({1200, 1000}); }
-    void cleanup()
-    {
-        m_input.releaseAll();
-        QCOMPARE(LeaveNothing::leftovers(), QString());
-    }
-
     void keysStay_data();
     void keysStay();
     void defaultButtonIsNotPressed_data();
@@ -50,51 +39,30 @@ private Q_SLOTS:
     void functionKeyAndTab();
     void wheelScrollsTheGrid();
     void easeListEndsByAClick();
-
-private:
-    void typeChord(const KeyList& keys);
-    void clickAt(const QWidget& window, QPoint point, unsigned button = 1);
-
-    VirtualInput m_input;
 };
-
-// All but the last key are held.
-void tst_RealEditing::typeChord(const KeyList& keys)
-{
-    for (int i = 0; i + 1 < keys.size(); ++i)
-        m_input.pressKey(keys[i]);
-    m_input.typeKey(keys.last());
-    m_input.releaseAll();
-}
-
-void tst_RealEditing::clickAt(const QWidget& window, QPoint point, unsigned button)
-{
-    m_input.movePointer(m_input.windowOrigin(window.winId()) + point);
-    m_input.clickButton(button);
-}
 
 void tst_RealEditing::keysStay_data()
 {
-    QTest::addColumn<KeyList>("keys");
+    QTest::addColumn<Keys>("keys");
     QTest::addColumn<QString>("text"); // with an "x" typed behind
 
-    QTest::newRow("Up") << KeyList{XK_Up} << "2.2x";
-    QTest::newRow("Down") << KeyList{XK_Down} << "2.2x";
-    QTest::newRow("Page Down") << KeyList{XK_Page_Down} << "2.2x";
-    QTest::newRow("Left") << KeyList{XK_Left} << "2.x2";
-    QTest::newRow("Home") << KeyList{XK_Home} << "x2.2";
-    QTest::newRow("Delete") << KeyList{XK_Delete} << "2.2x";
-    QTest::newRow("Ctrl+I, the character of Tab") << KeyList{XK_Control_L, XK_i} << "2.2x";
-    QTest::newRow("Ctrl+M, the character of Return") << KeyList{XK_Control_L, XK_m} << "2.2x";
-    QTest::newRow("Ctrl+[, the character of Esc") << KeyList{XK_Control_L, XK_bracketleft} << "2.2x";
-    QTest::newRow("Ctrl+A and Delete") << KeyList{XK_Control_L, XK_a} << "x";
-    QTest::newRow("F5") << KeyList{XK_F5} << "2.2x";
-    QTest::newRow("Shift alone") << KeyList{XK_Shift_L} << "2.2x";
+    QTest::newRow("Up") << Keys{XK_Up} << "2.2x";
+    QTest::newRow("Down") << Keys{XK_Down} << "2.2x";
+    QTest::newRow("Page Down") << Keys{XK_Page_Down} << "2.2x";
+    QTest::newRow("Left") << Keys{XK_Left} << "2.x2";
+    QTest::newRow("Home") << Keys{XK_Home} << "x2.2";
+    QTest::newRow("Delete") << Keys{XK_Delete} << "2.2x";
+    QTest::newRow("Ctrl+I, the character of Tab") << Keys{XK_Control_L, XK_i} << "2.2x";
+    QTest::newRow("Ctrl+M, the character of Return") << Keys{XK_Control_L, XK_m} << "2.2x";
+    QTest::newRow("Ctrl+[, the character of Esc") << Keys{XK_Control_L, XK_bracketleft} << "2.2x";
+    QTest::newRow("Ctrl+A and Delete") << Keys{XK_Control_L, XK_a} << "x";
+    QTest::newRow("F5") << Keys{XK_F5} << "2.2x";
+    QTest::newRow("Shift alone") << Keys{XK_Shift_L} << "2.2x";
 }
 
 void tst_RealEditing::keysStay()
 {
-    QFETCH(KeyList, keys);
+    QFETCH(Keys, keys);
     QFETCH(QString, text);
     EditedGrid<> stage;
     QVERIFY(stage.comeUp());
