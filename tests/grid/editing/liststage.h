@@ -26,7 +26,15 @@ struct ListStage : EditStage
         box = qobject_cast<QComboBox*>(list->GetSafeHwnd());
     }
     bool isOpen() const { return box && box->view()->isVisible(); }
-    bool waitForList() const { return isOpen() && QTest::qWaitForWindowExposed(box->view()->window()); }
+    /// To be asked inside QVERIFY: shows the window, and an editor whose list is open.
+    bool comeUpWithList(unsigned style)
+    {
+        if (!comeUp())
+            return false;
+        open(style);
+        list->ShowDropDown();
+        return isOpen() && QTest::qWaitForWindowExposed(box->view()->window());
+    }
 
     CRect rect{20, 30, 120, 50};
     QPointer<List> list;

@@ -157,10 +157,7 @@ void tst_InPlaceList::clickOpensAListWithoutField()
 void tst_InPlaceList::choiceByTheMouse()
 {
     PlainStage stage;
-    QVERIFY(stage.comeUp());
-    stage.open(CBS_DROPDOWNLIST);
-    stage.list->ShowDropDown();
-    QVERIFY(stage.waitForList());
+    QVERIFY(stage.comeUpWithList(CBS_DROPDOWNLIST));
     const QAbstractItemView* const view = stage.box->view();
     const QPoint item(20, view->visualRect(view->model()->index(2, 0)).center().y());
     m_input.movePointer(m_input.windowOrigin(view->window()->winId()) + view->viewport()->mapTo(view->window(), item));

@@ -31,6 +31,9 @@ private Q_SLOTS:
     void easeEndsByKey();
     void easeAndTheFocus_data();
     void easeAndTheFocus();
+
+private:
+    void typeTheEnd(EditStage& stage);
 };
 
 // ------------------------------------------------------------------------------------------------------------ the keys
@@ -38,44 +41,42 @@ private Q_SLOTS:
 void tst_InPlaceListEnd::endByKey_data()
 {
     QTest::addColumn<unsigned>("style");
-    QTest::addColumn<unsigned long>("key");
-    QTest::addColumn<bool>("control");
+    QTest::addColumn<Keys>("keys");
     QTest::addColumn<QString>("end");
 
-    const auto row = [](const char* name, unsigned style, unsigned long key, bool control, const char* end) {
-        QTest::newRow(name) << style << key << control << QString::fromLatin1(end);
-    };
-    row("Return", CBS_DROPDOWN, XK_Return, false, "3,4 'washer' 13");
-    row("Esc brings the text back", CBS_DROPDOWN, XK_Escape, false, "3,4 'nut' 27");
-    row("Tab", CBS_DROPDOWN, XK_Tab, false, "3,4 'washer' 9");
-    row("Ctrl and Down", CBS_DROPDOWN, XK_Down, true, "3,4 'washer' 40");
-    row("Ctrl and Page Up", CBS_DROPDOWN, XK_Page_Up, true, "3,4 'washer' 33");
-    row("Return without a field", CBS_DROPDOWNLIST, XK_Return, false, "3,4 'washer' 13");
-    row("Esc without a field", CBS_DROPDOWNLIST, XK_Escape, false, "3,4 'nut' 27");
-    row("Tab without a field", CBS_DROPDOWNLIST, XK_Tab, false, "3,4 'washer' 9");
+    QTest::newRow("Return") << CBS_DROPDOWN << Keys{XK_Return} << "3,4 'washer' 13";
+    QTest::newRow("Esc brings the text back") << CBS_DROPDOWN << Keys{XK_Escape} << "3,4 'nut' 27";
+    QTest::newRow("Tab") << CBS_DROPDOWN << Keys{XK_Tab} << "3,4 'washer' 9";
+    QTest::newRow("Ctrl and Down") << CBS_DROPDOWN << Keys{XK_Control_L, XK_Down} << "3,4 'washer' 40";
+    QTest::newRow("Ctrl and Page Up") << CBS_DROPDOWN << Keys{XK_Control_L, XK_Page_Up} << "3,4 'washer' 33";
+    QTest::newRow("Return without a field") << CBS_DROPDOWNLIST << Keys{XK_Return} << "3,4 'washer' 13";
+    QTest::newRow("Esc without a field") << CBS_DROPDOWNLIST << Keys{XK_Escape} << "3,4 'nut' 27";
+    QTest::newRow("Tab without a field") << CBS_DROPDOWNLIST << Keys{XK_Tab} << "3,4 'washer' 9";
 }
 
 void tst_InPlaceListEnd::endByKey()
 {
     QFETCH(unsigned, style);
-    QFETCH(unsigned long, key);
-    QFETCH(bool, control);
-    QFETCH(QString, end);
     PlainStage stage;
     QVERIFY(stage.comeUp());
     stage.open(style);
     stage.box->setCurrentIndex(2);
-    if (control)
-        m_input.pressKey(XK_Control_L);
-    m_input.typeKey(key);
-    m_input.releaseAll();
+    typeTheEnd(stage);
+    QVERIFY(!stage.box);
+    QVERIFY(!stage.list);
+    QVERIFY(stage.grid->hasFocus());
+}
+
+// Types the keys of the row: the edit ends as the row says, and once.
+void tst_InPlaceListEnd::typeTheEnd(EditStage& stage)
+{
+    QFETCH(Keys, keys);
+    QFETCH(QString, end);
+    typeChord(keys);
     QTRY_COMPARE(stage.host.ends, QStringList{end});
     stage.settle();
     QTest::qWait(20);
     QCOMPARE(stage.host.ends.size(), 1);
-    QVERIFY(!stage.box);
-    QVERIFY(!stage.list);
-    QVERIFY(stage.grid->hasFocus());
     QVERIFY(stage.host.keys.isEmpty());
 }
 
@@ -127,10 +128,7 @@ void tst_InPlaceListEnd::releaseOfTheOpener()
 void tst_InPlaceListEnd::escapeOnTheOpenList()
 {
     PlainStage stage;
-    QVERIFY(stage.comeUp());
-    stage.open(CBS_DROPDOWN);
-    stage.list->ShowDropDown();
-    QVERIFY(stage.waitForList());
+    QVERIFY(stage.comeUpWithList(CBS_DROPDOWN));
     m_input.typeKey(XK_Down);
     QTRY_COMPARE(stage.box->view()->currentIndex().row(), 2);
     m_input.typeKey(XK_Escape);
@@ -140,10 +138,7 @@ void tst_InPlaceListEnd::escapeOnTheOpenList()
 void tst_InPlaceListEnd::returnOnTheOpenList()
 {
     PlainStage stage;
-    QVERIFY(stage.comeUp());
-    stage.open(CBS_DROPDOWN);
-    stage.list->ShowDropDown();
-    QVERIFY(stage.waitForList());
+    QVERIFY(stage.comeUpWithList(CBS_DROPDOWN));
     m_input.typeKey(XK_Down);
     QTRY_COMPARE(stage.box->view()->currentIndex().row(), 2);
     m_input.pressKey(XK_Return);
@@ -188,10 +183,7 @@ void tst_InPlaceListEnd::focusLoss()
 void tst_InPlaceListEnd::openListKeepsTheEdit()
 {
     PlainStage stage;
-    QVERIFY(stage.comeUp());
-    stage.open(CBS_DROPDOWN);
-    stage.list->ShowDropDown();
-    QVERIFY(stage.waitForList());
+    QVERIFY(stage.comeUpWithList(CBS_DROPDOWN));
     stage.list->OnKillFocus(nullptr);
     QVERIFY(stage.host.ends.isEmpty());
     stage.list->ShowDropDown(FALSE);
@@ -263,25 +255,14 @@ void tst_InPlaceListEnd::easeEndsByKey_data() { endByKey_data(); }
 void tst_InPlaceListEnd::easeEndsByKey()
 {
     QFETCH(unsigned, style);
-    QFETCH(unsigned long, key);
-    QFETCH(bool, control);
-    QFETCH(QString, end);
     EaseStage stage;
     QVERIFY(stage.comeUp());
     stage.open(style);
     stage.box->setCurrentIndex(2);
     stage.list->OnKeyDown(VK_RETURN, 1, 0); // it is the release that ends it
     QVERIFY(stage.host.ends.isEmpty());
-    if (control)
-        m_input.pressKey(XK_Control_L);
-    m_input.typeKey(key);
-    m_input.releaseAll();
-    QTRY_COMPARE(stage.host.ends, QStringList{end});
-    stage.settle();
-    QTest::qWait(20);
-    QCOMPARE(stage.host.ends.size(), 1);
+    typeTheEnd(stage);
     QVERIFY(!stage.box);
-    QVERIFY(stage.host.keys.isEmpty());
 }
 
 void tst_InPlaceListEnd::easeAndTheFocus_data()
