@@ -13,7 +13,6 @@ struct RealGrid : GridWindow<>
           input(virtualInput)
     {
         fill();
-        input.movePointer({1200, 1000});
     }
 
     bool isReady()

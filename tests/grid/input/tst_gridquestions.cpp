@@ -1,8 +1,8 @@
 // What a grid asks the X server for while the pointer moves over it: each question is a round trip, for which the
 // program waits.
 
-#include "leavenothing.h"
 #include "realgrid.h"
+#include "realinputtest.h"
 #include "testclass.h"
 
 #include <QMouseEvent>
@@ -39,29 +39,18 @@ extern "C" Q_DECL_EXPORT void* xcb_wait_for_reply(void* connection, unsigned req
     return wait(connection, request, error);
 }
 
-class tst_GridQuestions : public QObject
+class tst_GridQuestions : public RealInputTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QVERIFY(m_input.isUsable()); }
-    void cleanup();
-
     void theCountSeesAQuestion();
     void oneForAMove();
     void oneForAMoveOverAHeading();
 
 private:
     void moveOver(RealGrid& host, const QVector<QPoint>& places);
-
-    VirtualInput m_input;
 };
-
-void tst_GridQuestions::cleanup()
-{
-    m_input.releaseAll();
-    QCOMPARE(LeaveNothing::leftovers(), QString());
-}
 
 void tst_GridQuestions::theCountSeesAQuestion()
 {

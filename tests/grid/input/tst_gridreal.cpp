@@ -1,7 +1,7 @@
 // The grid as a user has it: a real pointer and a real keyboard.
 
-#include "leavenothing.h"
 #include "realgrid.h"
+#include "realinputtest.h"
 #include "testclass.h"
 
 #include <QClipboard>
@@ -18,14 +18,11 @@ constexpr unsigned long keyDelete = 0xFFFF;
 
 } // namespace
 
-class tst_GridReal : public QObject
+class tst_GridReal : public RealInputTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QVERIFY(m_input.isUsable()); }
-    void cleanup();
-
     void dragPastTheEdge();
     void shiftTabGoesBack();
     void copiesByTheKeyboard();
@@ -34,16 +31,7 @@ private Q_SLOTS:
     void tipGivesThePressOn();
     void dividerIsDragged();
     void pointerShapes();
-
-private:
-    VirtualInput m_input;
 };
-
-void tst_GridReal::cleanup()
-{
-    m_input.releaseAll();
-    QCOMPARE(LeaveNothing::leftovers(), QString());
-}
 
 void tst_GridReal::dragPastTheEdge()
 {

@@ -1,8 +1,8 @@
 // The keys and the mouse of a grid's user, from a real keyboard and a real pointer: what moves, what selects, and what
 // opens an editor.
 
-#include "leavenothing.h"
 #include "realgrid.h"
+#include "realinputtest.h"
 #include "testclass.h"
 
 #include <QClipboard>
@@ -12,33 +12,11 @@
 
 #include <X11/keysym.h>
 
-namespace {
-
-using Keys = QList<unsigned long>;
-
-// All but the last key are held.
-void typeChord(VirtualInput& input, const Keys& keys)
-{
-    for (int i = 0; i + 1 < keys.size(); ++i)
-        input.pressKey(keys[i]);
-    input.typeKey(keys.last());
-    input.releaseAll();
-}
-
-} // namespace
-
-class tst_GridRealKeys : public QObject
+class tst_GridRealKeys : public RealInputTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QVERIFY(m_input.isUsable()); }
-    void cleanup()
-    {
-        m_input.releaseAll();
-        QCOMPARE(LeaveNothing::leftovers(), QString());
-    }
-
     void move_data();
     void move();
     void extend_data();
@@ -59,9 +37,6 @@ private Q_SLOTS:
     void shakingHandEdits();
     void doubleClickTells();
     void rightClickTells();
-
-private:
-    VirtualInput m_input;
 };
 
 void tst_GridRealKeys::move_data()
@@ -95,7 +70,7 @@ void tst_GridRealKeys::move()
     host.grid->SetColumnWidth(3, 0);
     QVERIFY(host.isReady());
     host.grid->SetFocusCell(5, 2);
-    typeChord(m_input, keys);
+    typeChord(keys);
     QTRY_COMPARE(host.focus(), focus);
     host.settle();
     QCOMPARE(host.focus(), focus);
@@ -124,7 +99,7 @@ void tst_GridRealKeys::extend()
     host.grid->SetFocusCell(2, 1);
     m_input.typeKey(XK_Right);
     QTRY_COMPARE(host.selected(), QStringLiteral("2,2"));
-    typeChord(m_input, keys);
+    typeChord(keys);
     QTRY_COMPARE(host.selected(), selected);
 }
 
@@ -142,7 +117,7 @@ void tst_GridRealKeys::tabLeavesAtTheCorner()
     QCOMPARE(host.focus(), QStringLiteral("2,2"));
     host.widget->setFocus();
     host.grid->SetFocusCell(1, 1);
-    typeChord(m_input, {XK_Shift_L, XK_Tab});
+    typeChord({XK_Shift_L, XK_Tab});
     QTRY_COMPARE(QApplication::focusWidget(), before);
     QCOMPARE(host.focus(), QStringLiteral("1,1"));
 }
@@ -159,7 +134,7 @@ void tst_GridRealKeys::listModeTwice()
     QTRY_COMPARE(host.selected(), QStringLiteral("3,1 3,2"));
     m_input.typeKey(XK_Down);
     QTRY_COMPARE(host.selected(), QStringLiteral("4,1 4,2"));
-    typeChord(m_input, {XK_Shift_L, XK_Up});
+    typeChord({XK_Shift_L, XK_Up});
     QTRY_COMPARE(host.selected(), QStringLiteral("3,1 3,2 4,1 4,2"));
 }
 
@@ -261,11 +236,11 @@ void tst_GridRealKeys::cutAndPaste()
     host.grid->SetItemText(2, 3, L"nut");
     host.grid->SetFocusCell(2, 2);
     host.grid->SetSelectedRange(2, 2, 2, 3);
-    typeChord(m_input, {XK_Control_L, XK_x});
+    typeChord({XK_Control_L, XK_x});
     QTRY_VERIFY(host.grid->GetItemText(2, 3).IsEmpty());
     QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("bolt\tnut"));
     host.grid->SetFocusCell(4, 1);
-    typeChord(m_input, {XK_Control_L, XK_v});
+    typeChord({XK_Control_L, XK_v});
     const auto text = [&host](int row, int col) { return QString(XeQString(host.grid->GetItemText(row, col))); };
     QTRY_COMPARE(text(4, 2), QStringLiteral("nut"));
     QCOMPARE(text(4, 1), QStringLiteral("bolt"));
@@ -277,7 +252,7 @@ void tst_GridRealKeys::selectAll()
     RealGrid host(m_input, 4, 3);
     QVERIFY(host.isReady());
     host.grid->SetFocusCell(2, 2);
-    typeChord(m_input, {XK_Control_L, XK_a});
+    typeChord({XK_Control_L, XK_a});
     QTRY_COMPARE(host.selected(), QStringLiteral("1,1 1,2 2,1 2,2 3,1 3,2"));
     QVERIFY(!host.widget->findChild<QLineEdit*>());
 }
@@ -309,7 +284,7 @@ void tst_GridRealKeys::openByCharacter()
     RealGrid host(m_input, 6, 5);
     QVERIFY(host.isReady());
     host.grid->SetFocusCell(2, 2);
-    typeChord(m_input, keys);
+    typeChord(keys);
     QTRY_VERIFY(host.widget->findChild<QLineEdit*>());
     auto* const field = host.widget->findChild<QLineEdit*>();
     QTRY_COMPARE(field->text(), text);
@@ -341,7 +316,7 @@ void tst_GridRealKeys::openNothing()
     QVERIFY(host.isReady());
     host.grid->SetFocusCell(2, 2);
     host.window.take();
-    typeChord(m_input, keys);
+    typeChord(keys);
     m_input.typeKey(XK_Right); // behind the others
     QTRY_COMPARE(host.focus(), QStringLiteral("2,3"));
     host.settle();
