@@ -29,6 +29,11 @@ struct RealGrid : GridWindow<>
         input.movePointer(widget->mapToGlobal(point));
         settle();
     }
+    void click(int row, int col)
+    {
+        moveTo(middleOf(row, col));
+        input.clickButton(1);
+    }
     void press()
     {
         input.pressButton(1);

@@ -127,8 +127,7 @@ void tst_GridRealKeys::listModeTwice()
     RealGrid host(m_input, 6, 3);
     host.grid->m_bListMode = TRUE;
     QVERIFY(host.isReady());
-    host.moveTo(host.middleOf(2, 1));
-    m_input.clickButton(1);
+    host.click(2, 1);
     QTRY_COMPARE(host.selected(), QStringLiteral("2,1 2,2"));
     m_input.typeKey(XK_Down);
     QTRY_COMPARE(host.selected(), QStringLiteral("3,1 3,2"));
@@ -143,15 +142,12 @@ void tst_GridRealKeys::controlInListMode()
     RealGrid host(m_input, 6, 3);
     host.grid->m_bListMode = TRUE;
     QVERIFY(host.isReady());
-    host.moveTo(host.middleOf(1, 1));
-    m_input.clickButton(1);
+    host.click(1, 1);
     QTRY_COMPARE(host.selected(), QStringLiteral("1,1 1,2"));
     m_input.pressKey(XK_Control_L);
-    host.moveTo(host.middleOf(3, 1));
-    m_input.clickButton(1);
+    host.click(3, 1);
     QTRY_COMPARE(host.selected(), QStringLiteral("1,1 1,2 3,1 3,2"));
-    host.moveTo(host.middleOf(1, 2));
-    m_input.clickButton(1);
+    host.click(1, 2);
     QTRY_COMPARE(host.selected(), QStringLiteral("3,1 3,2"));
     m_input.releaseKey(XK_Control_L);
 }
@@ -160,15 +156,12 @@ void tst_GridRealKeys::controlAdds()
 {
     RealGrid host(m_input, 6, 5);
     QVERIFY(host.isReady());
-    host.moveTo(host.middleOf(1, 1));
-    m_input.clickButton(1);
+    host.click(1, 1);
     QTRY_COMPARE(host.selected(), QStringLiteral("1,1"));
     m_input.pressKey(XK_Control_L);
-    host.moveTo(host.middleOf(3, 2));
-    m_input.clickButton(1);
+    host.click(3, 2);
     QTRY_COMPARE(host.selected(), QStringLiteral("1,1 3,2"));
-    host.moveTo(host.middleOf(1, 1));
-    m_input.clickButton(1);
+    host.click(1, 1);
     QTRY_COMPARE(host.selected(), QStringLiteral("3,2"));
     m_input.releaseKey(XK_Control_L);
 }
@@ -177,12 +170,10 @@ void tst_GridRealKeys::shiftAndClick()
 {
     RealGrid host(m_input, 6, 5);
     QVERIFY(host.isReady());
-    host.moveTo(host.middleOf(2, 1));
-    m_input.clickButton(1);
+    host.click(2, 1);
     QTRY_COMPARE(host.selected(), QStringLiteral("2,1"));
     m_input.pressKey(XK_Shift_L);
-    host.moveTo(host.middleOf(3, 2));
-    m_input.clickButton(1);
+    host.click(3, 2);
     QTRY_COMPARE(host.selected(), QStringLiteral("2,1 2,2 3,1 3,2"));
     m_input.releaseKey(XK_Shift_L);
 }
@@ -198,14 +189,11 @@ void tst_GridRealKeys::headingSorts()
         return XeQString(host.grid->GetItemText(1, 1) + host.grid->GetItemText(2, 1) + host.grid->GetItemText(3, 1));
     };
     QVERIFY(host.isReady());
-    host.moveTo(host.middleOf(0, 1));
-    m_input.clickButton(1);
+    host.click(0, 1);
     QTRY_COMPARE(order(), QStringLiteral("abc"));
-    host.moveTo(host.middleOf(2, 1)); // else the next press makes it a double click
-    m_input.clickButton(1);
+    host.click(2, 1); // else the next press makes it a double click
     QTRY_COMPARE(host.selected(), QStringLiteral("2,1 2,2"));
-    host.moveTo(host.middleOf(0, 1));
-    m_input.clickButton(1);
+    host.click(0, 1);
     QTRY_COMPARE(order(), QStringLiteral("cba"));
 }
 
