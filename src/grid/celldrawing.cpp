@@ -59,6 +59,18 @@ QPen edgePen(int systemColour)
     return {xe::toQColor(GetSysColor_X(systemColour)), 1, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin};
 }
 
+const QPen& lightEdge()
+{
+    static const QPen pen = edgePen(COLOR_3DHILIGHT);
+    return pen;
+}
+
+const QPen& darkEdge()
+{
+    static const QPen pen = edgePen(darkestEdge);
+    return pen;
+}
+
 QPen arrowPen(int systemColour) { return {xe::toQColor(GetSysColor_X(systemColour)), 0}; }
 
 /// One painting of one cell.
@@ -74,7 +86,8 @@ public:
           m_col(col),
           m_given(rect),
           m_rect(rect),
-          m_state(cell.GetState())
+          m_state(cell.GetState()),
+          m_isBold(is(CGridCellBase_X::Fixed) && isInFocusedLine())
     {}
 
     /// Without a background the cell stands on what the grid has painted.
@@ -85,8 +98,9 @@ private:
     bool isInFocusedLine() const;
     void fill(std::optional<COLORREF> background);
     void drawFrame();
-    void drawHeading(bool isBold);
-    void setFont(bool isBold);
+    void drawHeading();
+    QFont font() const;
+    xe::CellTexts& texts() const { return xe::GridState::of(m_grid).texts; }
     void shrink(int by) { m_rect = CRect(m_rect.left + by, m_rect.top + by, m_rect.right - by, m_rect.bottom - by); }
     void drawOutline(int right, int bottom);
     void drawPicture();
@@ -103,19 +117,17 @@ private:
     const CRect m_given;
     CRect m_rect; // what is left of the given one
     const UINT m_state;
+    const bool m_isBold;
 };
 
 void CellPainting::run(std::optional<COLORREF> background)
 {
-    const bool isFixed = is(CGridCellBase_X::Fixed);
-    const bool isBold = isFixed && isInFocusedLine();
     m_dc.SetBkMode(TRANSPARENT);
     fill(background);
     if (is(CGridCellBase_X::Focused | CGridCellBase_X::DropHilited))
         drawFrame();
-    if (isFixed)
-        drawHeading(isBold);
-    setFont(isBold);
+    if (is(CGridCellBase_X::Fixed))
+        drawHeading();
     const auto margin = static_cast<int>(m_cell.GetMargin());
     m_rect.left += margin;
     m_rect.right -= margin;
@@ -167,19 +179,19 @@ bool CellPainting::isInFocusedLine() const
                || focus.col == (isCovered ? m_cell.m_nMasterCol : m_col));
 }
 
-void CellPainting::drawHeading(bool isBold)
+void CellPainting::drawHeading()
 {
-    if (isBold) {
+    if (m_isBold) {
         drawOutline(m_given.right, m_given.bottom);
     } else {
         const QPoint topLeft(m_rect.left, m_rect.top);
         const QPoint topRight(m_rect.right, m_rect.top);
         const QPoint bottomLeft(m_rect.left, m_rect.bottom);
         const QPoint bottomRight(m_rect.right, m_rect.bottom);
-        m_dc.setPen(edgePen(COLOR_3DHILIGHT));
+        m_dc.setPen(lightEdge());
         m_dc.drawLine(topRight, topLeft);
         m_dc.drawLine(topLeft, bottomLeft);
-        m_dc.setPen(edgePen(darkestEdge));
+        m_dc.setPen(darkEdge());
         m_dc.drawLine(topRight, bottomRight);
         m_dc.drawLine(bottomRight, bottomLeft);
         m_painter.restorePen();
@@ -187,15 +199,11 @@ void CellPainting::drawHeading(bool isBold)
     shrink(1);
 }
 
-// Setting a font anew makes the painter look up its engine again.
-void CellPainting::setFont(bool isBold)
+QFont CellPainting::font() const
 {
     const QFont* const own = m_cell.GetFont();
-    QFont font = own ? *own : QFont();
-    if (isBold)
-        font.setWeight(QFont::DemiBold);
-    if (!(m_dc.font() == font))
-        m_dc.setFont(font);
+    const QFont font = own ? *own : QFont();
+    return m_isBold ? texts().boldOf(font) : font;
 }
 
 void CellPainting::drawPicture()
@@ -219,6 +227,7 @@ void CellPainting::drawPicture()
 
 void CellPainting::drawSortArrow()
 {
+    m_dc.setFont(font());
     const int size = std::min<int>(m_dc.GetOutputTextExtent(L"M", 1).cy, m_rect.bottom - m_rect.top) - 4;
     if (size < 1)
         return;
@@ -252,9 +261,9 @@ void CellPainting::drawText()
     const QColor colour = m_dc.GetTextColor();
     const QPen& pen = m_dc.pen();
     if (pen.style() != Qt::SolidLine || pen.color() != colour)
-        m_dc.setPen(colour);
+        m_dc.setPen(texts().penOf(colour));
     const int flags = ToQtTextFlag(m_cell.GetFormat()) | Qt::TextHideMnemonic;
-    xe::GridState::of(m_grid).texts.draw(m_dc, place, flags, XeQString(text));
+    texts().draw(m_dc, place, flags, XeQString(text), font());
 }
 
 bool canPaint(const CGridCellBase_X& cell, const CDC_X* dc, const CRect& rect)

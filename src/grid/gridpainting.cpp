@@ -4,6 +4,7 @@
 #include "core/overrides.h"
 #include "geometry/colorref.h"
 #include "geometry/rectangle.h"
+#include "grid/gridstate.h"
 #include "xeafxdc.h"
 
 #include <QPaintEngine>
@@ -65,6 +66,22 @@ void drawStraight(CDC_X& dc, const Lines& lines, const QColor& colour)
     dc.setPen(pen);
 }
 
+/// The painting of many cells, for the texts of a grid, which may go meanwhile.
+class TextPainting
+{
+public:
+    TextPainting(CGridCtrl_X& grid, QPainter& painter) : m_grid(&grid) { GridState::of(grid).texts.begin(painter); }
+    ~TextPainting()
+    {
+        if (m_grid)
+            GridState::of(*m_grid).texts.end();
+    }
+    Q_DISABLE_COPY_MOVE(TextPainting)
+
+private:
+    const QPointer<CGridCtrl_X> m_grid;
+};
+
 template <class Test>
 bool allOf(int first, int last, Test test)
 {
@@ -92,6 +109,7 @@ bool GridPainter::isUnseen() const
 
 void GridPainter::drawCells(CDC_X& dc)
 {
+    const TextPainting texts(*m_grid, dc);
     m_grid->GetClientRect(&m_client);
     const CCellRange_X seen = m_grid->GetVisibleNonFixedCellRange();
     const int lastFixedRow = m_grid->m_nFixedRows - 1;
@@ -103,8 +121,11 @@ void GridPainter::drawCells(CDC_X& dc)
         {{0, seen.m_nMinCol, lastFixedRow, seen.m_nMaxCol}, {inside.x, 0}, true},
         {seen, inside, false},
     };
-    for (const Pass& pass : passes)
+    for (const Pass& pass : passes) {
         draw(dc, pass);
+        if (m_grid)
+            GridState::of(*m_grid).texts.drawCut();
+    }
 }
 
 void GridPainter::draw(CDC_X& dc, const Pass& pass)
@@ -139,6 +160,7 @@ bool GridPainter::drawRow(CDC_X& dc, const Pass& pass, int row, CRect rect)
         if (!cell || rect.right < m_client.left)
             continue;
         const CRect place = pass.showsBlocks ? placeOf(*cell, {row, col}, rect) : rect;
+        GridState::of(*m_grid).texts.beforeCell(hasOurDraw(*cell) && place == rect);
         cell->Draw(&dc, row, col, place, m_grid->GetSafeHwnd(), FALSE);
         if (!m_grid)
             return false;

@@ -9,10 +9,12 @@ namespace {
 
 thread_local int allocationsToGo = 0; // 0: none is to fail
 thread_local bool wasReached = false;
+thread_local long allocationsMade = 0;
 std::atomic<long> liveBlocks{0};
 
 bool mustFail()
 {
+    ++allocationsMade;
     if (allocationsToGo == 0 || --allocationsToGo != 0)
         return false;
     wasReached = true;
@@ -41,6 +43,7 @@ bool FailingAllocation::end()
 }
 
 long FailingAllocation::blocks() { return liveBlocks; }
+long FailingAllocation::made() { return allocationsMade; }
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 

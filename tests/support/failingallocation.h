@@ -19,4 +19,6 @@ public:
 
     /// The blocks that are allocated now, of all threads.
     static long blocks();
+    /// The allocations that this thread has made so far, those that failed too. A block that is made larger is one.
+    static long made();
 };

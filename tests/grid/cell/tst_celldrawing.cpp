@@ -83,6 +83,7 @@ private Q_SLOTS:
     void dropHighlight();
     void raisedEdge();
     void headingOfTheFocus();
+    void textOfTheHeadingOfTheFocus();
     void headingOfACoveredCell();
     void text();
     void textsAsAPainterDrawsThem_data();
@@ -219,6 +220,28 @@ void tst_CellDrawing::headingOfTheFocus()
     other.grid.m_idCurrentCell = CCellID_X(2, 2);
     other.draw(0, 3);
     QCOMPARE(other.at(10, 10), white); // raised
+}
+
+void tst_CellDrawing::textOfTheHeadingOfTheFocus()
+{
+    QFont other;
+    other.setItalic(true);
+    Canvas canvas;
+    canvas.grid.m_idCurrentCell = CCellID_X(2, 2);
+    canvas.grid.SetItemText(0, 2, L"Head");
+    for (QFont font : {QFont(), other, QFont()}) {
+        canvas.image.fill(QColor(white));
+        canvas.grid.SetItemFont(0, 2, reinterpret_cast<const CFont_X*>(&font));
+        canvas.draw(0, 2);
+        QImage expected(canvas.image.size(), canvas.image.format());
+        expected.fill(QColor(white));
+        font.setWeight(QFont::DemiBold);
+        QPainter painter(&expected);
+        painter.setFont(font);
+        painter.drawText(corners(14, 11, 74, 37), ToQtTextFlag(0x8824) | Qt::TextHideMnemonic, "Head");
+        const QRect inside = corners(11, 11, 78, 38);
+        QCOMPARE(canvas.image.copy(inside), expected.copy(inside));
+    }
 }
 
 void tst_CellDrawing::headingOfACoveredCell()
