@@ -17,8 +17,8 @@ namespace xe {
 /// Draws texts as QPainter::drawText() does, and remembers the layout of those drawn last.
 ///
 /// A grid is painted whole for each change, with the same texts but for a few, and to lay a text out takes longer than
-/// to paint it. Nor is anything allocated for a text that is drawn again: what QPainter would make anew for it, a pen of
-/// its colour, the font as the painter has it, a clip, is kept too.
+/// to paint it. Nor is anything allocated for a text that is drawn again: what QPainter would make anew for it, a pen
+/// of its colour, the font as the painter has it, a clip, is kept too.
 class CellTexts
 {
 public:

@@ -1,4 +1,4 @@
-// What a painting allocates: the text of each cell, as Qt's painter takes it, and nothing more that grows with the cells.
+// What a painting allocates: the text of each cell, as Qt's painter takes it, and nothing more that grows with them.
 
 #include "failingallocation.h"
 #include "gridsupport.h"
