@@ -670,6 +670,7 @@ private:
     QWidget* clientArea() const;
 
     bool filterMessage(const xe::EventRow& row, QObject* target, QEvent* event);
+    bool filterUnusual(const xe::EventRow* row, QObject* target, QEvent* event);
     bool filterWithoutMessage(QObject* target, QEvent* event);
     bool filterViewport(const xe::EventRow& row, QEvent* event);
     bool filterTool(const xe::EventRow& row, QObject* tool, QEvent* event);

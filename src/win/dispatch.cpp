@@ -73,9 +73,14 @@ int CWnd_X::PreTranslateMessage(tagMSG*) { return 0; }
 
 bool CWnd_X::eventFilter(QObject* target, QEvent* event)
 {
-    if (!event)
-        return false;
-    const xe::EventRow* const row = target ? xe::eventRow(event->type()) : nullptr;
+    const xe::EventRow* const row = target && event ? xe::eventRow(event->type()) : nullptr;
+    if (row && target == GetImpQObject() && !m_viewport)
+        return filterMessage(*row, target, event);
+    return event && filterUnusual(row, target, event);
+}
+
+bool CWnd_X::filterUnusual(const xe::EventRow* row, QObject* target, QEvent* event)
+{
     QObject* const window = GetImpQObject();
     if (target && window && target != window) {
         const bool isViewport = m_viewport && target == m_viewport->widget();

@@ -158,8 +158,10 @@ int CWnd_X::OnCreate(tagCREATESTRUCTW* createStruct)
         m_horizontalBar = new QScrollBar(Qt::Horizontal, widget);
     if (style & WS_VSCROLL)
         m_verticalBar = new QScrollBar(Qt::Vertical, widget);
-    if (!m_isControl)
+    if (!m_isControl) {
         m_menuBar = xe::makeMenuBar(*widget);
+        widget->installEventFilter(this); // again: it closes the gap that the bar's filter has left for each event to pass
+    }
     return 0;
 }
 
