@@ -1,3 +1,4 @@
+#include "win/animationkeeper.h"
 #include "xeafxdlgs.h"
 
 BOOL SHBrowseForFolder_X(const wchar_t* title, CString_X& result)
@@ -12,6 +13,7 @@ BOOL SHBrowseForFolder_X(const wchar_t* title, CString_X& result)
     dialog.setFileMode(QFileDialog::DirectoryOnly); // no files among the folders, whatever the options
     QT_WARNING_POP
     dialog.setWindowTitle(XeQString(title));
+    const xe::AnimationKeeper keeper;
     if (dialog.exec() != QDialog::Accepted)
         return FALSE;
     const QString folder = dialog.selectedFiles().value(0, dialog.directory().path());

@@ -1,6 +1,7 @@
 #include "xeafxdlg.h"
 
 #include "dialog/standardbuttons.h"
+#include "win/animationkeeper.h"
 #include "xehost.h"
 
 #include <QApplication>
@@ -102,6 +103,7 @@ int MessageBox_X(QWidget* owner, const wchar_t* text, const wchar_t* caption, un
     xe::labelButton(*box, QDialogButtonBox::Cancel, xe::cancelLabel);
     xe::labelButton(*box, QDialogButtonBox::Ok, xe::okLabel);
 
+    const xe::AnimationKeeper keeper;
     const int answer = box->exec();
     if (!box)
         return IDCLOSE;

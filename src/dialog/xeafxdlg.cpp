@@ -1,3 +1,4 @@
+#include "win/animationkeeper.h"
 #include "xeafxdlg.h"
 #include "xeresource.h"
 
@@ -60,6 +61,7 @@ int CDialog_X::DoModal()
     int result = m_result;
     if (!m_ended) {
         QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+        const xe::AnimationKeeper keeper;
         result = dialog->exec();
         QGuiApplication::restoreOverrideCursor();
     }

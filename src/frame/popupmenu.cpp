@@ -1,6 +1,7 @@
 // A menu that opens on the screen by itself.
 
 #include "frame/menuindex.h"
+#include "win/animationkeeper.h"
 #include "xeafxmenu.h"
 
 #include <QVariant>
@@ -69,6 +70,7 @@ int CMenu_X::TrackPopupMenu(UINT, int x, int y, QWidget*, const tagRECT*)
     if (menu->isVisible()) // a second loop would leave the first one without an end
         return nothingChosen;
     const MenuChoice choice(*menu);
+    const xe::AnimationKeeper keeper;
     menu->exec(QPoint(x + 1, y + 1));
     return choice.id();
 }

@@ -2,6 +2,7 @@
 
 #include "xeafxwin.h"
 
+#include <QEvent>
 #include <QPointer>
 
 namespace xe {
@@ -45,6 +46,15 @@ public:
 
     /// Whether the object that the event came to is still there, the wrapper's or not.
     bool hasTarget() const { return m_isGuarded ? m_guard : m_window->m_attached == m_target; }
+
+    /// Whether the wrapper is being told of an event of a type.
+    static bool isHandling(const CWnd_X& window, QEvent::Type type)
+    {
+        const DispatchFrame* frame = window.m_dispatch;
+        while (frame && (!frame->m_event || frame->m_event->type() != type))
+            frame = frame->m_outer;
+        return frame;
+    }
 
     /// The wrapper is going: no frame from `innermost` outward may touch it any more.
     static void abandon(DispatchFrame* innermost)
