@@ -54,15 +54,9 @@ void printStack()
     std::abort();
 }
 
-// Qt's own sliding of bars is not ready for a window that gets another size meanwhile.
-bool isOfQtAlone(const QString& warning)
-{
-    return warning.startsWith(QLatin1String("QPropertyAnimation::updateState (geometry,"));
-}
-
 void endAtWarning(QtMsgType type, const QMessageLogContext&, const QString& text)
 {
-    if (type == QtDebugMsg || type == QtInfoMsg || isOfQtAlone(text))
+    if (type == QtDebugMsg || type == QtInfoMsg)
         return;
     std::fprintf(stderr, "a warning: %s\n", qPrintable(text));
     endHere(0);
