@@ -1,20 +1,16 @@
 // The list of parts under a user's hands, to be edited in its cells.
 #pragma once
 
-#include "mainframe.h"
-#include "partsview.h"
-#include "virtualinput.h"
+#include "bookuser.h"
 
 #include <QApplication>
 #include <QComboBox>
-#include <QTemporaryDir>
 
-/// A book of four parts in the main window, and a user with a real mouse and keyboard.
-class CellsUser
+/// A user of a book of four parts, all columns of which are shown.
+class CellsUser : protected BookUser
 {
 protected:
     void comeUp();
-    void goAway();
 
     // Others than the samples: an ampersand, and a use that ends.
     static inline const QByteArray screw = "FA-1,Screw,Fastener,Hua & Feng,bought,10,5,0.06,yes,\n";
@@ -25,17 +21,6 @@ protected:
     // The columns, as a PartsView counts them.
     enum Column { Number, Name, Kind, Supplier, Source, Stock, Minimum, Price, InUse, Remark, Delivered };
 
-    static constexpr unsigned long keyTab = 0xFF09;
-    static constexpr unsigned long keyReturn = 0xFF0D;
-    static constexpr unsigned long keyEscape = 0xFF1B;
-    static constexpr unsigned long keyBackspace = 0xFF08;
-    static constexpr unsigned long keyDown = 0xFF54;
-    static constexpr unsigned long keyF2 = 0xFFBF;
-    static constexpr unsigned long keyMenu = 0xFF67;
-    static constexpr unsigned long keyShift = 0xFFE1;
-
-    QWidget* window() const { return m_frame->GetSafeHwnd(); }
-    PartsView table() const { return PartsView(*window()); }
     QString cell(int row, int column) const { return table().text(row, column); }
     bool isModified() const;
     QWidget* editor() const { return QApplication::focusWidget(); }
@@ -46,19 +31,9 @@ protected:
     QString editedText() const;
     QString paneText(int pane) const;
     QPoint placeOf(int row, int column) const;
-    QPoint onScreen(const QWidget* widget, QPoint place) const;
-    void clickAt(QPoint place);
     void click(int row, int column);
     void doubleClick(int row, int column);
     void chord(unsigned long held, unsigned long key);
-    void type(const QString& text);
-    void type(unsigned long key) { m_input.typeKey(key); }
     void open(int row, int column);
     void clickItem(const QComboBox* box, int item);
-    QByteArray saved();
-    QString path() const { return m_folder->filePath("parts.csv"); }
-
-    VirtualInput m_input;
-    QScopedPointer<QTemporaryDir> m_folder;
-    QScopedPointer<CMainFrame> m_frame;
 };

@@ -1,27 +1,20 @@
 // The menus of the main window under a real mouse: the context menu of the list, check marks, the recent files.
 
-#include "leavenothing.h"
-#include "mainframe.h"
+#include "bookuser.h"
 #include "modaldriver.h"
-#include "partsview.h"
 #include "resource.h"
+#include "samplelines.h"
 #include "testclass.h"
-#include "virtualinput.h"
 
 #include <QAbstractButton>
-#include <QAction>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QWindow>
 #include <xeafxmenu.h>
-#include <xeresource.h>
 
 namespace {
-
-constexpr unsigned long escape = 0xff1b;
 
 // What is seen of a menu: "*" a check mark, "(gray)" a disabled item, "-" a separator.
 QString textOf(const QMenu& menu)
@@ -37,14 +30,14 @@ QString textOf(const QMenu& menu)
 
 } // namespace
 
-class tst_PartsbookMenus : public QObject
+class tst_PartsbookMenus : public QObject, BookUser
 {
     Q_OBJECT
 
 private slots:
     void initTestCase() { QVERIFY(m_input.isUsable()); }
     void init();
-    void cleanup();
+    void cleanup() { goAway(); }
 
     void contextMenu();
     void contextMenuWithoutAPart();
@@ -56,46 +49,19 @@ private slots:
     void recentFiles();
 
 private:
-    QWidget* window() const { return m_frame->GetSafeHwnd(); }
-    PartsView table() const { return PartsView(*window()); }
-    QAction* command(unsigned id) const { return window()->findChild<QAction*>(ToStringId(id)); }
     bool isMessageWindowVisible() const;
-    QPoint onScreen(const QWidget* widget, QPoint point) const;
     void rightClick(const QWidget* widget, QPoint point);
     void rightClickRow(int row);
     /// Waits for the context menu; gives its text and clicks the item, or leaves it by Escape.
     QString choose(int item);
-
-    VirtualInput m_input;
-    QScopedPointer<QTemporaryDir> m_folder;
-    QScopedPointer<CMainFrame> m_frame;
 };
 
 void tst_PartsbookMenus::init()
 {
-    m_folder.reset(new QTemporaryDir);
-    QFile file(m_folder->filePath("a & b.csv"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("number,name,kind,supplier,source,stock,minimum,price,in use,remark\n"
-               "FA-1,Screw,Fastener,A,bought,10,5,0.06,yes,\n"
-               "BE-2,Bearing,Bearing,B,made,3,5,12.50,no,\n");
-    file.close();
     m_input.movePointer({1, 1});
-    m_frame.reset(new CMainFrame);
-    QCOMPARE(m_frame->Create(nullptr), 1);
-    m_frame->ShowWindow(SW_SHOW);
-    QVERIFY(m_frame->OpenBook(file.fileName()));
-    QVERIFY(QTest::qWaitForWindowExposed(window()));
-    QTRY_VERIFY((window()->activateWindow(), window()->isActiveWindow()));
-    QTRY_COMPARE(window()->mapToGlobal({0, 0}), m_input.windowOrigin(window()->winId()));
-}
-
-void tst_PartsbookMenus::cleanup()
-{
-    m_input.releaseAll();
-    m_frame->DestroyWindow();
-    m_frame.reset();
-    QCOMPARE(LeaveNothing::leftovers(), QString());
+    comeUp(headingLine + "FA-1,Screw,Fastener,A,bought,10,5,0.06,yes,\n"
+               + "BE-2,Bearing,Bearing,B,made,3,5,12.50,no,\n",
+           "a & b.csv");
 }
 
 bool tst_PartsbookMenus::isMessageWindowVisible() const
@@ -104,16 +70,7 @@ bool tst_PartsbookMenus::isMessageWindowVisible() const
     return messages && messages->isVisible();
 }
 
-QPoint tst_PartsbookMenus::onScreen(const QWidget* widget, QPoint point) const
-{
-    return m_input.windowOrigin(window()->winId()) + widget->mapTo(window(), point);
-}
-
-void tst_PartsbookMenus::rightClick(const QWidget* widget, QPoint point)
-{
-    m_input.movePointer(onScreen(widget, point));
-    m_input.clickButton(3);
-}
+void tst_PartsbookMenus::rightClick(const QWidget* widget, QPoint point) { clickAt(onScreen(widget, point), 3); }
 
 void tst_PartsbookMenus::rightClickRow(int row) { rightClick(table().widget(), table().center(row, 1)); }
 
@@ -128,7 +85,7 @@ QString tst_PartsbookMenus::choose(int item)
         timer.stop();
         text = textOf(*menu);
         if (item < 0) {
-            m_input.typeKey(escape);
+            type(keyEscape);
             return;
         }
         const QPoint place = menu->actionGeometry(menu->actions().at(item)).center();
@@ -172,7 +129,7 @@ void tst_PartsbookMenus::contextMenuElsewhere()
     const auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     QVERIFY(!menu || !textOf(*menu).contains("在用"));
     if (menu) // Qt's own, of the bars
-        m_input.typeKey(escape);
+        type(keyEscape);
     QTRY_VERIFY(!QApplication::activePopupWidget());
 }
 

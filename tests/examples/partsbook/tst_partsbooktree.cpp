@@ -1,40 +1,26 @@
 // The tree at the left of the list: which parts it shows, how kinds and suppliers are renamed in it, and the divider
 // between the two, under a user's hands.
 
-#include "leavenothing.h"
-#include "mainframe.h"
+#include "bookuser.h"
 #include "modaldriver.h"
-#include "partsview.h"
 #include "resource.h"
 #include "samplelines.h"
 #include "testclass.h"
-#include "virtualinput.h"
 
-#include <QAction>
 #include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
-#include <xeresource.h>
 
-namespace {
-
-constexpr unsigned long keyReturn = 0xFF0D;
-constexpr unsigned long keyEscape = 0xFF1B;
-constexpr unsigned long keyF2 = 0xFFBF;
-
-} // namespace
-
-class tst_PartsbookTree : public QObject
+class tst_PartsbookTree : public QObject, BookUser
 {
     Q_OBJECT
 
 private slots:
     void initTestCase() { QVERIFY(m_input.isUsable()); }
     void init() { open(); }
-    void cleanup();
+    void cleanup() { goAway(); }
 
     void showsTheParts();
     void hasPictures();
@@ -53,9 +39,7 @@ private slots:
     void theTreeKeepsItsWidth();
 
 private:
-    void open();
-    QWidget* window() const { return m_frame->GetSafeHwnd(); }
-    PartsView table() const { return PartsView(*window()); }
+    void open() { comeUp(headingLine + screw + bearing + nut + motor); }
     QTreeWidget* tree() const { return window()->findChild<QTreeWidget*>("IDC_TREE"); }
     QTreeWidgetItem* item(const QString& text) const
     {
@@ -64,46 +48,10 @@ private:
     QSplitter* splitter() const { return window()->findChild<QSplitter*>(); }
     QString treeText() const;
     QString rowsText() const;
-    QPoint onScreen(const QWidget* widget, QPoint place) const;
-    void click(QPoint place);
     void click(const QString& name);
-    void type(const QString& text);
-    QByteArray saved();
     void drag(int distance);
     void close();
-
-    VirtualInput m_input;
-    QTemporaryDir m_folder;
-    QScopedPointer<CMainFrame> m_frame;
 };
-
-void tst_PartsbookTree::open()
-{
-    QFile file(m_folder.filePath("parts.csv"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(headingLine + screw + bearing + nut + motor);
-    file.close();
-    m_frame.reset(new CMainFrame);
-    QCOMPARE(m_frame->Create(nullptr), 1);
-    m_frame->ShowWindow(SW_SHOW);
-    QVERIFY(m_frame->OpenBook(file.fileName()));
-    QVERIFY(QTest::qWaitForWindowExposed(window()));
-    const auto isActive = [this] {
-        window()->activateWindow();
-        return window()->isActiveWindow();
-    };
-    QVERIFY(QTest::qWaitFor(isActive));
-    QTRY_COMPARE(window()->mapToGlobal({0, 0}), m_input.windowOrigin(window()->winId()));
-}
-
-void tst_PartsbookTree::cleanup()
-{
-    m_input.releaseAll();
-    if (m_frame->GetSafeHwnd())
-        m_frame->DestroyWindow();
-    m_frame.reset();
-    QCOMPARE(LeaveNothing::leftovers(), QString());
-}
 
 void tst_PartsbookTree::close()
 {
@@ -135,35 +83,10 @@ QString tst_PartsbookTree::rowsText() const
     return texts.join(", ");
 }
 
-QPoint tst_PartsbookTree::onScreen(const QWidget* widget, QPoint place) const
-{
-    return m_input.windowOrigin(window()->winId()) + widget->mapTo(window(), place);
-}
-
-void tst_PartsbookTree::click(QPoint place)
-{
-    m_input.movePointer(place);
-    m_input.clickButton(1);
-}
-
 void tst_PartsbookTree::click(const QString& name)
 {
-    click(onScreen(tree()->viewport(), tree()->visualItemRect(item(name)).center()));
+    clickAt(onScreen(tree()->viewport(), tree()->visualItemRect(item(name)).center()));
     QTRY_COMPARE(tree()->currentItem(), item(name));
-}
-
-// What the keyboard has without Shift.
-void tst_PartsbookTree::type(const QString& text)
-{
-    for (const QChar ch : text)
-        m_input.typeKey(ch.unicode());
-}
-
-QByteArray tst_PartsbookTree::saved()
-{
-    window()->findChild<QAction*>(ToStringId(ID_FILE_SAVE))->trigger();
-    QFile file(m_folder.filePath("parts.csv"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
 }
 
 // In steps, as a hand does it.
@@ -235,7 +158,7 @@ void tst_PartsbookTree::theTreeFollowsTheBook()
         dialog->findChild<QLineEdit*>("IDC_STOCK")->setText("7");
         dialog->findChild<QPushButton*>("OK")->click();
     });
-    window()->findChild<QAction*>(ToStringId(ID_PART_EDIT))->trigger();
+    command(ID_PART_EDIT)->trigger();
     QVERIFY(driver.hasActed());
     QCOMPARE(treeText(), QString("All parts 全部, Fastener, *Bearing, Electrical, 华丰, 瓦轴, Kessler"));
     QCOMPARE(rowsText(), QString("*BE-2"));
@@ -246,7 +169,7 @@ void tst_PartsbookTree::theTreeFollowsTheBook()
                 button->click();
         }
     });
-    window()->findChild<QAction*>(ToStringId(ID_PART_DELETE))->trigger();
+    command(ID_PART_DELETE)->trigger();
     QCOMPARE(treeText(), QString("*All parts 全部, Fastener, Electrical, 华丰, Kessler"));
     QCOMPARE(rowsText(), QString("*FA-1, FA-3, EL-4"));
 }
@@ -256,10 +179,10 @@ void tst_PartsbookTree::theTreeFollowsTheBook()
 void tst_PartsbookTree::aKindIsRenamed()
 {
     click("Fastener");
-    m_input.typeKey(keyF2);
+    type(keyF2);
     QTRY_VERIFY(tree()->findChild<QLineEdit*>());
     type("bolts");
-    m_input.typeKey(keyReturn);
+    type(keyReturn);
     QTRY_COMPARE(treeText(), QString("All parts 全部, *bolts, Bearing, Electrical, 华丰, 瓦轴, Kessler"));
     QCOMPARE(rowsText(), QString("*FA-1, FA-3"));
     QCOMPARE(saved(), headingLine + QByteArray(screw).replace("Fastener", "bolts") + bearing
@@ -269,10 +192,10 @@ void tst_PartsbookTree::aKindIsRenamed()
 void tst_PartsbookTree::theNameOfAnotherJoinsTheTwo()
 {
     click("瓦轴");
-    m_input.typeKey(keyF2);
+    type(keyF2);
     QTRY_VERIFY(tree()->findChild<QLineEdit*>());
     tree()->findChild<QLineEdit*>()->setText("Kessler");
-    m_input.typeKey(keyReturn);
+    type(keyReturn);
     QTRY_COMPARE(treeText(), QString("All parts 全部, Fastener, Bearing, Electrical, 华丰, *Kessler"));
     QCOMPARE(rowsText(), QString("*BE-2, EL-4"));
     QCOMPARE(saved(), headingLine + screw + QByteArray(bearing).replace("瓦轴", "Kessler") + nut + motor);
@@ -292,10 +215,10 @@ void tst_PartsbookTree::namesThatAreRefused()
     QFETCH(const QString, name);
     QFETCH(const unsigned long, key);
     click("Fastener");
-    m_input.typeKey(keyF2);
+    type(keyF2);
     QTRY_VERIFY(tree()->findChild<QLineEdit*>());
     tree()->findChild<QLineEdit*>()->setText(name);
-    m_input.typeKey(key);
+    type(key);
     QTRY_VERIFY(!tree()->findChild<QLineEdit*>());
     QCOMPARE(treeText(), QString("All parts 全部, *Fastener, Bearing, Electrical, 华丰, 瓦轴, Kessler"));
     QVERIFY(!window()->isWindowModified());
@@ -303,7 +226,7 @@ void tst_PartsbookTree::namesThatAreRefused()
 
 void tst_PartsbookTree::headingsAreNotRenamed()
 {
-    const QAction* const rename = window()->findChild<QAction*>(ToStringId(ID_NAME_EDIT));
+    const QAction* const rename = command(ID_NAME_EDIT);
     for (const char* name : {"Kinds 种类", "All parts 全部"}) {
         click(name);
         m_frame->OnEnterIdle();
