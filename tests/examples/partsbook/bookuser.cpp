@@ -1,22 +1,13 @@
 #include "bookuser.h"
 
-#include "leavenothing.h"
 #include "resource.h"
-#include "samplelines.h"
 
 #include <QTest>
 
 void BookUser::comeUp(const QByteArray& book, const QString& fileName)
 {
-    m_folder.reset(new QTemporaryDir);
-    m_path = m_folder->filePath(fileName);
-    QFile file(path());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(book);
-    file.close();
-    m_frame.reset(new CMainFrame);
-    QCOMPARE(m_frame->Create(nullptr), 1);
-    m_frame->ShowWindow(SW_SHOW);
+    BookFrame::comeUp(fileName);
+    write(book);
     QVERIFY(m_frame->OpenBook(path()));
     QVERIFY(QTest::qWaitForWindowExposed(window()));
     const auto isActive = [this] {
@@ -30,17 +21,13 @@ void BookUser::comeUp(const QByteArray& book, const QString& fileName)
 void BookUser::goAway()
 {
     m_input.releaseAll();
-    if (m_frame && m_frame->GetSafeHwnd())
-        m_frame->DestroyWindow();
-    m_frame.reset();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCOMPARE(LeaveNothing::leftovers(), QString());
+    BookFrame::goAway();
 }
 
 QByteArray BookUser::saved()
 {
     command(ID_FILE_SAVE)->trigger();
-    return contentOf(path());
+    return content();
 }
 
 QPoint BookUser::onScreen(const QWidget* widget, QPoint place) const

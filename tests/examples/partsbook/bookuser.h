@@ -1,16 +1,11 @@
 // The main window under a user's hands.
 #pragma once
 
-#include "mainframe.h"
-#include "partsview.h"
+#include "bookframe.h"
 #include "virtualinput.h"
 
-#include <QAction>
-#include <QTemporaryDir>
-#include <xeresource.h>
-
 /// A book in the main window, and a user with a real mouse and keyboard.
-class BookUser
+class BookUser : protected BookFrame
 {
 protected:
     static constexpr unsigned long keyTab = 0xFF09;
@@ -25,10 +20,6 @@ protected:
     void comeUp(const QByteArray& book, const QString& fileName = "parts.csv");
     void goAway();
 
-    QWidget* window() const { return m_frame->GetSafeHwnd(); }
-    PartsView table() const { return PartsView(*window()); }
-    QAction* command(unsigned id) const { return window()->findChild<QAction*>(ToStringId(id)); }
-    QString path() const { return m_path; }
     QByteArray saved();
 
     QPoint onScreen(const QWidget* widget, QPoint place) const;
@@ -37,9 +28,4 @@ protected:
     void type(unsigned long key) { m_input.typeKey(key); }
 
     VirtualInput m_input;
-    QScopedPointer<QTemporaryDir> m_folder;
-    QScopedPointer<CMainFrame> m_frame;
-
-private:
-    QString m_path;
 };

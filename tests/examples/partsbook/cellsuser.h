@@ -21,7 +21,6 @@ protected:
     // The columns, as a PartsView counts them.
     enum Column { Number, Name, Kind, Supplier, Source, Stock, Minimum, Price, InUse, Remark, Delivered };
 
-    QString cell(int row, int column) const { return table().text(row, column); }
     bool isModified() const;
     QWidget* editor() const { return QApplication::focusWidget(); }
     bool isEditing() const
