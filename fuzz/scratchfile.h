@@ -31,5 +31,5 @@ public:
 
 private:
     int m_descriptor = -1;
-    std::string m_name = "/tmp/xefuzz-XXXXXX"; // mkstemp() puts letters for the last six
+    std::string m_name = "/tmp/xefuzz-" + std::string(6, 'X'); // mkstemp() puts other letters in their place
 };
