@@ -1,5 +1,6 @@
-#include "win/animationkeeper.h"
 #include "xeafxdlg.h"
+
+#include "win/animationkeeper.h"
 #include "xeresource.h"
 
 #include <QApplication>

@@ -160,7 +160,7 @@ int CWnd_X::OnCreate(tagCREATESTRUCTW* createStruct)
         m_verticalBar = new QScrollBar(Qt::Vertical, widget);
     if (!m_isControl) {
         m_menuBar = xe::makeMenuBar(*widget);
-        widget->installEventFilter(this); // again: it closes the gap that the bar's filter has left for each event to pass
+        widget->installEventFilter(this); // again, which closes the gap of the bar's filter in the list
     }
     return 0;
 }
