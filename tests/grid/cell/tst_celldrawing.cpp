@@ -1,71 +1,10 @@
-#include "gridsupport.h"
+// What a cell paints beside its text: background, frames and edges, picture and arrow.
+
+#include "cell/canvas.h"
 #include "leavenothing.h"
 #include "testclass.h"
 
-#include <xeafxdc.h>
-#include <xeafxgdi.h>
 #include <xecolor.h>
-
-namespace {
-
-constexpr QRgb white = 0xFFFFFFFF;
-constexpr QRgb black = 0xFF000000;
-constexpr QRgb red = 0xFFFF0000;
-constexpr QRgb blue = 0xFF0000FF;
-constexpr QRgb highlight = 0xFF0078D7;
-
-// A canvas of 120 x 60, all white, with a grid of 4 x 4 whose cells paint on it.
-struct Canvas
-{
-    Canvas() : image(120, 60, QImage::Format_RGBX8888), grid(4, 4, 1, 1)
-    {
-        image.fill(QColor(white));
-        grid.m_nGridLines = 3;
-        picture = QImage(10, 8, QImage::Format_RGB32);
-        picture.fill(QColor(red));
-        bitmap.Attach(&picture);
-        list.Add(&bitmap, nullptr);
-        grid.m_pImageList = &list;
-    }
-    ~Canvas() { bitmap.Detach(); }
-
-    int draw(int row, int col, CRect rect = CRect(10, 10, 79, 39), int erase = 0)
-    {
-        CDC_X dc(&image);
-        return grid.cellAt(row, col)->Draw(&dc, row, col, rect, nullptr, erase);
-    }
-    QRgb at(int x, int y) const { return image.pixel(x, y) | 0xFF000000; }
-    /// The rectangle that holds all pixels of another colour than white.
-    QRect painted() const
-    {
-        QRect all;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x)
-                all |= at(x, y) != white ? QRect(x, y, 1, 1) : QRect();
-        }
-        return all;
-    }
-    /// Where pixels of a colour are.
-    QRect where(QRgb colour) const
-    {
-        QRect all;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x)
-                all |= at(x, y) == colour ? QRect(x, y, 1, 1) : QRect();
-        }
-        return all;
-    }
-
-    QImage image;
-    QImage picture;
-    CBitmap_X bitmap;
-    CImageList_X list;
-    CGridCtrl_X grid;
-};
-
-QRect corners(int left, int top, int right, int bottom) { return {QPoint(left, top), QPoint(right, bottom)}; }
-
-} // namespace
 
 class tst_CellDrawing : public QObject
 {
@@ -83,13 +22,7 @@ private Q_SLOTS:
     void dropHighlight();
     void raisedEdge();
     void headingOfTheFocus();
-    void textOfTheHeadingOfTheFocus();
     void headingOfACoveredCell();
-    void text();
-    void textsAsAPainterDrawsThem_data();
-    void textsAsAPainterDrawsThem();
-    void textOnAFinerDevice();
-    void textColours();
     void pictureAtItsSize();
     void pictureTooLarge();
     void picturePushesTheText();
@@ -222,28 +155,6 @@ void tst_CellDrawing::headingOfTheFocus()
     QCOMPARE(other.at(10, 10), white); // raised
 }
 
-void tst_CellDrawing::textOfTheHeadingOfTheFocus()
-{
-    QFont other;
-    other.setItalic(true);
-    Canvas canvas;
-    canvas.grid.m_idCurrentCell = CCellID_X(2, 2);
-    canvas.grid.SetItemText(0, 2, L"Head");
-    for (QFont font : {QFont(), other, QFont()}) {
-        canvas.image.fill(QColor(white));
-        canvas.grid.SetItemFont(0, 2, reinterpret_cast<const CFont_X*>(&font));
-        canvas.draw(0, 2);
-        QImage expected(canvas.image.size(), canvas.image.format());
-        expected.fill(QColor(white));
-        font.setWeight(QFont::DemiBold);
-        QPainter painter(&expected);
-        painter.setFont(font);
-        painter.drawText(corners(14, 11, 74, 37), ToQtTextFlag(0x8824) | Qt::TextHideMnemonic, "Head");
-        const QRect inside = corners(11, 11, 78, 38);
-        QCOMPARE(canvas.image.copy(inside), expected.copy(inside));
-    }
-}
-
 void tst_CellDrawing::headingOfACoveredCell()
 {
     Canvas canvas;
@@ -258,132 +169,6 @@ void tst_CellDrawing::headingOfACoveredCell()
     covered.m_nMasterCol = 2;
     canvas.draw(0, 2);
     QCOMPARE(canvas.at(10, 10), black);
-}
-
-void tst_CellDrawing::text()
-{
-    Canvas canvas;
-    canvas.grid.SetItemText(1, 1, L"MMMMMMMMMMMMMMMMMMMMMMMM");
-    canvas.draw(1, 1);
-    const QRect place = canvas.painted();
-    QVERIFY(place.left() >= 13);
-    QVERIFY(place.right() <= 75); // right - margin - 1
-    Canvas centred;
-    centred.grid.SetItemText(1, 1, L"-");
-    centred.grid.SetItemFormat(1, 1, DT_CENTER);
-    centred.draw(1, 1);
-    QVERIFY(std::abs(centred.painted().center().x() - 44) <= 2);
-    QVERIFY(std::abs(centred.painted().center().y() - 24) <= 4); // DT_CENTER centres both ways
-    Canvas right;
-    right.grid.SetItemText(1, 1, L"-");
-    right.grid.SetItemFormat(1, 1, DT_RIGHT);
-    right.draw(1, 1);
-    QVERIFY(right.painted().left() > 60);
-    QVERIFY(right.painted().center().y() < 24);
-}
-
-void tst_CellDrawing::textsAsAPainterDrawsThem_data()
-{
-    QTest::addColumn<QString>("text");
-
-    QTest::newRow("one word") << QStringLiteral("Word");
-    QTest::newRow("kerned") << QStringLiteral("AVAToYe fi");
-    QTest::newRow("spaces around") << QStringLiteral("  between  ");
-    QTest::newRow("one space") << QStringLiteral(" ");
-    QTest::newRow("does not fit") << QStringLiteral("a text that is too long for its cell");
-    QTest::newRow("lines") << QStringLiteral("one\ntwo\r\nthree");
-    QTest::newRow("line separator") << QStringLiteral("one") + QChar(QChar::LineSeparator) + QStringLiteral("two");
-    QTest::newRow("tab") << QStringLiteral("a\tb");
-    QTest::newRow("ampersands") << QStringLiteral("a&b && c");
-    QTest::newRow("two lengths") << QStringLiteral("longer") + QChar(0x9C) + QStringLiteral("long");
-    QTest::newRow("accents") << QString::fromUtf8("na\u0308h e\u0301t\u00E9 \u00F1");
-    QTest::newRow("several scripts") << QString::fromUtf8("abc \u4E16\u754C \u0416 \u03A9");
-    QTest::newRow("from right to left") << QString::fromUtf8("\u05E9\u05DC\u05D5\u05DD 12 a");
-    QTest::newRow("from right to left inside") << QString::fromUtf8("a \u05E9\u05DC\u05D5\u05DD 12");
-    QTest::newRow("beyond 16 bits") << QString::fromUtf8("a\U0001F600b");
-}
-
-// In each font and format, when the text comes for the first time and when it comes again.
-void tst_CellDrawing::textsAsAPainterDrawsThem()
-{
-    QFETCH(QString, text);
-    QFont lines;
-    lines.setUnderline(true);
-    lines.setStrikeOut(true);
-    QFont large;
-    large.setPixelSize(27);
-    Canvas canvas;
-    CGridCellBase_X& cell = *canvas.grid.cellAt(1, 1);
-    cell.SetText(CString_X(text));
-    for (const QFont& font : {QFont(), lines, large, QFont()}) {
-        cell.SetFont(reinterpret_cast<const CFont_X*>(&font));
-        for (const UINT format : {DT_LEFT, DT_CENTER, DT_RIGHT | DT_VCENTER, DT_VCENTER | DT_SINGLELINE, DT_RIGHT,
-                                  DT_WORDBREAK, UINT(0x8824)}) {
-            cell.SetFormat(format);
-            for (const CRect& rect : {CRect(3, 4, 110, 50), CRect(10, 10, 45, 24)}) {
-                QImage expected(canvas.image.size(), canvas.image.format());
-                expected.fill(QColor(white));
-                QPainter painter(&expected);
-                painter.setFont(font);
-                const QRect place(QPoint(rect.left + 3, rect.top), QPoint(rect.right - 4, rect.bottom - 1));
-                painter.drawText(place, ToQtTextFlag(format) | Qt::TextHideMnemonic, text);
-                for (int time = 0; time < 2; ++time) {
-                    canvas.image.fill(QColor(white));
-                    canvas.draw(1, 1, rect);
-                    QCOMPARE(canvas.image, expected);
-                }
-            }
-        }
-    }
-}
-
-void tst_CellDrawing::textOnAFinerDevice()
-{
-    Canvas canvas;
-    QFont font;
-    font.setPointSize(9);
-    CGridCellBase_X& cell = *canvas.grid.cellAt(1, 1);
-    cell.SetFont(reinterpret_cast<const CFont_X*>(&font));
-    cell.SetText(L"text");
-    canvas.draw(1, 1);
-    const int width = canvas.painted().width();
-    canvas.image.fill(QColor(white));
-    for (const auto set : {&QImage::setDotsPerMeterX, &QImage::setDotsPerMeterY})
-        (canvas.image.*set)(2 * 3780);
-    canvas.draw(1, 1);
-    QVERIFY(canvas.painted().width() > width * 3 / 2);
-}
-
-void tst_CellDrawing::textColours()
-{
-    const auto hasColour = [](Canvas& canvas, QRgb wanted) { // of a text as high as the cell, drawn sharp
-        QFont font;
-        font.setPixelSize(26);
-        font.setStyleStrategy(QFont::NoAntialias);
-        for (const CCellID_X cell : {CCellID_X(0, 2), CCellID_X(1, 1)})
-            canvas.grid.SetItemFont(cell.row, cell.col, reinterpret_cast<const CFont_X*>(&font));
-        canvas.grid.SetItemText(0, 2, L"M");
-        canvas.grid.SetItemText(1, 1, L"M");
-        canvas.draw(0, 2);
-        const bool inHeading = !canvas.where(wanted).isNull();
-        canvas.image.fill(QColor(white));
-        canvas.draw(1, 1);
-        return QStringLiteral("%1 %2").arg(inHeading).arg(!canvas.where(wanted).isNull());
-    };
-    Canvas ordinary;
-    ordinary.grid.m_crTextColour = RGB(0, 0, 255);
-    QCOMPARE(hasColour(ordinary, blue), QStringLiteral("0 1"));
-    Canvas fixed;
-    fixed.grid.m_crFixedTextColour = RGB(0, 0, 255);
-    QCOMPARE(hasColour(fixed, blue), QStringLiteral("1 0"));
-    Canvas own;
-    own.grid.SetItemFgColour(1, 1, RGB(0, 0, 255));
-    own.grid.SetItemFgColour(0, 2, RGB(0, 0, 255));
-    QCOMPARE(hasColour(own, blue), QStringLiteral("1 1"));
-    Canvas selected;
-    selected.grid.SetItemFgColour(1, 1, RGB(0, 0, 255));
-    selected.grid.SetItemState(1, 1, CGridCellBase_X::Selected);
-    QCOMPARE(hasColour(selected, blue), QStringLiteral("0 0"));
 }
 
 void tst_CellDrawing::pictureAtItsSize()
@@ -536,4 +321,5 @@ void tst_CellDrawing::printing()
 }
 
 XE_TEST(tst_CellDrawing)
+
 #include "tst_celldrawing.moc"
