@@ -162,13 +162,12 @@ void tst_FileFaults::aFolderIsNoSource()
     QVERIFY(folder.read("inner") == oldContent);
 }
 
+// Where the machine has no disk for it, within the one, on which the same holds.
 void tst_FileFaults::toAnotherDisk()
 {
     QFETCH(FailingCall::Kind, kind);
     QFETCH(int, error);
     SmallDisk disk;
-    if (!disk.isMounted())
-        QSKIP("no second disk");
     const QByteArray content(6000, 'n');
     const QString target = disk.path() + "/new";
     bool wasReached = true;
