@@ -172,6 +172,20 @@ void fromUtf8ByConverter(benchmark::State& state)
         benchmark::DoNotOptimize(converter.from_bytes(bytes.c_str()));
 }
 
+// ------------------------------------------------------------------------------------------------------------------ Qt
+
+void toQt(benchmark::State& state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(XeQString(partName));
+}
+
+void toQtByQt(benchmark::State& state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(QString::fromWCharArray(partName));
+}
+
 } // namespace
 
 BENCHMARK(format)->Name("format_by_c/ours");
@@ -194,3 +208,5 @@ BENCHMARK(toUtf8)->Name("to_utf8/ours")->Arg(0)->Arg(1);
 BENCHMARK(toUtf8ByConverter)->Name("to_utf8/peer:wstring_convert")->Arg(0)->Arg(1);
 BENCHMARK(fromUtf8)->Name("from_utf8/ours")->Arg(0)->Arg(1);
 BENCHMARK(fromUtf8ByConverter)->Name("from_utf8/peer:wstring_convert")->Arg(0)->Arg(1);
+BENCHMARK(toQt)->Name("to_qstring/ours");
+BENCHMARK(toQtByQt)->Name("to_qstring/peer:fromWCharArray");
