@@ -57,17 +57,15 @@ void widen(std::wstring& wide, QStringView text)
 
 constexpr auto isSeparator = [](wchar_t sign) { return sign == L'\t' || sign == L',' || sign == L'\n'; };
 
-// Separators in a row count as one.
-std::vector<Text> splitFields(Text line)
+// The next field of a line, which is left with what follows; empty behind the last. Separators in a row count as one.
+Text takeField(Text& line)
 {
-    std::vector<Text> fields;
-    for (auto begin = line.begin(); (begin = std::find_if_not(begin, line.end(), isSeparator)) != line.end();) {
-        const auto end = std::find_if(begin, line.end(), isSeparator);
-        fields.push_back(
-            line.substr(static_cast<std::size_t>(begin - line.begin()), static_cast<std::size_t>(end - begin)));
-        begin = end;
-    }
-    return fields;
+    const auto begin = std::find_if_not(line.begin(), line.end(), isSeparator);
+    line.remove_prefix(static_cast<std::size_t>(begin - line.begin()));
+    const auto end = std::find_if(line.begin(), line.end(), isSeparator);
+    const Text field = line.substr(0, static_cast<std::size_t>(end - line.begin()));
+    line.remove_prefix(field.size());
+    return field;
 }
 
 // Brackets a change of a cell by the notifications of an edit. False if the grid has gone.
@@ -84,11 +82,19 @@ bool changeCell(const QPointer<CGridCtrl_X>& grid, int row, int col, Change chan
     return grid;
 }
 
-bool pasteField(const QPointer<CGridCtrl_X>& grid, int row, int col, Text field)
+// As CString_X::Trim() does.
+Text trimmed(Text text)
 {
-    CString_X text(field.data(), static_cast<int>(field.size()));
-    text.Trim();
-    const auto setText = [&](CGridCellBase_X&) { grid->SetItemText(row, col, text); };
+    constexpr Text blanks = L" \r\n\t";
+    const std::size_t begin = text.find_first_not_of(blanks);
+    return begin == Text::npos ? Text() : text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
+}
+
+// `text` is a place for it that serves again.
+bool pasteField(const QPointer<CGridCtrl_X>& grid, int row, int col, Text field, std::wstring& text)
+{
+    text = trimmed(field);
+    const auto setText = [&](CGridCellBase_X&) { grid->SetItemText(row, col, text.c_str()); };
     if (!changeCell(grid, row, col, setText))
         return false;
     grid->SetItemState(row, col, grid->GetItemState(row, col) & ~CGridCellBase_X::Selected);
@@ -97,10 +103,11 @@ bool pasteField(const QPointer<CGridCtrl_X>& grid, int row, int col, Text field)
 
 bool pasteLine(const QPointer<CGridCtrl_X>& grid, int row, int col, Text line)
 {
-    for (const Text& field : splitFields(line)) {
+    std::wstring text;
+    for (Text field = takeField(line); !field.empty(); field = takeField(line)) {
         while (grid->GetColumnWidth(col) == 0)
             ++col;
-        if (grid->IsValid(row, col) && !pasteField(grid, row, col, field))
+        if (grid->IsValid(row, col) && !pasteField(grid, row, col, field, text))
             return false;
         ++col;
     }

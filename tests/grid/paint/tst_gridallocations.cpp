@@ -1,4 +1,5 @@
-// What a painting allocates: the text of each cell, as Qt's painter takes it, and nothing more that grows with them.
+// What a grid allocates: for a painting the text of each cell, as Qt's painter takes it, and nothing more that grows
+// with them; for a paste a place for each line.
 
 #include "failingallocation.h"
 #include "gridsupport.h"
@@ -7,7 +8,10 @@
 #include <XeGridCtrl.h>
 #include <xeafxdc.h>
 
+#include <QMimeData>
+
 #include <functional>
+#include <memory>
 
 namespace {
 
@@ -26,6 +30,14 @@ constexpr int columnWidth = 60;
 using Look = std::function<void(CGridCtrl_X& grid, int row, int column)>;
 
 const wchar_t* const longText = L"a text that is much longer than its cell is wide";
+
+template <class Action>
+long allocationsOf(Action action)
+{
+    const long before = FailingAllocation::made();
+    action();
+    return FailingAllocation::made() - before;
+}
 
 /// A grid that shows so many rows and all columns.
 struct CountedGrid
@@ -68,14 +80,6 @@ struct CountedGrid
     ShownGrid<> shown;
 
 private:
-    template <class Action>
-    static long allocationsOf(Action action)
-    {
-        const long before = FailingAllocation::made();
-        action();
-        return FailingAllocation::made() - before;
-    }
-
     void showRows(int rows)
     {
         const QSize size(columns * columnWidth + 40, rows * rowHeight);
@@ -118,6 +122,7 @@ private Q_SLOTS:
     void headings();
     void scrolling_data();
     void scrolling();
+    void pasting();
 };
 
 void tst_GridAllocations::countsAllocations()
@@ -193,6 +198,24 @@ void tst_GridAllocations::scrolling()
     const long one = grid.ofScrolling(rowsShown);
     const long two = grid.ofScrolling(2 * rowsShown);
     QCOMPARE(two - one, textsOfACell * rowsShown * columns);
+}
+
+// Over texts that are as long.
+void tst_GridAllocations::pasting()
+{
+    CGridCtrl_X grid(rowsThere, columns, 0, 0);
+    for (int row = 0; row < rowsThere; ++row) {
+        for (int column = 0; column < columns; ++column)
+            grid.SetItemText(row, column, longText);
+    }
+    const auto ofRows = [&](int rows) {
+        grid.SetSelectedRange(0, 0, rows - 1, columns - 1);
+        const std::unique_ptr<QMimeData> data(grid.CopyTextFromGrid());
+        grid.ResetSelectedRange();
+        return allocationsOf([&] { grid.PasteTextToGrid({0, 0}, data.get()); });
+    };
+    ofRows(rowsThere);
+    QVERIFY(ofRows(2 * rowsShown) - ofRows(rowsShown) <= rowsShown);
 }
 
 XE_TEST(tst_GridAllocations)
