@@ -3,7 +3,7 @@
 include(CMakePackageConfigHelpers)
 set(packageDir ${CMAKE_INSTALL_LIBDIR}/cmake/XeMFCEmu)
 
-install(FILES ${publicHeaders} ${PROJECT_SOURCE_DIR}/src/customui/XeCustomUI.h DESTINATION ${XE_INSTALL_INCLUDEDIR})
+install(FILES ${publicHeaders} DESTINATION ${XE_INSTALL_INCLUDEDIR})
 install(TARGETS XeMFCEmu XeCustomUI EXPORT XeMFCEmuTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(EXPORT XeMFCEmuTargets NAMESPACE XeMFCEmu:: DESTINATION ${packageDir})
 

@@ -2,6 +2,7 @@
 /// Every public header of the library.
 #pragma once
 
+#include "XeCustomUI.h"
 #include "XeEaseComboBox.h"
 #include "XeEaseInPlaceList.h"
 #include "XeGridBtnCell.h"

@@ -33,9 +33,12 @@ using HOOKPROC = long long (*)(int code, unsigned long wParam, long long lParam)
 /// A message function: true stops the event.
 using WinMsgFn = bool (*)(tagMSG* message);
 
+/// The host's classes whose input hooks and message functions see: the names that their meta-objects give. A class that
+/// is derived from one of them is another.
+inline constexpr const char* hookedClassNames[] = {"CTavoView", "CTavoMainFrame", "XeQtCommandBar"};
+
 /// The one object behind the functions of this header, an application-wide event filter while a hook or a message
-/// function is set. Hooks and message functions see only input that arrives at objects whose class is exactly
-/// `CTavoView`, `CTavoMainFrame` or `XeQtCommandBar`.
+/// function is set. Hooks and message functions see only input that arrives at objects of the #hookedClassNames.
 ///
 /// Both kinds may be added and removed, themselves or each other, while they are called: a removed one is not called
 /// any more, a message function that was added is called in the same walk, a hook at the next event. When one of them

@@ -28,8 +28,8 @@ Q_COREAPP_STARTUP_FUNCTION(serveApplication)
 bool isHostClass(const QObject& object)
 {
     const char* const name = object.metaObject()->className();
-    return !std::strcmp(name, "CTavoView") || !std::strcmp(name, "CTavoMainFrame")
-           || !std::strcmp(name, "XeQtCommandBar");
+    return std::any_of(std::begin(hookedClassNames), std::end(hookedClassNames),
+                       [name](const char* hooked) { return !std::strcmp(name, hooked); });
 }
 
 bool isHostCommandActive()
