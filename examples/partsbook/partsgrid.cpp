@@ -6,6 +6,7 @@
 #include <xeafxctrl.h>
 #include <xeafxdc.h>
 
+#include <algorithm>
 #include <iterator>
 
 namespace {
@@ -45,7 +46,11 @@ constexpr Group groups[] = {
     {CPartsGrid::InUse, 3, L"Use 使用"},
 };
 
+// Of the running numbers, in the bold type of the focus too.
 constexpr int numberWidth = 52;
+constexpr int longNumberWidth = 62;
+constexpr int mostShortNumbers = 99999;
+
 constexpr COLORREF unusedColor = RGB(0x9a, 0xa3, 0xaf);
 
 COLORREF colorOf(const Part& part, COLORREF shortColor)
@@ -175,6 +180,8 @@ void CPartsGrid::SetPartCount(int parts)
 {
     const int before = m_nRows;
     SetRowCount(headingRows + parts);
+    if (parts > mostShortNumbers)
+        SetColumnWidth(Place, std::max(GetColumnWidth(Place), longNumberWidth));
     for (int row = before; row < m_nRows; ++row)
         SetPart(row, row - headingRows);
 }
