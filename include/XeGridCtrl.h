@@ -404,6 +404,7 @@ class XE_EXPORT CGridCtrl_X : public CWnd_X
     virtual void OnFixedRowClick(CCellID_X& cell);
     virtual void OnEndEditCell(int row, int col, CString_X text);
     virtual void OnEditCell(int row, int col, CPoint point, unsigned int ch);
+    /// Ends the edit of the cell with the focus, and one in a cell that the focus has left.
     virtual void EndEditing();
     /// Paints the whole grid: backgrounds, cells, lines. Nothing for null and while drawing is off.
     virtual void OnDraw(CDC_X* dc);

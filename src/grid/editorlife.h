@@ -37,6 +37,7 @@ public:
     bool isBuilt() const { return m_isBuilt; }
     bool isEnding() const { return m_isEnding; }
     bool isOf(const CWnd_X& editor) const { return &m_editor == &editor; }
+    bool isOf(const CGridCellBase_X* cell) const { return m_cell == cell; }
     CWnd_X& editor() const { return m_editor; }
     void end();
     /// The body of EndEdit(): reports, gives the focus back, hides, goes later.

@@ -34,10 +34,15 @@ void CGridCtrl_X::OnEditCell(int row, int col, CPoint point, unsigned int ch)
         cell->Edit(row, col, rect, point, editorId, ch);
 }
 
+// The focus may have left the cell with the editor, as by a drag.
 void CGridCtrl_X::EndEditing()
 {
+    const QPointer<CGridCtrl_X> living(this);
     if (CGridCellBase_X* const cell = cellAt(m_idCurrentCell.row, m_idCurrentCell.col))
         cell->EndEdit();
+    xe::EditorLife* const left = living ? m_state->editor : nullptr;
+    if (left && !left->isOf(cellAt(m_idCurrentCell.row, m_idCurrentCell.col)))
+        left->end();
 }
 
 // What is composed goes into an editor from its first stroke on.
@@ -52,7 +57,7 @@ bool CGridCtrl_X::editByInputMethod(QEvent& event)
     return true;
 }
 
-// An editor may stand over another cell than the one with the focus, which is all that EndEditing() knows of.
+// Even if a cell or a host does not end it.
 void CGridCtrl_X::endOpenEditor()
 {
     if (!m_state->editor)

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void endOfACellThatIsNotThere();
     void messageWithoutARecord();
 
+    void endsInACellThatTheFocusHasLeft();
     void clickElsewhereStores();
     void otherFieldStores();
     void structuralChangeEndsFirst_data();
@@ -54,6 +55,23 @@ void tst_GridEditEnd::changedTextIsStored()
     QCOMPARE(stage.text(2, 2), QStringLiteral("new"));
     QVERIFY(stage.grid->GetModified(2, 2));
     QVERIFY(stage.grid->GetModified());
+}
+
+// As by a drag, or by a host.
+void tst_GridEditEnd::endsInACellThatTheFocusHasLeft()
+{
+    EditedGrid<> stage;
+    QVERIFY(stage.comeUp());
+    stage.edit();
+    stage.openField()->setText(QStringLiteral("new"));
+    stage.grid->SetFocusCell(3, 1);
+    QVERIFY(stage.openField());
+    stage.owner.take();
+    stage.grid->EndEditing();
+    QVERIFY(!stage.openField());
+    QCOMPARE(stage.owner.take(), QStringLiteral("END(2, 2)"));
+    QCOMPARE(stage.text(2, 2), QStringLiteral("new"));
+    QCOMPARE(stage.text(3, 1), QStringLiteral("3.1"));
 }
 
 void tst_GridEditEnd::sameTextIsNoChange()
