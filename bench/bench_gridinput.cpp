@@ -12,6 +12,7 @@
 #include <random>
 #include <string>
 #include <unordered_map>
+#include <malloc.h>
 #include <vector>
 
 namespace {
@@ -19,6 +20,10 @@ namespace {
 // ----------------------------------------------------------------------------------------------------------- selecting
 
 constexpr int side = 1000; // of a million cells
+
+// The process keeps its memory. Else the kernel may or may not have taken back the pages of the selection before, and
+// either costs as much as the rest.
+const bool keepsMemory = mallopt(M_TRIM_THRESHOLD, 1 << 30) && mallopt(M_MMAP_THRESHOLD, 32 << 20);
 
 // Cells in one grid, or in several by turns, so that what is compared goes through as much memory.
 void selectAndClear(benchmark::State& state, int cells, int parts)
