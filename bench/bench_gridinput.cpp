@@ -8,11 +8,11 @@
 #include <QMimeData>
 #include <QTableWidget>
 
+#include <malloc.h>
 #include <memory>
 #include <random>
 #include <string>
 #include <unordered_map>
-#include <malloc.h>
 #include <vector>
 
 namespace {
