@@ -674,6 +674,7 @@ private:
     bool filterWithoutMessage(QObject* target, QEvent* event);
     bool filterViewport(const xe::EventRow& row, QEvent* event);
     bool filterTool(const xe::EventRow& row, QObject* tool, QEvent* event);
+    static bool leaveUntold(const xe::DispatchFrame& frame, bool screened, bool acceptedBefore);
     int callEntry(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     int handleUnusual(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
     bool offerCursorToAncestors(const xe::DispatchFrame& frame, WPARAM wParam, LPARAM lParam, LRESULT& result);

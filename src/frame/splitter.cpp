@@ -142,7 +142,7 @@ bool CSplitterWndEx_X::keepsDivider(const QSplitterHandle& divider, QMouseEvent&
                            move.button(), move.buttons(), move.modifiers(), move.source());
     const xe::DispatchFrame frame(*this, splitter, &inSplitter);
     xe::PointerPosition pointer;
-    xe::MessageParameters message = xe::translateMouse(*splitter, inSplitter, pointer);
+    xe::MessageParameters message = xe::translateMouseMove(*splitter, inSplitter, pointer);
     bool keeps = xe::looksAtMessages(*this) && xe::screenMessage(*this, *splitter, message, pointer);
     if (!keeps && frame.isAlive() && frame.hasTarget()) {
         LRESULT result = 0;

@@ -36,18 +36,22 @@ UINT byButton(Qt::MouseButton button, UINT left, UINT right, UINT middle)
     }
 }
 
-UINT mouseMessage(const QMouseEvent& event)
+UINT buttonMessage(const QMouseEvent& event)
 {
     switch (event.type()) {
     case QEvent::MouseButtonPress:
         return byButton(event.button(), WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_MBUTTONDOWN);
     case QEvent::MouseButtonRelease:
         return byButton(event.button(), WM_LBUTTONUP, WM_RBUTTONUP, WM_MBUTTONUP);
-    case QEvent::MouseButtonDblClick:
-        return byButton(event.button(), WM_LBUTTONDBLCLK, WM_RBUTTONDBLCLK, WM_MBUTTONDBLCLK);
     default:
-        return WM_MOUSEMOVE;
+        return byButton(event.button(), WM_LBUTTONDBLCLK, WM_RBUTTONDBLCLK, WM_MBUTTONDBLCLK);
     }
+}
+
+MessageParameters mouseParameters(UINT message, const QMouseEvent& event)
+{
+    const int flags = qt_kb_flag_2_flag(event.modifiers()) | qt_mouse_flag_2_flag(event.buttons());
+    return {message, static_cast<WPARAM>(flags), packed(event.localPos())};
 }
 
 } // namespace
@@ -57,11 +61,15 @@ MessageParameters translateTimer(const QObject&, const QEvent& event, PointerPos
     return {WM_TIMER, static_cast<WPARAM>(static_cast<const QTimerEvent&>(event).timerId())};
 }
 
-MessageParameters translateMouse(const QObject&, const QEvent& event, PointerPosition&)
+MessageParameters translateMouseMove(const QObject&, const QEvent& event, PointerPosition&)
+{
+    return mouseParameters(WM_MOUSEMOVE, static_cast<const QMouseEvent&>(event));
+}
+
+MessageParameters translateMouseButton(const QObject&, const QEvent& event, PointerPosition&)
 {
     const auto& mouse = static_cast<const QMouseEvent&>(event);
-    const int flags = qt_kb_flag_2_flag(mouse.modifiers()) | qt_mouse_flag_2_flag(mouse.buttons());
-    return {mouseMessage(mouse), static_cast<WPARAM>(flags), packed(mouse.localPos())};
+    return mouseParameters(buttonMessage(mouse), mouse);
 }
 
 MessageParameters translateKey(const QObject&, const QEvent& event, PointerPosition&)

@@ -7,7 +7,7 @@
 #include <QPoint>
 
 #include <array>
-#include <cstdint>
+#include <cstddef>
 #include <iterator>
 #include <optional>
 
@@ -46,7 +46,8 @@ MessageParameters translatePlain(const QObject&, const QEvent&, PointerPosition&
     return {message};
 }
 MessageParameters translateTimer(const QObject& target, const QEvent& event, PointerPosition& pointer);
-MessageParameters translateMouse(const QObject& target, const QEvent& event, PointerPosition& pointer);
+MessageParameters translateMouseMove(const QObject& target, const QEvent& event, PointerPosition& pointer);
+MessageParameters translateMouseButton(const QObject& target, const QEvent& event, PointerPosition& pointer);
 MessageParameters translateKey(const QObject& target, const QEvent& event, PointerPosition& pointer);
 MessageParameters translateResize(const QObject& target, const QEvent& event, PointerPosition& pointer);
 MessageParameters translateActivation(const QObject& target, const QEvent& event, PointerPosition& pointer);
@@ -73,10 +74,10 @@ struct EventRow
 
 inline constexpr EventRow eventRows[] = {
     {QEvent::Timer, true, translateTimer},
-    {QEvent::MouseButtonPress, true, translateMouse, askForCursor},
-    {QEvent::MouseButtonRelease, true, translateMouse, askForCursor},
-    {QEvent::MouseButtonDblClick, true, translateMouse, askForCursor},
-    {QEvent::MouseMove, true, translateMouse, askForCursor},
+    {QEvent::MouseButtonPress, true, translateMouseButton, askForCursor},
+    {QEvent::MouseButtonRelease, true, translateMouseButton, askForCursor},
+    {QEvent::MouseButtonDblClick, true, translateMouseButton, askForCursor},
+    {QEvent::MouseMove, true, translateMouseMove, askForCursor},
     {QEvent::KeyPress, true, translateKey, postCharacters},
     {QEvent::KeyRelease, true, translateKey},
     {QEvent::Leave, false, translatePlain<WM_MOUSELEAVE>},
@@ -97,17 +98,17 @@ inline constexpr EventRow eventRows[] = {
 namespace detail {
 
 constexpr int qtTypeCount = 256;
-using RowNumbers = std::array<std::uint8_t, qtTypeCount>;
+using RowsByType = std::array<const EventRow*, qtTypeCount>;
 
-constexpr RowNumbers rowNumbersByType()
+constexpr RowsByType rowsByType()
 {
-    RowNumbers numbers{}; // from 1
-    for (std::uint8_t i = 0; i + 1u < std::size(eventRows); ++i)
-        numbers[eventRows[i].type] = i + 1;
-    return numbers;
+    RowsByType rows{};
+    for (std::size_t i = 0; i + 1 < std::size(eventRows); ++i)
+        rows[static_cast<std::size_t>(eventRows[i].type)] = &eventRows[i];
+    return rows;
 }
 
-inline constexpr RowNumbers rowNumbers = rowNumbersByType();
+inline constexpr RowsByType rows = rowsByType();
 
 } // namespace detail
 
@@ -115,7 +116,7 @@ inline constexpr RowNumbers rowNumbers = rowNumbersByType();
 constexpr const EventRow* eventRow(int type)
 {
     if (type >= 0 && type < detail::qtTypeCount)
-        return detail::rowNumbers[type] ? &eventRows[detail::rowNumbers[type] - 1] : nullptr;
+        return detail::rows[static_cast<std::size_t>(type)];
     return type == XeWinMsgEvent::EventType ? &eventRows[std::size(eventRows) - 1] : nullptr;
 }
 

@@ -11,7 +11,8 @@
 
 #include <algorithm>
 
-CWnd_X::MappedMessage* CWnd_X::MessageMap::lineOf(UINT message)
+// Not inlined into find(), which needs it for few messages.
+Q_NEVER_INLINE CWnd_X::MappedMessage* CWnd_X::MessageMap::lineOf(UINT message)
 {
     std::size_t i = message & m_mask;
     while (m_lines[i].call && m_lines[i].message != message)
@@ -23,7 +24,9 @@ inline const CWnd_X::MappedMessage* CWnd_X::MessageMap::find(UINT message)
 {
     if (m_lines.empty())
         return nullptr;
-    const MappedMessage* const line = lineOf(message);
+    const MappedMessage* line = &m_lines[message & m_mask];
+    if (Q_UNLIKELY(line->message != message))
+        line = lineOf(message);
     return line->call ? line : nullptr;
 }
 
@@ -73,10 +76,11 @@ int CWnd_X::PreTranslateMessage(tagMSG*) { return 0; }
 
 bool CWnd_X::eventFilter(QObject* target, QEvent* event)
 {
-    const xe::EventRow* const row = target && event ? xe::eventRow(event->type()) : nullptr;
-    if (row && target == GetImpQObject() && !m_viewport)
-        return filterMessage(*row, target, event);
-    return event && filterUnusual(row, target, event);
+    if (!target || !event)
+        return event && filterUnusual(nullptr, target, event);
+    const xe::EventRow* const row = xe::eventRow(event->type());
+    return row && target == GetImpQObject() && !m_viewport ? filterMessage(*row, target, event)
+                                                           : filterUnusual(row, target, event);
 }
 
 bool CWnd_X::filterUnusual(const xe::EventRow* row, QObject* target, QEvent* event)
@@ -138,31 +142,37 @@ bool CWnd_X::filterMessage(const xe::EventRow& row, QObject* target, QEvent* eve
     xe::MessageParameters message = row.translate(*target, *event, pointer);
     const bool acceptedBefore = event->isAccepted();
     event->setAccepted(true);
+    if (Q_UNLIKELY(xe::looksAtMessages(*this))) {
+        const bool screened = xe::screenMessage(*this, *target, message, pointer);
+        if (screened || !frame.isAlive() || !frame.hasTarget())
+            return leaveUntold(frame, screened, acceptedBefore);
+    }
+    // A window that holds the mouse is asked for no cursor: the moves of a drag come one after the other.
+    if (row.followUp && (row.followUp != xe::askForCursor || !QWidget::mouseGrabber()))
+        row.followUp(*target, *event, message.message);
     LRESULT result = 0;
-    bool screened = false;
-    bool isForUs = true;
-    if (xe::looksAtMessages(*this)) {
-        screened = xe::screenMessage(*this, *target, message, pointer);
-        isForUs = !screened && frame.isAlive() && frame.hasTarget();
-    }
-    bool handled = screened;
-    if (isForUs) {
-        if (row.followUp)
-            row.followUp(*target, *event, message.message);
-        handled = OnWndMsg(message.message, message.wParam, message.lParam, &result);
-    }
+    const bool handled = OnWndMsg(message.message, message.wParam, message.lParam, &result);
 
-    if (!frame.hasTarget()) {
+    if (Q_UNLIKELY(!frame.hasTarget())) {
         event->setAccepted(true); // Qt must go on neither with a widget that is gone nor from it to its parents
     } else if (!handled) {
         event->setAccepted(acceptedBefore);
         return false;
-    } else if (!screened && !event->isAccepted()) {
+    } else if (!event->isAccepted()) {
         return event->type() == QEvent::Close; // stopped with the flag clear: the close is refused
     }
     if (event->type() == XeWinMsgEvent::EventType)
         static_cast<XeWinMsgEvent*>(event)->result = result;
     return true;
+}
+
+// The end of an event whose handler is not called: PreTranslateMessage() has stopped it, or wrapper or widget are gone.
+bool CWnd_X::leaveUntold(const xe::DispatchFrame& frame, bool screened, bool acceptedBefore)
+{
+    QEvent& event = *frame.event();
+    const bool hasTarget = frame.hasTarget();
+    event.setAccepted(!hasTarget || (screened ? event.isAccepted() : acceptedBefore));
+    return screened || !hasTarget;
 }
 
 inline int CWnd_X::callEntry(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)

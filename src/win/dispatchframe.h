@@ -5,6 +5,8 @@
 #include <QEvent>
 #include <QPointer>
 
+#include <memory>
+
 namespace xe {
 
 /// An event or message in progress on a wrapper. It lives on the stack; frames of one wrapper nest.
@@ -19,10 +21,9 @@ public:
         : m_window(&window),
           m_event(event),
           m_outer(window.m_dispatch),
-          m_target(target),
-          m_ownsEvent(true)
+          m_target(target)
     {
-        if (window.m_attached != target)
+        if (Q_UNLIKELY(window.m_attached != target))
             guard(target);
         window.m_dispatch = this;
     }
@@ -32,10 +33,10 @@ public:
 
     ~DispatchFrame()
     {
-        if (!m_window)
+        if (Q_UNLIKELY(!m_window))
             return;
         m_window->m_dispatch = m_outer;
-        if (m_ownsEvent && !m_window->m_pendingEvents.isEmpty())
+        if (Q_UNLIKELY(!m_window->m_pendingEvents.isEmpty()))
             m_window->forgetPending(m_event);
     }
 
@@ -45,7 +46,7 @@ public:
     QEvent* event() const { return m_event; }
 
     /// Whether the object that the event came to is still there, the wrapper's or not.
-    bool hasTarget() const { return m_isGuarded ? m_guard : m_window->m_attached == m_target; }
+    bool hasTarget() const { return Q_UNLIKELY(m_guard) ? !m_guard->isNull() : m_window->m_attached == m_target; }
 
     /// Whether the wrapper is being told of an event of a type.
     static bool isHandling(const CWnd_X& window, QEvent::Type type)
@@ -57,38 +58,21 @@ public:
     }
 
     /// The wrapper is going: no frame from `innermost` outward may touch it any more.
-    static void abandon(DispatchFrame* innermost)
-    {
-        keepTargets(innermost);
-        for (DispatchFrame* frame = innermost; frame; frame = frame->m_outer)
-            frame->m_window = nullptr;
-    }
+    static void abandon(DispatchFrame* innermost);
 
     /// The wrapper is about to forget the widget that it was attached to. A frame looks after its target by a pointer
     /// of its own from then on; before, the wrapper's serves all, since making one for each event takes longer than the
     /// rest.
-    static void keepTargets(DispatchFrame* innermost)
-    {
-        for (DispatchFrame* frame = innermost; frame; frame = frame->m_outer) {
-            if (!frame->m_isGuarded)
-                frame->guard(frame->m_window->m_attached);
-        }
-    }
+    static void keepTargets(DispatchFrame* innermost);
 
 private:
-    void guard(QObject* target)
-    {
-        m_guard = target;
-        m_isGuarded = true;
-    }
+    void guard(QObject* target);
 
     CWnd_X* m_window;
     QEvent* m_event = nullptr;
     DispatchFrame* m_outer = nullptr;
     QObject* m_target = nullptr;
-    QPointer<QObject> m_guard; // the target, once the wrapper's own pointer is not to be relied on
-    bool m_isGuarded = false;
-    bool m_ownsEvent = false;
+    std::unique_ptr<QPointer<QObject>> m_guard; // the target, once the wrapper's own pointer is not to be relied on
 };
 
 } // namespace xe
