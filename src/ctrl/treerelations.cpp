@@ -9,7 +9,8 @@
 
 namespace {
 
-// Counts the items that have a rectangle in the view. Asking the view for each one would take time by all of them.
+// Counts the items that have a rectangle in the view, along the rows that it has laid out. Asking it for the rectangle
+// of each item would take time by all of them.
 class VisibleItems
 {
 public:
@@ -21,21 +22,11 @@ public:
           m_isIndented(isTreeColumn(tree, m_column))
     {}
 
-    UINT below(const QTreeWidgetItem& parent, const QModelIndex& parentIndex, int level = 0) const
+    UINT count() const
     {
         UINT count = 0;
-        for (int row = 0; row < parent.childCount(); ++row) {
-            if (m_tree.isRowHidden(row, parentIndex))
-                continue;
-            const QTreeWidgetItem& item = *parent.child(row);
-            if (hasWidth(row, parentIndex, level))
-                ++count;
-            if (item.childCount() > 0) {
-                const QModelIndex index = m_tree.model()->index(row, 0, parentIndex);
-                if (m_tree.isExpanded(index))
-                    count += below(item, index, level + 1);
-            }
-        }
+        for (QModelIndex index = first(); index.isValid(); index = m_tree.indexBelow(index))
+            count += !m_hasOneColumn || hasWidth(index);
         return count;
     }
 
@@ -53,14 +44,32 @@ private:
         return position >= 0 ? position == column : tree.header()->visualIndex(column) == 0;
     }
 
-    bool hasWidth(int row, const QModelIndex& parent, int level) const
+    QModelIndex first() const
     {
-        if (!m_hasOneColumn)
-            return true;
-        const bool isSpanned = m_column == 0 && m_tree.isFirstColumnSpanned(row, parent);
+        const QModelIndex root = m_tree.rootIndex();
+        int row = 0;
+        while (row < m_tree.model()->rowCount(root) && m_tree.isRowHidden(row, root))
+            ++row;
+        return m_tree.model()->index(row, 0, root);
+    }
+
+    bool hasWidth(const QModelIndex& index) const
+    {
+        const bool isSpanned = m_column == 0 && m_tree.isFirstColumnSpanned(index.row(), index.parent());
         const int width = isSpanned ? m_tree.header()->length() : m_width;
-        const int steps = m_tree.rootIsDecorated() ? level + 1 : level;
-        return width != (m_isIndented ? steps * m_tree.indentation() : 0); // a negative one is a width to Qt
+        const int step = m_isIndented ? m_tree.indentation() : 0;
+        if (step == 0 || width % step != 0)
+            return width != 0;
+        return width != step * (levelOf(index) + (m_tree.rootIsDecorated() ? 1 : 0)); // a negative one is a width to Qt
+    }
+
+    int levelOf(const QModelIndex& index) const
+    {
+        int level = 0;
+        for (QModelIndex parent = index.parent(); parent != m_tree.rootIndex() && parent.isValid();
+             parent = parent.parent())
+            ++level;
+        return level;
     }
 
     const QTreeWidget& m_tree;
@@ -151,10 +160,7 @@ UINT CTreeCtrl_X::GetVisibleCount() const
     if (!tree)
         return 0;
     tree->visualItemRect(tree->topLevelItem(0)); // lays out what has not been yet
-    const QModelIndex root = tree->rootIndex();
-    const QTreeWidgetItem* const level =
-        root.isValid() ? xe::TreeAccess::itemAt(*tree, root) : tree->invisibleRootItem();
-    return VisibleItems(*tree).below(*level, root);
+    return VisibleItems(*tree).count();
 }
 
 UINT CTreeCtrl_X::GetCount() const
