@@ -669,11 +669,11 @@ private:
     QMenuBar* menuBar(); // makes a control's
     QWidget* clientArea() const;
 
-    bool filterMessage(const xe::EventRow& row, QObject* target, QEvent* event);
-    bool filterUnusual(const xe::EventRow* row, QObject* target, QEvent* event);
+    bool filterMessage(QObject* target, QEvent* event, const xe::EventRow& row);
+    bool filterUnusual(QObject* target, QEvent* event, const xe::EventRow* row);
     bool filterWithoutMessage(QObject* target, QEvent* event);
-    bool filterViewport(const xe::EventRow& row, QEvent* event);
-    bool filterTool(const xe::EventRow& row, QObject* tool, QEvent* event);
+    bool filterViewport(QEvent* event, const xe::EventRow& row);
+    bool filterTool(QObject* tool, QEvent* event, const xe::EventRow& row);
     static bool leaveUntold(const xe::DispatchFrame& frame, bool screened, bool acceptedBefore);
     int callEntry(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     int handleUnusual(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);

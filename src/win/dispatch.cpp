@@ -77,37 +77,37 @@ int CWnd_X::PreTranslateMessage(tagMSG*) { return 0; }
 bool CWnd_X::eventFilter(QObject* target, QEvent* event)
 {
     if (!target || !event)
-        return event && filterUnusual(nullptr, target, event);
+        return event && filterUnusual(target, event, nullptr);
     const xe::EventRow* const row = xe::eventRow(event->type());
-    return row && target == GetImpQObject() && !m_viewport ? filterMessage(*row, target, event)
-                                                           : filterUnusual(row, target, event);
+    return row && target == GetImpQObject() && !m_viewport ? filterMessage(target, event, *row)
+                                                           : filterUnusual(target, event, row);
 }
 
-bool CWnd_X::filterUnusual(const xe::EventRow* row, QObject* target, QEvent* event)
+bool CWnd_X::filterUnusual(QObject* target, QEvent* event, const xe::EventRow* row)
 {
     QObject* const window = GetImpQObject();
     if (target && window && target != window) {
         const bool isViewport = m_viewport && target == m_viewport->widget();
-        return row && (isViewport ? filterViewport(*row, event) : filterTool(*row, target, event));
+        return row && (isViewport ? filterViewport(event, *row) : filterTool(target, event, *row));
     }
     if (row && m_viewport && m_viewport->hasTold(*event))
         return false;
-    return row ? filterMessage(*row, target, event) : filterWithoutMessage(target, event);
+    return row ? filterMessage(target, event, *row) : filterWithoutMessage(target, event);
 }
 
-bool CWnd_X::filterViewport(const xe::EventRow& row, QEvent* event)
+bool CWnd_X::filterViewport(QEvent* event, const xe::EventRow& row)
 {
     if (!m_viewport->tells(*event))
         return false;
     const bool acceptedBefore = event->isAccepted();
-    if (filterMessage(row, GetImpQObject(), event))
+    if (filterMessage(GetImpQObject(), event, row))
         return true;
     event->setAccepted(acceptedBefore); // else what the area takes would go on to its parents
     return false;
 }
 
 // What another object gets is for PreTranslateMessage() alone, which relays it to the tool tips.
-bool CWnd_X::filterTool(const xe::EventRow& row, QObject* tool, QEvent* event)
+bool CWnd_X::filterTool(QObject* tool, QEvent* event, const xe::EventRow& row)
 {
     QObject* const window = xe::Viewport::windowOf(*tool);
     if (!xe::looksAtMessages(*this) || (window != tool && !xe::Viewport::isOfWindow(*event)))
@@ -135,7 +135,7 @@ bool CWnd_X::filterWithoutMessage(QObject* target, QEvent* event)
     return QObject::eventFilter(target, event);
 }
 
-bool CWnd_X::filterMessage(const xe::EventRow& row, QObject* target, QEvent* event)
+bool CWnd_X::filterMessage(QObject* target, QEvent* event, const xe::EventRow& row)
 {
     const xe::DispatchFrame frame(*this, target, event);
     xe::PointerPosition pointer;
