@@ -38,6 +38,30 @@ public:
     int maps = 0;
 };
 
+// A base that attaches in its constructor, where an override of a class behind it is not yet the window's.
+class EarlyWindow : public CWnd_X
+{
+public:
+    explicit EarlyWindow(QWidget& widget)
+    {
+        SubclassWindow(&widget);
+        SendMessage_X(&widget, WM_USER, 1, 0);
+    }
+};
+
+class LateScreen : public EarlyWindow
+{
+public:
+    using EarlyWindow::EarlyWindow;
+    int PreTranslateMessage(tagMSG* message) override
+    {
+        seen += message->wParam;
+        return 0;
+    }
+
+    QVector<WPARAM> seen;
+};
+
 } // namespace
 
 Q_DECLARE_METATYPE(Setup)
@@ -67,6 +91,7 @@ private slots:
     void laterEntryReplacesSignatureToo();
     void mapIsFilledAtEachAttachment();
     void nullAndForeignEvents();
+    void screensFromTheEndOfItsConstructorOn();
 
     void handlerReplacesItsOwnEntry();
 };
@@ -336,6 +361,14 @@ void tst_Dispatch::nullAndForeignEvents()
     QVERIFY(!window.eventFilter(nullptr, event.get()));
     QVERIFY(!event->isAccepted());
     QCOMPARE(window.trace.text(), QString());
+}
+
+void tst_Dispatch::screensFromTheEndOfItsConstructorOn()
+{
+    QWidget widget;
+    LateScreen window(widget);
+    SendMessage_X(&widget, WM_USER, 2, 0);
+    QCOMPARE(window.seen, QVector<WPARAM>{2});
 }
 
 void tst_Dispatch::handlerReplacesItsOwnEntry()
