@@ -5,9 +5,9 @@
 
 #include <QDateTime>
 #include <QFile>
-#include <QMutex>
 
 #include <cstdarg>
+#include <mutex>
 
 char lgout = 0;
 
@@ -22,8 +22,8 @@ CString_X formatted(const wchar_t* format, std::va_list arguments)
 
 void appendToLog(const QByteArray& line)
 {
-    static QMutex mutex;
-    const QMutexLocker locker(&mutex);
+    static std::mutex mutex;
+    const std::lock_guard<std::mutex> lock(mutex);
     QFile file(XeQString(GetMainDirectory()) + QStringLiteral("/Common/IKev.log"));
     // One write a line: with Append, other processes' lines come before or behind it.
     if (file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))

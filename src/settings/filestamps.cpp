@@ -2,9 +2,9 @@
 
 #include <QFile>
 #include <QHash>
-#include <QMutex>
 
 #include <cerrno>
+#include <mutex>
 
 #include <fcntl.h>
 
@@ -20,7 +20,7 @@ struct States
     FileStamp written{};
 };
 
-QBasicMutex mutex; // ready before any static object is made
+std::mutex mutex; // ready before any static object is made
 
 QHash<QString, States>& states()
 {
@@ -57,13 +57,13 @@ FileStamp stampOf(int handle)
 
 void rememberRead(const QString& fileName, const FileStamp& stamp)
 {
-    const QMutexLocker lock(&mutex);
+    const std::lock_guard<std::mutex> lock(mutex);
     statesOf(fileName).read = stamp;
 }
 
 void rememberWritten(const QString& fileName, const FileStamp& stamp)
 {
-    const QMutexLocker lock(&mutex);
+    const std::lock_guard<std::mutex> lock(mutex);
     statesOf(fileName).written = stamp;
 }
 
@@ -74,7 +74,7 @@ bool isRemembered(const QString& fileName)
         return errno == ENOENT || errno == ENOTDIR;
     if (!S_ISREG(stamp.st_mode) || stamp.st_size == 0)
         return true;
-    const QMutexLocker lock(&mutex);
+    const std::lock_guard<std::mutex> lock(mutex);
     const States remembered = states().value(fileName);
     return isSame(stamp, remembered.read) || isSame(stamp, remembered.written);
 }
