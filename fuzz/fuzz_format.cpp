@@ -16,11 +16,12 @@
 namespace {
 
 // Texts of both kinds and an int at once: each byte and each element up to the last is a letter or a terminator. The
-// low half of its address is a small number, since a `*` takes it for a width.
+// low half of its address is a small number, since a `*` takes it for a width; the high half is of a range that the
+// sanitizers leave to programs.
 void* argumentForAll()
 {
     constexpr std::uintptr_t lowPart = 0x40;
-    for (std::uintptr_t page = 0x200000000000; page < 0x300000000000; page += 0x100000000) {
+    for (std::uintptr_t page = 0x7e9000000000; page < 0x7f0000000000; page += 0x100000000) {
         void* const block = mmap(reinterpret_cast<void*>(page), 4096, PROT_READ | PROT_WRITE,
                                  MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED_NOREPLACE, -1, 0);
         if (block != MAP_FAILED) {

@@ -277,8 +277,8 @@ void tst_ArrayRoom::aStepThatWraps()
 void tst_ArrayRoom::noMemory_data()
 {
     arrayClassRows();
-#if defined(__SANITIZE_ADDRESS__)
-    QSKIP("the address sanitizer ends a program that asks for so much");
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    QSKIP("the sanitizers end a program that asks for so much");
 #endif
 }
 

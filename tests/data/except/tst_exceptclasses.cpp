@@ -2,7 +2,7 @@
 
 #include <xeexcept.h>
 
-#include <QThread>
+#include <thread>
 
 // The exceptions as objects: their run-time classes, what catches them, copies, and who deletes them.
 
@@ -367,15 +367,13 @@ void tst_ExceptClasses::aCopyBelongsToItsMaker()
 void tst_ExceptClasses::carriedOverAThread()
 {
     std::unique_ptr<QException> kept;
-    const std::unique_ptr<QThread> worker(QThread::create([&kept] {
+    std::thread([&kept] {
         try {
             throw CFileException_X(CFileException_X::diskFull, 112, L"parts");
         } catch (const QException& exception) {
             kept.reset(exception.clone());
         }
-    }));
-    worker->start();
-    QVERIFY(worker->wait());
+    }).join();
     QVERIFY(kept);
     try {
         kept->raise();

@@ -3,7 +3,7 @@
 
 #include <leavenothing.h>
 
-#include <QThread>
+#include <thread>
 
 // The events that a window is sent or posted: whose they are, in which order they come, and which come once.
 
@@ -258,10 +258,9 @@ void tst_PostedEvents::eventsFromAnotherThread()
     ListeningWidget widget;
     ScriptWindow window(&widget);
     bool posted = false;
-    const std::unique_ptr<QThread> thread(QThread::create(
-        [&] { posted = window.PostEvent(new CountedEvent, 0, false) && window.PostMessage(WM_USER, 0, 0) == 1; }));
-    thread->start();
-    QVERIFY(thread->wait());
+    std::thread([&] {
+        posted = window.PostEvent(new CountedEvent, 0, false) && window.PostMessage(WM_USER, 0, 0) == 1;
+    }).join();
     QVERIFY(posted);
     QTRY_COMPARE(widget.count(countedType), 1);
     QTRY_COMPARE(window.trace.text(), QStringLiteral("WM_USER+0(0x0, 0x0)"));
