@@ -674,7 +674,6 @@ private:
     bool filterWithoutMessage(QObject* target, QEvent* event);
     bool filterViewport(QEvent* event, const xe::EventRow& row);
     bool filterTool(QObject* tool, QEvent* event, const xe::EventRow& row);
-    static bool leaveUntold(const xe::DispatchFrame& frame, bool screened, bool acceptedBefore);
     int callEntry(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     int handleUnusual(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
     bool offerCursorToAncestors(const xe::DispatchFrame& frame, WPARAM wParam, LPARAM lParam, LRESULT& result);

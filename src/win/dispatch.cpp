@@ -11,6 +11,19 @@
 
 #include <algorithm>
 
+namespace {
+
+// The end of an event whose handler is not called: PreTranslateMessage() has stopped it, or wrapper or widget are gone.
+bool leaveUntold(const xe::DispatchFrame& frame, bool screened, bool acceptedBefore)
+{
+    QEvent& event = *frame.event();
+    const bool hasTarget = frame.hasTarget();
+    event.setAccepted(!hasTarget || (screened ? event.isAccepted() : acceptedBefore));
+    return screened || !hasTarget;
+}
+
+} // namespace
+
 // Not inlined into find(), which needs it for few messages.
 Q_NEVER_INLINE CWnd_X::MappedMessage* CWnd_X::MessageMap::lineOf(UINT message)
 {
@@ -164,15 +177,6 @@ bool CWnd_X::filterMessage(QObject* target, QEvent* event, const xe::EventRow& r
     if (event->type() == XeWinMsgEvent::EventType)
         static_cast<XeWinMsgEvent*>(event)->result = result;
     return true;
-}
-
-// The end of an event whose handler is not called: PreTranslateMessage() has stopped it, or wrapper or widget are gone.
-bool CWnd_X::leaveUntold(const xe::DispatchFrame& frame, bool screened, bool acceptedBefore)
-{
-    QEvent& event = *frame.event();
-    const bool hasTarget = frame.hasTarget();
-    event.setAccepted(!hasTarget || (screened ? event.isAccepted() : acceptedBefore));
-    return screened || !hasTarget;
 }
 
 inline int CWnd_X::callEntry(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
