@@ -11,7 +11,7 @@ constexpr int asFarAsItGoes = 32767;
 
 } // namespace
 
-bool CDialogBar_X::AttachDefault(QWidget* parent) { return Attach(new QDockWidget(parent), parent, false); }
+bool CDialogBar_X::AttachDefault(QWidget* parent) { return Attach(new xe::DockWidget(parent), parent, false); }
 
 int CDialogBar_X::Create(QWidget* parent, const wchar_t*, unsigned int style, unsigned int)
 {

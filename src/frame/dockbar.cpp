@@ -39,7 +39,7 @@ int enter(CPtrArray_X& bars, int index, CControlBar_X* bar, bool inRowOfItsOwn)
 
 CDockBar_X::CDockBar_X(int floating) : m_bFloating(floating) {}
 
-bool CDockBar_X::AttachDefault(QWidget* parent) { return Attach(new QDockWidget(parent), parent, false); }
+bool CDockBar_X::AttachDefault(QWidget* parent) { return Attach(new xe::DockWidget(parent), parent, false); }
 
 int CDockBar_X::Create(QWidget* parent, unsigned int style, unsigned int)
 {

@@ -2,6 +2,9 @@
 
 #include "xeafxbar.h"
 
+#include <QLayout>
+#include <QMainWindow>
+
 namespace {
 
 // The side that the style names last counts.
@@ -15,6 +18,12 @@ QPoint placeInParent(const QWidget& bar, const QWidget& parent, DWORD style)
 }
 
 } // namespace
+
+xe::DockWidget::~DockWidget()
+{
+    if (const auto* const window = qobject_cast<QMainWindow*>(parentWidget()))
+        window->layout()->removeWidget(this);
+}
 
 void xe::placeByStyle(QDockWidget* dockWidget, DWORD style, bool floating)
 {

@@ -9,6 +9,7 @@
 
 #include <QMainWindow>
 #include <QPushButton>
+#include <QTextEdit>
 #include <QVBoxLayout>
 
 namespace {
@@ -38,6 +39,15 @@ protected:
     }
 };
 
+// The layout of a main window does not tell how many.
+int itemsOf(const QMainWindow& window)
+{
+    int count = 0;
+    while (window.layout()->itemAt(count))
+        ++count;
+    return count;
+}
+
 } // namespace
 
 class tst_DialogBar : public QObject
@@ -61,6 +71,7 @@ private Q_SLOTS:
     void fixedLayout();
     void occInfo();
     void formInAMainWindow();
+    void destroyedWhileItsSeparatorIsDragged();
     void refused();
     void deletedWhileItIsShown();
 };
@@ -215,6 +226,42 @@ void tst_DialogBar::formInAMainWindow()
     connect(button, &QPushButton::clicked, button, [&] { clicked = true; });
     QTest::mouseClick(button, Qt::LeftButton);
     QVERIFY(clicked);
+}
+
+// Qt goes back to the layout of the press at each move, and takes no bar out of that which is no dock widget any more.
+void tst_DialogBar::destroyedWhileItsSeparatorIsDragged()
+{
+    QTest::ignoreMessage(QtWarningMsg, "This plugin does not support propagateSizeHints()");
+    QMainWindow window;
+    window.resize(400, 300);
+    window.setCentralWidget(new QWidget);
+    CDialogBar_X bar;
+    QCOMPARE(bar.Create(&window, 1u, WS_CHILD | WS_VISIBLE | CBRS_BOTTOM, 7), 1);
+    bar.Imp<QDockWidget>()->setWidget(new QTextEdit);
+    window.addDockWidget(Qt::BottomDockWidgetArea, bar.Imp<QDockWidget>());
+    window.show();
+    QTRY_COMPARE(bar.GetSafeHwnd()->geometry().bottom(), window.rect().bottom());
+    QCOMPARE(itemsOf(window), 2);
+
+    const QPoint separator(200, (window.centralWidget()->geometry().bottom() + bar.GetSafeHwnd()->y()) / 2);
+    const auto dragTo = [&](int y) {
+        QMouseEvent move(QEvent::MouseMove, QPoint(200, y), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &move);
+    };
+    const int height = window.centralWidget()->height();
+    QTest::mousePress(&window, Qt::LeftButton, {}, separator);
+    dragTo(separator.y() - 20);
+    QTRY_COMPARE(window.centralWidget()->height(), height - 20);
+
+    QTest::ignoreMessage(QtWarningMsg, "This plugin does not support propagateSizeHints()");
+    bar.DestroyWindow();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!bar.GetSafeHwnd());
+    QCOMPARE(itemsOf(window), 1);
+    dragTo(separator.y() - 40);
+    QTRY_COMPARE(window.centralWidget()->height(), window.height());
+    QCOMPARE(itemsOf(window), 1);
+    QTest::mouseRelease(&window, Qt::LeftButton, {}, separator);
 }
 
 void tst_DialogBar::refused()
