@@ -58,6 +58,7 @@ private:
     void clickOn(const QWidget& widget)
     {
         m_input.movePointer(centreOf(widget));
+        QTRY_VERIFY(widget.underMouse()); // else the window manager may lose one of two clicks
         m_input.clickButton(1);
     }
     static QColor colorAt(const QWidget& widget, QPoint place)
@@ -226,8 +227,7 @@ void tst_BarsOnScreen::dockBarFloatsAsAWindow()
     QVERIFY(widget->isFloating() && widget->isWindow());
     QVERIFY(QTest::qWaitForWindowExposed(widget));
     QVERIFY(widget->winId() != m_frame->winId());
-    const QPoint origin = m_input.windowOrigin(widget->winId());
-    QCOMPARE(origin, widget->geometry().topLeft());
+    QTRY_COMPARE(m_input.windowOrigin(widget->winId()), widget->geometry().topLeft()); // the window manager moves it
     bar.DestroyWindow();
     deleteLaterObjects();
     QVERIFY(m_frame->isVisible());
